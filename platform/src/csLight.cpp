@@ -1,0 +1,3 @@
+#include "csLight.h"
+
+CS_DEFINE_CLASS_TYPE(csLight, csNode)

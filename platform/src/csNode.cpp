@@ -1,0 +1,3 @@
+#include "csNode.h"
+
+CS_DEFINE_CLASS_TYPE(csNode, csContainer)

@@ -1,0 +1,3 @@
+#include "loader/zn.h"
+
+int debuglevel = 0;

@@ -1,0 +1,32 @@
+// Every text that the load entry and the console functions print.
+#ifndef LOADER_MESSAGES_H
+#define LOADER_MESSAGES_H
+
+inline constexpr const char* kMessageFormat = "\nMessage:  %s\n";
+inline constexpr const char* kAlertFormat = "\nAlert:  %s\n";
+inline constexpr const char* kConfirmFormat = "\nConfirm:  %s\n";
+inline constexpr const char* kConfirmChoices = "1)Yes    2)No\n";
+inline constexpr const char* kConfirmAsk = "? ";
+inline constexpr const char* kPromptFormat = "\nPrompt:  %s\n";
+inline constexpr const char* kPromptQuestion = "Do you wish to provide a different name?\n";
+inline constexpr const char* kPromptChoices = "1)Yes  2)No\n: ";
+inline constexpr const char* kPromptNewName = "New Name: ";
+
+inline constexpr const char* kUncaughtException = "Exception not caught.  Application exiting.\n";
+
+// The VRML 1.0 refusal: the file name, then where to find translators.
+inline constexpr const char* kVrml1Header = "#VRML V1.0 ascii";
+inline constexpr const char* kVrml1Refusal =
+    "%s is a VRML 1.0 file.  Please look at "
+    "the section \"VRML 1.0 files\" of the loader's README"
+    " for VRML 1.0 to VRML 2.0 translators.\n\n\n";
+
+inline constexpr const char* kBannerFormat =
+    "wrlLoader %s: VRML 97 loader for the cs scene-graph toolkit (built %s)\n";
+
+// Names longer than the loader's fixed buffers are refused, not cut.
+inline constexpr const char* kNameTooLong = "File name too long (at most %d bytes): %.80s...";
+inline constexpr const char* kSearchPathTooLong =
+    "OPTPATH longer than %d bytes: only its elements within that length are searched";
+
+#endif

@@ -1,0 +1,29 @@
+// The load entry: wrlLoad and the one-shot driver behind it.
+#ifndef WRL_LOADER_H
+#define WRL_LOADER_H
+
+#include "wrlLoader.h"
+
+class csEnvironment;
+class ZN;
+
+// The root of the scene being built; the back-end adds top-level nodes to it.
+extern csEnvironment* topSceneNode;
+// The system object of the latest load.
+extern ZN* _ZNmain;
+
+class wrlLoader {
+public:
+    wrlLoader() = default;
+    // The scene of `filename`, or null when the file is missing or VRML 1.0.
+    csNode* actualLoad(char* filename);
+};
+
+void printHeader();
+
+// Looks for `name` along the colon-separated `path`. Answers a process-wide
+// buffer that the next call overwrites, or null. The colons of `path` are
+// overwritten with terminators on the way.
+char* getFullPath(char* name, char* path);
+
+#endif

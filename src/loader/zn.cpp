@@ -1,0 +1,25 @@
+#include "loader/zn.h"
+
+#include <cstdlib>
+#include <exception>
+#include <new>
+
+#include "browser/zn_browser_intern.h"
+#include "loader/loader_messages.h"
+#include "loader/zn_interfaces.h"
+#include "scripts/zn_scriptinterfaces.h"
+
+ZN::ZN(int m) {
+    std::set_terminate(znTerminate);
+    mode = m;
+    // Each member is made before the next, because the browser's parts may
+    // already look at the system object. A failed allocation leaves a null.
+    browser = new (std::nothrow) znBrowserIntern(this);
+    appInterfaces = new (std::nothrow) znAppInterfaces();
+    scriptInterfaces = new (std::nothrow) znScriptInterfaces(this);
+}
+
+void znTerminate() {
+    znAlert(kUncaughtException);
+    std::exit(-1);
+}

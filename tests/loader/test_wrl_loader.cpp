@@ -1,0 +1,191 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "csEnvironment.h"
+#include "loader/wrl_loader.h"
+#include "loader/zn.h"
+#include "test_support.h"
+
+using testing::HasSubstr;
+using testing::internal::CaptureStderr;
+using testing::internal::CaptureStdout;
+using testing::internal::GetCapturedStderr;
+using testing::internal::GetCapturedStdout;
+
+namespace {
+
+const char* kVrml97 = "#VRML V2.0 utf8\n";
+const char* kVrml10 = "#VRML V1.0 ascii\nSeparator { }\n";
+
+// Loads `name` as wrlLoad does and answers what it printed on each stream.
+struct LoadResult {
+    csNode* scene;
+    std::string out, err;
+};
+
+LoadResult load(const std::string& name) {
+    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+    std::vector<char> writable(name.begin(), name.end());
+    writable.push_back('\0');
+    CaptureStdout();
+    CaptureStderr();
+    csNode* scene = wrlLoad(writable.data());
+    LoadResult r{scene, GetCapturedStdout(), GetCapturedStderr()};
+    return r;
+}
+
+// Runs the body in another working directory and comes back.
+class InDirectory {
+public:
+    explicit InDirectory(const std::string& dir) {
+        char buf[4096];
+        old_ = getcwd(buf, sizeof buf) ? buf : "/";
+        EXPECT_EQ(chdir(dir.c_str()), 0);
+    }
+    ~InDirectory() { (void)!chdir(old_.c_str()); }
+
+private:
+    std::string old_;
+};
+
+}  // namespace
+
+TEST(WrlLoad, ReturnsAnEnvironmentForAVrml97File) {
+    wrltest::TempDir dir;
+    LoadResult r = load(dir.write("scene.wrl", kVrml97));
+    ASSERT_NE(r.scene, nullptr);
+    EXPECT_TRUE(r.scene->isOfType(csEnvironment::getClassType()));
+    EXPECT_EQ(r.scene, static_cast<csNode*>(topSceneNode));
+    EXPECT_THAT(r.out, HasSubstr("VRML 97 loader"));
+}
+
+TEST(WrlLoad, RefusesVrml10WithTheNameUnderTest) {
+    wrltest::TempDir dir;
+    std::string path = dir.write("old.wrl", kVrml10);
+    LoadResult r = load(path);
+    EXPECT_EQ(r.scene, nullptr);
+    EXPECT_THAT(r.err, HasSubstr(path + " is a VRML 1.0 file.  Please look at "));
+    EXPECT_THAT(r.err, HasSubstr(" for VRML 1.0 to VRML 2.0 translators.\n\n\n"));
+}
+
+TEST(WrlLoad, MissingFileGivesNullAndNoMessage) {
+    wrltest::ScopedEnv noPath("OPTPATH", nullptr);
+    LoadResult r = load("/nonexistent/dir/none.wrl");
+    EXPECT_EQ(r.scene, nullptr);
+    EXPECT_EQ(r.err, "");
+}
+
+TEST(WrlLoad, FileFoundOnlyThroughOptpathPassesTheHeaderTest) {
+    wrltest::TempDir elsewhere, models;
+    std::string found = models.write("old.wrl", kVrml10);
+    models.write("new.wrl", kVrml97);
+    std::string optpath = "/nonexistent:" + models.path();
+    wrltest::ScopedEnv path("OPTPATH", optpath.c_str());
+    InDirectory cwd(elsewhere.path());
+
+    LoadResult old = load("old.wrl");
+    EXPECT_EQ(old.scene, nullptr);
+    EXPECT_THAT(old.err, HasSubstr(found + " is a VRML 1.0 file."));
+
+    EXPECT_NE(load("new.wrl").scene, nullptr);
+}
+
+TEST(WrlLoad, EmptyFileGoesOnToTheLoad) {
+    wrltest::TempDir dir;
+    EXPECT_NE(load(dir.write("empty.wrl", "")).scene, nullptr);
+}
+
+TEST(WrlLoad, WebNamesSkipTheLocalTest) {
+    LoadResult r = load("./http://127.0.0.1:9/none.wrl");
+    EXPECT_NE(r.scene, nullptr);
+}
+
+TEST(WrlLoad, SecondLoadMakesAnIndependentWorld) {
+    wrltest::TempDir dir;
+    std::string path = dir.write("scene.wrl", kVrml97);
+    LoadResult first = load(path);
+    ZN* firstSystem = _ZNmain;
+    LoadResult second = load(path);
+    ASSERT_NE(first.scene, nullptr);
+    ASSERT_NE(second.scene, nullptr);
+    EXPECT_NE(first.scene, second.scene);
+    EXPECT_NE(firstSystem, _ZNmain);
+    EXPECT_EQ(second.scene, static_cast<csNode*>(topSceneNode));
+    // The earlier system object and its browser stay alive.
+    EXPECT_NE(firstSystem->browser, nullptr);
+}
+
+TEST(WrlLoad, OverlongNamesAreRefusedWithoutOverflow) {
+    std::string name(1000, 'a');
+    LoadResult r = load(name);
+    EXPECT_EQ(r.scene, nullptr);
+    EXPECT_THAT(r.err, HasSubstr("File name too long"));
+}
+
+TEST(WrlLoad, NullNameGivesNull) { EXPECT_EQ(wrlLoad(nullptr), nullptr); }
+
+TEST(WrlLoadDeathTest, UncaughtExceptionEndsInTheAlertAndStatus255) {
+    wrltest::TempDir dir;
+    std::string path = dir.write("scene.wrl", kVrml97);
+    EXPECT_EXIT(
+        {
+            wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+            std::vector<char> name(path.begin(), path.end());
+            name.push_back('\0');
+            wrlLoad(name.data());
+            // What the runtime does with an exception that nobody catches.
+            std::terminate();
+        },
+        testing::ExitedWithCode(255), "\nAlert:  Exception not caught.  Application exiting.\n");
+}
+
+TEST(getFullPath, TriesEachElementThenTheLast) {
+    wrltest::TempDir a, b;
+    std::string inB = b.write("f.wrl", kVrml97);
+    std::string path = "/nonexistent:" + a.path() + ":" + b.path();
+    std::vector<char> buf(path.begin(), path.end());
+    buf.push_back('\0');
+    char name[] = "f.wrl";
+    char* found = getFullPath(name, buf.data());
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(std::string(found), inB);
+    // The caller's string is cut at its colons.
+    EXPECT_STREQ(buf.data(), "/nonexistent");
+}
+
+TEST(getFullPath, TrailingColonMeansTheRootDirectory) {
+    wrltest::TempDir a;
+    std::string absolute = a.write("g.wrl", kVrml97);
+    // "a:" then the empty element: "/" + name, and name here is the path
+    // without its leading slash.
+    std::string relative = absolute.substr(1);
+    std::vector<char> name(relative.begin(), relative.end());
+    name.push_back('\0');
+    char path[] = "/nonexistent:";
+    char* found = getFullPath(name.data(), path);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(std::string(found), absolute);
+}
+
+TEST(getFullPath, NullPathAndNoMatchGiveNull) {
+    char name[] = "none.wrl";
+    EXPECT_EQ(getFullPath(name, nullptr), nullptr);
+    char path[] = "/nonexistent:/also/nonexistent";
+    EXPECT_EQ(getFullPath(name, path), nullptr);
+    char empty[] = "";
+    EXPECT_EQ(getFullPath(name, empty), nullptr);
+}
+
+TEST(getFullPath, OverlongCandidatesAreSkipped) {
+    std::string longDir(600, 'd');
+    std::vector<char> path(longDir.begin(), longDir.end());
+    path.push_back('\0');
+    char name[] = "x.wrl";
+    EXPECT_EQ(getFullPath(name, path.data()), nullptr);
+}

@@ -1,0 +1,82 @@
+#include "test_support.h"
+
+#include <fcntl.h>
+#include <stdio_ext.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace wrltest {
+
+TempDir::TempDir() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "wrltest.XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
+    path_ = pattern;
+}
+
+TempDir::~TempDir() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::string TempDir::write(const std::string& name, const std::string& contents) const {
+    std::string full = path_ + "/" + name;
+    std::filesystem::create_directories(std::filesystem::path(full).parent_path());
+    std::ofstream out(full, std::ios::binary);
+    out << contents;
+    return full;
+}
+
+ScopedEnv::ScopedEnv(const char* name, const char* value) : name_(name) {
+    const char* old = std::getenv(name);
+    hadOld_ = old != nullptr;
+    if (hadOld_) old_ = old;
+    if (value)
+        setenv(name, value, 1);
+    else
+        unsetenv(name);
+}
+
+ScopedEnv::~ScopedEnv() {
+    if (hadOld_)
+        setenv(name_.c_str(), old_.c_str(), 1);
+    else
+        unsetenv(name_.c_str());
+}
+
+ScopedStdin::ScopedStdin(const std::string& text) {
+    __fpurge(stdin);
+    saved_ = dup(STDIN_FILENO);
+    int fds[2];
+    if (pipe(fds) != 0) throw std::runtime_error("pipe failed");
+    // Small answers fit the pipe's buffer, so writing before reading is safe.
+    if (!text.empty() && write(fds[1], text.data(), text.size()) < 0) throw std::runtime_error("write failed");
+    close(fds[1]);
+    dup2(fds[0], STDIN_FILENO);
+    close(fds[0]);
+    clearerr(stdin);
+}
+
+ScopedStdin::~ScopedStdin() {
+    // Input that the stream read ahead belongs to this object's text.
+    __fpurge(stdin);
+    dup2(saved_, STDIN_FILENO);
+    close(saved_);
+    clearerr(stdin);
+}
+
+std::string readFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+std::string nodeSupportFile() { return std::string(WRL_SOURCE_DIR) + "/data/znbuiltins.wrl"; }
+
+}  // namespace wrltest

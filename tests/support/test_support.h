@@ -1,0 +1,60 @@
+// Shared helpers of the test programs.
+#ifndef WRL_TEST_SUPPORT_H
+#define WRL_TEST_SUPPORT_H
+
+#include <string>
+
+namespace wrltest {
+
+// A fresh directory under the system's temporary directory, removed with
+// everything in it when the object goes.
+class TempDir {
+public:
+    TempDir();
+    ~TempDir();
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+
+    const std::string& path() const { return path_; }
+    // Writes `contents` to `name` inside the directory and answers its path.
+    std::string write(const std::string& name, const std::string& contents) const;
+
+private:
+    std::string path_;
+};
+
+// Sets an environment variable for the life of the object, then restores it.
+class ScopedEnv {
+public:
+    ScopedEnv(const char* name, const char* value);  // null value unsets
+    ~ScopedEnv();
+    ScopedEnv(const ScopedEnv&) = delete;
+    ScopedEnv& operator=(const ScopedEnv&) = delete;
+
+private:
+    std::string name_;
+    std::string old_;
+    bool hadOld_;
+};
+
+// Standard input reads `text` for the life of the object (empty text: at end
+// of input at once).
+class ScopedStdin {
+public:
+    explicit ScopedStdin(const std::string& text);
+    ~ScopedStdin();
+    ScopedStdin(const ScopedStdin&) = delete;
+    ScopedStdin& operator=(const ScopedStdin&) = delete;
+
+private:
+    int saved_;
+};
+
+std::string readFile(const std::string& path);
+
+// The Node Support file shipped in data/.
+std::string nodeSupportFile();
+
+}  // namespace wrltest
+
+#endif

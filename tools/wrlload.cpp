@@ -1,0 +1,95 @@
+// wrlload FILE: loads a VRML 97 file through wrlLoad and prints the scene
+// graph that came back.
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "scene_printer.h"
+#include "wrlLoader.h"
+
+namespace {
+
+constexpr const char* kNodeSupportFile = "znbuiltins.wrl";
+
+bool isReadable(const std::string& path) { return access(path.c_str(), R_OK) == 0; }
+
+std::string executableDir() {
+    std::vector<char> buffer(4096);
+    ssize_t n = readlink("/proc/self/exe", buffer.data(), buffer.size() - 1);
+    if (n <= 0) return std::string();
+    std::string path(buffer.data(), static_cast<size_t>(n));
+    size_t slash = path.rfind('/');
+    return slash == std::string::npos ? std::string() : path.substr(0, slash);
+}
+
+// A user needs no set-up: without ZNBUILTINS the tool names the Node Support
+// file of its own install, or of the source tree it was built from.
+void defaultNodeSupportFile() {
+    if (std::getenv("ZNBUILTINS") != nullptr) return;
+    std::vector<std::string> candidates;
+    std::string exeDir = executableDir();
+    if (!exeDir.empty()) candidates.push_back(exeDir + "/../share/wrlLoader/" + kNodeSupportFile);
+    candidates.push_back(std::string(WRL_INSTALLED_DATA_DIR) + "/" + kNodeSupportFile);
+    candidates.push_back(std::string(WRL_SOURCE_DATA_DIR) + "/" + kNodeSupportFile);
+    for (const std::string& path : candidates) {
+        if (isReadable(path)) {
+            setenv("ZNBUILTINS", path.c_str(), 1);
+            return;
+        }
+    }
+}
+
+// The loader writes its banner to standard output. While it runs, standard
+// output goes to standard error, so that what this tool prints on standard
+// output is the scene alone and can be read by programs.
+class StdoutToStderr {
+public:
+    StdoutToStderr() {
+        std::fflush(stdout);
+        saved_ = dup(STDOUT_FILENO);
+        if (saved_ >= 0) dup2(STDERR_FILENO, STDOUT_FILENO);
+    }
+    ~StdoutToStderr() {
+        std::fflush(stdout);
+        if (saved_ >= 0) {
+            dup2(saved_, STDOUT_FILENO);
+            close(saved_);
+        }
+    }
+    StdoutToStderr(const StdoutToStderr&) = delete;
+    StdoutToStderr& operator=(const StdoutToStderr&) = delete;
+
+private:
+    int saved_ = -1;
+};
+
+int usage() {
+    std::cerr << "usage: wrlload FILE\n";
+    return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) return usage();
+    std::string name = argv[1];
+    defaultNodeSupportFile();
+
+    csNode* scene = nullptr;
+    {
+        StdoutToStderr quiet;
+        std::vector<char> writable(name.begin(), name.end());
+        writable.push_back('\0');
+        scene = wrlLoad(writable.data());
+    }
+    if (scene == nullptr) {
+        std::cerr << "wrlload: " << name << ": not loaded\n";
+        return 1;
+    }
+    printSceneTree(std::cout, scene);
+    return 0;
+}
