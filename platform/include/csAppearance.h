@@ -15,7 +15,7 @@ class csTexture;
 class csAppearance : public csContainer {
     CS_DECLARE_CLASS_TYPE;
 
-    csAppearance() = default;
+    csAppearance();
 
     // Both ref the new object before they unref the old; null clears.
     void setMaterial(csMaterial* material);

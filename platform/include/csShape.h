@@ -14,7 +14,7 @@ class csShape : public csNode {
     // Field numbers of a shape.
     enum { GEOMETRY = 3 };
 
-    csShape() = default;
+    csShape();
 
     // Refs the geometry; a null geometry is refused.
     void addGeometry(csGeometry* geometry);

@@ -9,3 +9,4 @@ void csAppearance::setMaterial(csMaterial* material) { _material.reset(material)
 
 void csAppearance::setTexture(csTexture* texture) { _texture.reset(texture); }
 csAppearance::~csAppearance() = default;
+csAppearance::csAppearance() = default;

@@ -22,3 +22,4 @@ csField* csShape::getField(short number) {
     return csNode::getField(number);
 }
 csShape::~csShape() = default;
+csShape::csShape() = default;
