@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "csMatrix4f.h"
 #include "math/math_messages.h"
 
 const float ml_idmat[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
@@ -177,34 +178,11 @@ void ml_matScale(float m[4][4], const float s[3]) {
 }
 
 int ml_matInvert(float r[4][4], const float m[4][4]) {
-    // Gauss-Jordan with partial pivoting, in double precision.
-    double a[4][8];
-    for (int i = 0; i < 4; ++i)
-        for (int j = 0; j < 4; ++j) {
-            a[i][j] = m[i][j];
-            a[i][j + 4] = i == j ? 1.0 : 0.0;
-        }
-    for (int col = 0; col < 4; ++col) {
-        int pivot = col;
-        for (int i = col + 1; i < 4; ++i)
-            if (std::fabs(a[i][col]) > std::fabs(a[pivot][col])) pivot = i;
-        if (std::fabs(a[pivot][col]) < 1e-12) return 0;
-        if (pivot != col)
-            for (int j = 0; j < 8; ++j) {
-                double t = a[pivot][j];
-                a[pivot][j] = a[col][j];
-                a[col][j] = t;
-            }
-        double d = a[col][col];
-        for (int j = 0; j < 8; ++j) a[col][j] /= d;
-        for (int i = 0; i < 4; ++i) {
-            if (i == col) continue;
-            double f = a[i][col];
-            for (int j = 0; j < 8; ++j) a[i][j] -= f * a[col][j];
-        }
-    }
-    for (int i = 0; i < 4; ++i)
-        for (int j = 0; j < 4; ++j) r[i][j] = static_cast<float>(a[i][j + 4]);
+    // One general inverse for the toolkit and these functions.
+    csMatrix4f source, inverse;
+    std::memcpy(source.mat, m, sizeof source.mat);
+    if (!inverse.invert(source)) return 0;
+    std::memcpy(r, inverse.mat, sizeof inverse.mat);
     return 1;
 }
 
