@@ -1,35 +1,369 @@
 #include "scene_printer.h"
 
+#include <cmath>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "csAppearance.h"
+#include "csCollision.h"
+#include "csDirectionalLight.h"
 #include "csEnvironment.h"
 #include "csGroup.h"
+#include "csImage.h"
+#include "csIndexedFaceSet.h"
+#include "csLineStripSet.h"
+#include "csMaterial.h"
+#include "csScreenAlignedText.h"
+#include "csShape.h"
+#include "csSwitch.h"
+#include "csTexture.h"
+#include "csTransform.h"
+#include "opCone.h"
+#include "opCuboid.h"
+#include "opCylinder.h"
+#include "opSphere.h"
 
 namespace {
 
-void printObjectLine(std::ostream& out, const csObject* object, int depth) {
-    for (int i = 0; i < depth; ++i) out << "  ";
-    if (object == nullptr) {
-        out << "NULL\n";
-        return;
+// One printed value: numbers, a truth value or a text.
+struct Value {
+    enum Kind { Numbers, Bool, Text } kind = Numbers;
+    std::vector<double> numbers;
+    bool truth = false;
+    std::string text;
+};
+
+// An object as both printers see it: what to print, in order.
+struct Item {
+    std::string className;
+    const char* name = nullptr;
+    std::vector<std::pair<std::string, Value>> values;
+    // Held objects: a key, whether it is a list, and the objects.
+    struct Section {
+        std::string key;
+        bool list;
+        std::vector<Item> items;
+    };
+    std::vector<Section> sections;
+
+    void add(const char* key, std::vector<double> numbers) {
+        Value v;
+        v.numbers = std::move(numbers);
+        values.emplace_back(key, std::move(v));
     }
-    out << object->getType()->getName();
-    if (object->getName() != nullptr) out << " \"" << object->getName() << '"';
+    void add(const char* key, double number) { add(key, std::vector<double>{number}); }
+    void add(const char* key, const csVec3f& v) { add(key, std::vector<double>{v[0], v[1], v[2]}); }
+    void add(const char* key, const csVec4f& v) { add(key, std::vector<double>{v[0], v[1], v[2], v[3]}); }
+    void flag(const char* key, bool on) {
+        Value v;
+        v.kind = Value::Bool;
+        v.truth = on;
+        values.emplace_back(key, std::move(v));
+    }
+    void text(const char* key, const std::string& s) {
+        Value v;
+        v.kind = Value::Text;
+        v.text = s;
+        values.emplace_back(key, std::move(v));
+    }
+    void hold(const char* key, Item item) { sections.push_back({key, false, {std::move(item)}}); }
+};
+
+template <class T>
+const T* as(const csObject* o) {
+    return o->isOfType(T::getClassType()) ? static_cast<const T*>(o) : nullptr;
+}
+
+int countOf(const csContainer* set) {
+    if (set == nullptr) return 0;
+    csField* f = const_cast<csContainer*>(set)->getField(1);
+    return f ? f->getCount() : 0;
+}
+
+Item describe(csObject* object);
+
+void describeGeometry(Item& item, const csGeometry* g) {
+    if (const auto* set = as<csGeoSet>(g)) {
+        item.add("primitives", set->getPrimCount());
+        item.add("vertices", countOf(set->getCoordSet()));
+        item.add("indices", countOf(set->getCoordIndexSet()));
+        item.add("normals", countOf(set->getNormalSet()));
+        item.add("colors", countOf(set->getColorSet()));
+        item.add("texCoords", countOf(set->getTexCoordSet()));
+        item.add("normalBind", set->getNormalBind());
+        item.add("colorBind", set->getColorBind());
+        item.add("texCoordBind", set->getTexCoordBind());
+    }
+    if (const auto* faces = as<csIndexedFaceSet>(g)) {
+        item.flag("solid", faces->getSolid());
+        item.flag("convex", faces->getConvex());
+    }
+    if (const auto* lines = as<csLineStripSet>(g)) item.add("width", lines->getWidth());
+    if (const auto* text = as<csScreenAlignedText>(g)) {
+        item.text("text", text->getText().getString());
+        item.add("face", text->getFace());
+        item.add("size", text->getSize());
+        item.add("color", text->getColor());
+    }
+    csBoxBound bound;
+    g->getBoxBound(&bound);
+    if (!bound.isEmpty()) {
+        item.add("boundMin", bound.min);
+        item.add("boundMax", bound.max);
+    }
+}
+
+void describePrimitive(Item& item, const csObject* o) {
+    if (const auto* s = as<opSphere>(o)) item.add("radius", s->getRadius());
+    if (const auto* c = as<opCone>(o)) {
+        item.add("bottomRadius", c->getBottomRadius());
+        item.add("height", c->getHeight());
+        item.flag("side", c->getSide());
+        item.flag("bottom", c->getBottom());
+    }
+    if (const auto* c = as<opCylinder>(o)) {
+        item.add("radius", c->getRadius());
+        item.add("height", c->getHeight());
+        item.flag("side", c->getSide());
+        item.flag("top", c->getTop());
+        item.flag("bottom", c->getBottom());
+    }
+    if (const auto* c = as<opCuboid>(o)) item.add("size", c->getSize());
+}
+
+Item describe(csObject* object) {
+    Item item;
+    item.className = object->getType()->getName();
+    item.name = object->getName();
+    if (const auto* t = as<csTransform>(object)) {
+        item.add("translation", t->getTranslation());
+        item.add("rotation", t->getRotation());
+        item.add("scale", t->getScale());
+        item.add("scaleOrientation", t->getScaleOrientation());
+        item.add("center", t->getCenter());
+    }
+    if (const auto* s = as<csSwitch>(object)) item.add("whichChild", s->getWhichChild());
+    if (const auto* c = as<csCollision>(object)) item.flag("collide", c->getCollide());
+    if (const auto* l = as<csLight>(object)) {
+        item.flag("on", l->getOn());
+        item.add("intensity", l->getIntensity());
+        item.add("color", l->getColor());
+    }
+    if (const auto* d = as<csDirectionalLight>(object)) item.add("direction", d->getDirection());
+    if (const auto* m = as<csMaterial>(object)) {
+        item.add("ambientColor", m->getAmbientColor());
+        item.add("diffuseColor", m->getDiffuseColor());
+        item.add("specularColor", m->getSpecularColor());
+        item.add("emissiveColor", m->getEmissiveColor());
+        item.add("shininess", m->getShininess());
+        item.add("transparency", m->getTransparency());
+    }
+    if (const auto* a = as<csAppearance>(object)) {
+        item.flag("lightEnable", a->getLightEnable());
+        item.flag("materialModeEnable", a->getMaterialModeEnable());
+        item.flag("transpEnable", a->getTranspEnable());
+        item.add("transpMode", a->getTranspMode());
+        item.flag("texEnable", a->getTexEnable());
+        item.add("texEnv", a->getTexEnv());
+        item.add("texMode", a->getTexMode());
+        if (a->getMaterial()) item.hold("material", describe(a->getMaterial()));
+        if (a->getTexture()) item.hold("texture", describe(a->getTexture()));
+    }
+    if (const auto* t = as<csTexture>(object)) {
+        if (*t->getFileName() != '\0') item.text("fileName", t->getFileName());
+        item.add("format", t->getFormat());
+        item.add("repeatS", t->getRepeatS());
+        item.add("repeatT", t->getRepeatT());
+        if (t->getImage()) item.hold("image", describe(t->getImage()));
+    }
+    if (const auto* i = as<csImage>(object)) {
+        item.add("width", i->getWidth());
+        item.add("height", i->getHeight());
+        item.add("components", i->getComponents());
+    }
+    if (const auto* g = as<csGeometry>(object)) describeGeometry(item, g);
+    describePrimitive(item, object);
+    if (auto* shape = const_cast<csShape*>(as<csShape>(object))) {
+        if (shape->getAppearance()) item.hold("appearance", describe(shape->getAppearance()));
+        shape->validateField(csShape::GEOMETRY);
+        Item::Section geometry{"geometry", true, {}};
+        for (int i = 0; i < shape->getGeometryCount(); ++i)
+            if (shape->getGeometry(i)) geometry.items.push_back(describe(shape->getGeometry(i)));
+        item.sections.push_back(std::move(geometry));
+    }
+    if (auto* env = const_cast<csEnvironment*>(as<csEnvironment>(object)))
+        item.add("lights", env->lights().getCount());
+    if (auto* group = const_cast<csGroup*>(as<csGroup>(object))) {
+        group->validateField(csGroup::CHILDREN);
+        Item::Section children{"children", true, {}};
+        for (int i = 0; i < group->getChildCount(); ++i) {
+            csNode* child = group->getChild(i);
+            if (child) children.items.push_back(describe(child));
+        }
+        item.sections.push_back(std::move(children));
+    }
+    return item;
+}
+
+std::string number(double v) {
+    char buf[40];
+    std::snprintf(buf, sizeof buf, "%g", v);
+    return buf;
+}
+
+// ---- Text
+
+void indent(std::ostream& out, int depth) {
+    for (int i = 0; i < depth; ++i) out << "  ";
+}
+
+void printObjectLine(std::ostream& out, const char* className, const char* name, int depth) {
+    indent(out, depth);
+    out << className;
+    if (name != nullptr) out << " \"" << name << '"';
     out << '\n';
 }
 
-void printNode(std::ostream& out, csNode* node, int depth) {
-    printObjectLine(out, node, depth);
-    if (node == nullptr || !node->isOfType(csGroup::getClassType())) return;
-    auto* group = static_cast<csGroup*>(node);
-    group->validateField(csGroup::CHILDREN);
-    for (int i = 0; i < group->getChildCount(); ++i) printNode(out, group->getChild(i), depth + 1);
+void printText(std::ostream& out, const Item& item, int depth) {
+    printObjectLine(out, item.className.c_str(), item.name, depth);
+    for (const auto& [key, value] : item.values) {
+        if (key == "lights" && depth == 0) continue;  // the root shows its list after the tree
+        indent(out, depth + 1);
+        out << key << ':';
+        if (value.kind == Value::Bool)
+            out << ' ' << (value.truth ? 1 : 0);
+        else if (value.kind == Value::Text)
+            out << " \"" << value.text << '"';
+        else
+            for (double n : value.numbers) out << ' ' << number(n);
+        out << '\n';
+    }
+    for (const auto& section : item.sections)
+        for (const Item& held : section.items) printText(out, held, depth + 1);
+}
+
+// ---- JSON
+
+void jsonString(std::ostream& out, const std::string& s) {
+    out << '"';
+    for (unsigned char c : s) {
+        if (c == '"' || c == '\\') {
+            out << '\\' << c;
+        } else if (c < 0x20) {
+            char buf[8];
+            std::snprintf(buf, sizeof buf, "\\u%04x", c);
+            out << buf;
+        } else {
+            out << c;
+        }
+    }
+    out << '"';
+}
+
+void jsonNumber(std::ostream& out, double v) {
+    if (std::isfinite(v))
+        out << number(v);
+    else
+        out << "null";
+}
+
+void printJson(std::ostream& out, const Item& item, const csMFRef* lights) {
+    out << "{\"class\": ";
+    jsonString(out, item.className);
+    out << ", \"name\": ";
+    if (item.name)
+        jsonString(out, item.name);
+    else
+        out << "null";
+    for (const auto& [key, value] : item.values) {
+        if (key == "lights" && lights) continue;
+        out << ", ";
+        jsonString(out, key);
+        out << ": ";
+        if (value.kind == Value::Bool) {
+            out << (value.truth ? "true" : "false");
+        } else if (value.kind == Value::Text) {
+            jsonString(out, value.text);
+        } else if (value.numbers.size() == 1) {
+            jsonNumber(out, value.numbers[0]);
+        } else {
+            out << '[';
+            for (size_t i = 0; i < value.numbers.size(); ++i) {
+                if (i) out << ", ";
+                jsonNumber(out, value.numbers[i]);
+            }
+            out << ']';
+        }
+    }
+    for (const auto& section : item.sections) {
+        out << ", ";
+        jsonString(out, section.key);
+        out << ": ";
+        if (!section.list) {
+            printJson(out, section.items.front(), nullptr);
+            continue;
+        }
+        out << '[';
+        for (size_t i = 0; i < section.items.size(); ++i) {
+            if (i) out << ", ";
+            printJson(out, section.items[i], nullptr);
+        }
+        out << ']';
+    }
+    if (lights) {
+        out << ", \"lights\": [";
+        for (int i = 0; i < lights->getCount(); ++i) {
+            if (i) out << ", ";
+            const csContainer* light = lights->get(i);
+            if (light == nullptr) {
+                out << "null";
+                continue;
+            }
+            out << "{\"class\": ";
+            jsonString(out, light->getType()->getName());
+            out << ", \"name\": ";
+            if (light->getName())
+                jsonString(out, light->getName());
+            else
+                out << "null";
+            out << '}';
+        }
+        out << ']';
+    }
+    out << '}';
+}
+
+const csMFRef* rootLights(csNode* root) {
+    if (root == nullptr || !root->isOfType(csEnvironment::getClassType())) return nullptr;
+    return &static_cast<csEnvironment*>(root)->lights();
 }
 
 }  // namespace
 
 void printSceneTree(std::ostream& out, csNode* root) {
-    printNode(out, root, 0);
-    if (root == nullptr || !root->isOfType(csEnvironment::getClassType())) return;
-    const csMFRef& lights = static_cast<csEnvironment*>(root)->lights();
-    out << "lights " << lights.getCount() << '\n';
-    for (int i = 0; i < lights.getCount(); ++i) printObjectLine(out, lights.get(i), 1);
+    if (root == nullptr) {
+        out << "NULL\n";
+        return;
+    }
+    printText(out, describe(root), 0);
+    const csMFRef* lights = rootLights(root);
+    if (lights == nullptr) return;
+    out << "lights " << lights->getCount() << '\n';
+    for (int i = 0; i < lights->getCount(); ++i) {
+        const csContainer* light = lights->get(i);
+        if (light)
+            printObjectLine(out, light->getType()->getName(), light->getName(), 1);
+        else
+            printObjectLine(out, "NULL", nullptr, 1);
+    }
+}
+
+void printSceneJson(std::ostream& out, csNode* root) {
+    if (root == nullptr) {
+        out << "null\n";
+        return;
+    }
+    printJson(out, describe(root), rootLights(root));
+    out << '\n';
 }

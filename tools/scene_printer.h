@@ -7,8 +7,16 @@
 class csNode;
 
 // One line per object, two spaces of indent per level: the class name, then
-// the object's name in quotes when it has one. A csEnvironment root is
-// followed by its light list.
+// the object's name in quotes when it has one. Under an object, one level
+// deeper, come first its values as "key: value" lines, then what it holds
+// (a shape's appearance and geometry, an appearance's material and texture,
+// a texture's image), then its children. A csEnvironment root is followed
+// by "lights N" and one indented line per light of its light list.
 void printSceneTree(std::ostream& out, csNode* root);
+
+// The same scene as one JSON document: every object is
+// {"class": ..., "name": ... or null, <values>, <held objects>,
+//  "children": [...]}, and the root also has "lights": [{"class", "name"}].
+void printSceneJson(std::ostream& out, csNode* root);
 
 #endif

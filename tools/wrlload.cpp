@@ -1,5 +1,5 @@
-// wrlload FILE: loads a VRML 97 file through wrlLoad and prints the scene
-// graph that came back.
+// wrlload [--json] FILE: loads a VRML 97 file through wrlLoad and prints the
+// scene graph that came back, as a tree or as one JSON document.
 #include <unistd.h>
 
 #include <cstdio>
@@ -68,15 +68,16 @@ private:
 };
 
 int usage() {
-    std::cerr << "usage: wrlload FILE\n";
+    std::cerr << "usage: wrlload [--json] FILE\n";
     return 2;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) return usage();
-    std::string name = argv[1];
+    bool json = argc == 3 && std::string(argv[1]) == "--json";
+    if (argc != 2 && !json) return usage();
+    std::string name = argv[argc - 1];
     defaultNodeSupportFile();
 
     csNode* scene = nullptr;
@@ -90,6 +91,9 @@ int main(int argc, char** argv) {
         std::cerr << "wrlload: " << name << ": not loaded\n";
         return 1;
     }
-    printSceneTree(std::cout, scene);
+    if (json)
+        printSceneJson(std::cout, scene);
+    else
+        printSceneTree(std::cout, scene);
     return 0;
 }

@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "csMessages.h"
+
 namespace {
 // Marks a live object; a stale pointer handed to ref/unref shows up as a
 // message instead of silent corruption.
@@ -39,7 +41,7 @@ csObject::~csObject() {
 
 void csObject::ref() {
     if (_alive != kAlivePattern) {
-        std::fprintf(stderr, "csObject::ref: object %p is not alive\n", static_cast<void*>(this));
+        std::fprintf(stderr, kCsRefDead, static_cast<void*>(this));
         return;
     }
     ++_refCount;
@@ -47,7 +49,7 @@ void csObject::ref() {
 
 void csObject::unref() {
     if (_alive != kAlivePattern) {
-        std::fprintf(stderr, "csObject::unref: object %p is not alive\n", static_cast<void*>(this));
+        std::fprintf(stderr, kCsUnrefDead, static_cast<void*>(this));
         return;
     }
     if (--_refCount <= 0) delete this;

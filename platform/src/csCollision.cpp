@@ -1,0 +1,3 @@
+#include "csCollision.h"
+
+CS_DEFINE_CLASS_TYPE(csCollision, csGroup)

@@ -1,0 +1,3 @@
+#include "csDirectionalLight.h"
+
+CS_DEFINE_CLASS_TYPE(csDirectionalLight, csLight)

@@ -1,0 +1,3 @@
+#include "csIndexedFaceSet.h"
+
+CS_DEFINE_CLASS_TYPE(csIndexedFaceSet, csGeoSet)

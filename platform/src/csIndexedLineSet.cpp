@@ -1,0 +1,3 @@
+#include "csIndexedLineSet.h"
+
+CS_DEFINE_CLASS_TYPE(csIndexedLineSet, csLineStripSet)

@@ -1,0 +1,3 @@
+#include "csLineStripSet.h"
+
+CS_DEFINE_CLASS_TYPE(csLineStripSet, csGeoSet)

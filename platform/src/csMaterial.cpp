@@ -1,0 +1,3 @@
+#include "csMaterial.h"
+
+CS_DEFINE_CLASS_TYPE(csMaterial, csContainer)

@@ -1,0 +1,3 @@
+#include "csPointSet.h"
+
+CS_DEFINE_CLASS_TYPE(csPointSet, csGeoSet)

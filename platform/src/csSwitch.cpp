@@ -1,0 +1,3 @@
+#include "csSwitch.h"
+
+CS_DEFINE_CLASS_TYPE(csSwitch, csGroup)

@@ -1,0 +1,3 @@
+#include "opCone.h"
+
+CS_DEFINE_CLASS_TYPE(opCone, opRep)

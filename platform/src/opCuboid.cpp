@@ -1,0 +1,3 @@
+#include "opCuboid.h"
+
+CS_DEFINE_CLASS_TYPE(opCuboid, opRep)

@@ -1,0 +1,3 @@
+#include "opCylinder.h"
+
+CS_DEFINE_CLASS_TYPE(opCylinder, opRep)

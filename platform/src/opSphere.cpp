@@ -1,0 +1,3 @@
+#include "opSphere.h"
+
+CS_DEFINE_CLASS_TYPE(opSphere, opRep)

@@ -1,0 +1,5 @@
+#include "optimizer/gfx.h"
+
+gfx::gfx(ZN* sys) : system(sys) {}
+
+gfx::~gfx() = default;

@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include "csAppearance.h"
+#include "csEnvironment.h"
+#include "csGroup.h"
+#include "csIndexedFaceSet.h"
+#include "csMaterial.h"
+#include "csShape.h"
+#include "csTexture.h"
+#include "csImage.h"
+
+namespace {
+
+// Counts destructions, so that a test sees an object end.
+int destroyed = 0;
+
+class CountedGroup : public csGroup {
+public:
+    CountedGroup() = default;
+
+protected:
+    ~CountedGroup() override { ++destroyed; }
+};
+
+}  // namespace
+
+TEST(csGroup, AddChildRefsAndRemoveChildUnrefs) {
+    csGroup* parent = new csGroup();
+    parent->ref();
+    csGroup* child = new csGroup();
+    child->ref();
+    parent->addChild(child);
+    EXPECT_EQ(child->getRefCount(), 2);
+    parent->addChild(child);  // the same child twice holds two references
+    EXPECT_EQ(child->getRefCount(), 3);
+    EXPECT_EQ(parent->getChildCount(), 2);
+    EXPECT_TRUE(parent->removeChild(child));
+    EXPECT_EQ(child->getRefCount(), 2);
+    EXPECT_TRUE(parent->removeChild(0));
+    EXPECT_EQ(child->getRefCount(), 1);
+    EXPECT_FALSE(parent->removeChild(child));
+    EXPECT_FALSE(parent->removeChild(5));
+    child->unref();
+    parent->unref();
+}
+
+TEST(csGroup, ChildDiesWithTheLastReference) {
+    destroyed = 0;
+    csGroup* parent = new csGroup();
+    parent->ref();
+    parent->addChild(new CountedGroup());
+    EXPECT_EQ(destroyed, 0);
+    parent->removeChild(0);
+    EXPECT_EQ(destroyed, 1);
+
+    parent->addChild(new CountedGroup());
+    parent->addChild(new CountedGroup());
+    parent->unref();  // the parent takes its children with it
+    EXPECT_EQ(destroyed, 3);
+}
+
+TEST(csGroup, ReplaceChildKeepsANewChildThatOnlyTheOldOneHeld) {
+    destroyed = 0;
+    csGroup* parent = new csGroup();
+    parent->ref();
+    auto* old = new CountedGroup();
+    parent->addChild(old);
+    auto* inner = new CountedGroup();
+    old->addChild(inner);  // inner's only owner is old
+    EXPECT_TRUE(parent->replaceChild(0, inner));
+    EXPECT_EQ(destroyed, 1);  // old went, inner lived through the swap
+    EXPECT_EQ(parent->getChild(0), inner);
+    EXPECT_EQ(inner->getRefCount(), 1);
+    EXPECT_FALSE(parent->replaceChild(3, inner));
+    parent->unref();
+    EXPECT_EQ(destroyed, 2);
+}
+
+TEST(csGroup, NullChildIsRefused) {
+    csGroup* parent = new csGroup();
+    parent->ref();
+    parent->addChild(nullptr);
+    EXPECT_EQ(parent->getChildCount(), 0);
+    parent->unref();
+}
+
+TEST(csEnvironment, LightListHoldsItsOwnReference) {
+    csEnvironment* env = new csEnvironment();
+    env->ref();
+    csGroup* light = new csGroup();
+    env->addChild(light);
+    env->lights().append(light);
+    EXPECT_EQ(light->getRefCount(), 2);
+    env->removeChild(0);
+    EXPECT_EQ(light->getRefCount(), 1);
+    env->unref();
+}
+
+TEST(csShape, GeometryAndAppearanceHoldReferences) {
+    csShape* shape = new csShape();
+    shape->ref();
+    auto* faces = new csIndexedFaceSet();
+    faces->ref();
+    auto* appearance = new csAppearance();
+    appearance->ref();
+    shape->addGeometry(faces);
+    shape->setAppearance(appearance);
+    EXPECT_EQ(faces->getRefCount(), 2);
+    EXPECT_EQ(appearance->getRefCount(), 2);
+    shape->validateField(csShape::GEOMETRY);
+    EXPECT_EQ(shape->getField(csShape::GEOMETRY)->getCount(), 1);
+    EXPECT_TRUE(shape->removeGeometry(0));
+    EXPECT_EQ(faces->getRefCount(), 1);
+    shape->setAppearance(nullptr);
+    EXPECT_EQ(appearance->getRefCount(), 1);
+    faces->unref();
+    appearance->unref();
+    shape->unref();
+}
+
+TEST(csAppearance, SettingTheSameMaterialAgainKeepsIt) {
+    auto* appearance = new csAppearance();
+    appearance->ref();
+    auto* material = new csMaterial();
+    appearance->setMaterial(material);
+    appearance->setMaterial(material);  // ref before unref: it must survive
+    EXPECT_EQ(appearance->getMaterial(), material);
+    EXPECT_EQ(material->getRefCount(), 1);
+    appearance->unref();
+}
+
+TEST(csGeoSet, DataSetsAreSharedByCount) {
+    auto* a = new csIndexedFaceSet();
+    auto* b = new csIndexedFaceSet();
+    a->ref();
+    b->ref();
+    auto* index = new csIndexSet(3);
+    a->setCoordIndexSet(index);
+    a->setNormalIndexSet(index);
+    b->setCoordIndexSet(index);
+    EXPECT_EQ(index->getRefCount(), 3);
+    a->unref();
+    EXPECT_EQ(index->getRefCount(), 1);
+    b->unref();
+}
+
+TEST(csTexture, ImageFieldHoldsTheImage) {
+    auto* texture = new csTexture();
+    texture->ref();
+    auto* image = new csImage();
+    auto* images = static_cast<csMFRef*>(texture->getField(csTexture::IMAGE));
+    images->set(0, image);
+    EXPECT_EQ(texture->getImage(), image);
+    EXPECT_EQ(image->getRefCount(), 1);
+    texture->unref();
+}
+
+TEST(csObject, IsOfTypeFollowsTheClassChain) {
+    csNode* node = new csEnvironment();
+    node->ref();
+    EXPECT_TRUE(node->isOfType(csGroup::getClassType()));
+    EXPECT_TRUE(node->isOfType(csNode::getClassType()));
+    EXPECT_FALSE(node->isOfType(csShape::getClassType()));
+    EXPECT_FALSE(node->isOfType(nullptr));
+    EXPECT_STREQ(node->getType()->getName(), "csEnvironment");
+    node->unref();
+}

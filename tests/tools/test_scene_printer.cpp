@@ -1,0 +1,147 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+#include "csAppearance.h"
+#include "csDirectionalLight.h"
+#include "csEnvironment.h"
+#include "csMaterial.h"
+#include "csTransform.h"
+#include "opSphere.h"
+#include "opTessParaSurfaceAction.h"
+#include "scene_printer.h"
+
+namespace {
+
+// A transform with a red, half clear sphere under it, and a top-level
+// light that is also in the light list.
+csEnvironment* makeScene() {
+    auto* root = new csEnvironment();
+    auto* t = new csTransform();
+    t->setName("Mover");
+    t->setTranslation(0, 1, 0);
+    root->addChild(t);
+    auto* sphere = new opSphere();
+    sphere->setName("Ball");
+    auto* appearance = new csAppearance();
+    auto* material = new csMaterial();
+    material->setDiffuseColor(1, 0, 0);
+    material->setTransparency(0.5f);
+    appearance->setMaterial(material);
+    appearance->setLightEnable(1);
+    sphere->setAppearance(appearance);
+    auto* tess = new opTessParaSurfaceAction();
+    tess->ref();
+    tess->setSampling(4);
+    tess->apply(sphere);
+    tess->unref();
+    t->addChild(sphere);
+    auto* light = new csDirectionalLight();
+    root->addChild(light);
+    root->lights().append(light);
+    root->ref();
+    return root;
+}
+
+const char* kTree =
+    "csEnvironment\n"
+    "  csTransform \"Mover\"\n"
+    "    translation: 0 1 0\n"
+    "    rotation: 0 0 1 0\n"
+    "    scale: 1 1 1\n"
+    "    scaleOrientation: 0 0 1 0\n"
+    "    center: 0 0 0\n"
+    "    opSphere \"Ball\"\n"
+    "      radius: 1\n"
+    "      csAppearance\n"
+    "        lightEnable: 1\n"
+    "        materialModeEnable: 0\n"
+    "        transpEnable: 0\n"
+    "        transpMode: 0\n"
+    "        texEnable: 0\n"
+    "        texEnv: 0\n"
+    "        texMode: 0\n"
+    "        csMaterial\n"
+    "          ambientColor: 0.2 0.2 0.2\n"
+    "          diffuseColor: 1 0 0\n"
+    "          specularColor: 0 0 0\n"
+    "          emissiveColor: 0 0 0\n"
+    "          shininess: 0.2\n"
+    "          transparency: 0.5\n"
+    "      csIndexedFaceSet\n"
+    "        primitives: 24\n"
+    "        vertices: 25\n"
+    "        indices: 72\n"
+    "        normals: 25\n"
+    "        colors: 0\n"
+    "        texCoords: 25\n"
+    "        normalBind: 3\n"
+    "        colorBind: 0\n"
+    "        texCoordBind: 1\n"
+    "        solid: 1\n"
+    "        convex: 1\n"
+    "        boundMin: -1 -1 -1\n"
+    "        boundMax: 1 1 1\n"
+    "  csDirectionalLight\n"
+    "    on: 1\n"
+    "    intensity: 1\n"
+    "    color: 1 1 1\n"
+    "    direction: 0 0 -1\n"
+    "lights 1\n"
+    "  csDirectionalLight\n";
+
+}  // namespace
+
+TEST(printSceneTree, ShowsValuesUnderEachObject) {
+    csEnvironment* root = makeScene();
+    std::ostringstream out;
+    printSceneTree(out, root);
+    EXPECT_EQ(out.str(), kTree);
+    root->unref();
+}
+
+TEST(printSceneTree, EmptyEnvironmentAndNullRoot) {
+    auto* root = new csEnvironment();
+    root->ref();
+    std::ostringstream out;
+    printSceneTree(out, root);
+    EXPECT_EQ(out.str(), "csEnvironment\nlights 0\n");
+    root->unref();
+    std::ostringstream none;
+    printSceneTree(none, nullptr);
+    EXPECT_EQ(none.str(), "NULL\n");
+}
+
+TEST(printSceneJson, OneDocumentWithAKeyPerValue) {
+    csEnvironment* root = makeScene();
+    std::ostringstream out;
+    printSceneJson(out, root);
+    std::string json = out.str();
+    EXPECT_EQ(json.rfind("{\"class\": \"csEnvironment\", \"name\": null, \"children\": [{\"class\": \"csTransform\", "
+                         "\"name\": \"Mover\", \"translation\": [0, 1, 0], ",
+                         0),
+              0u)
+        << json;
+    EXPECT_NE(json.find("\"appearance\": {\"class\": \"csAppearance\", \"name\": null, \"lightEnable\": true, "),
+              std::string::npos);
+    EXPECT_NE(json.find("\"transparency\": 0.5"), std::string::npos);
+    EXPECT_NE(json.find("\"geometry\": [{\"class\": \"csIndexedFaceSet\", \"name\": null, \"primitives\": 24, "),
+              std::string::npos);
+    EXPECT_NE(json.find("\"lights\": [{\"class\": \"csDirectionalLight\", \"name\": null}]}\n"), std::string::npos);
+    root->unref();
+}
+
+TEST(printSceneJson, NamesAreEscaped) {
+    auto* root = new csEnvironment();
+    root->ref();
+    auto* g = new csGroup();
+    g->setName("a\"b\\c\nd");
+    root->addChild(g);
+    std::ostringstream out;
+    printSceneJson(out, root);
+    EXPECT_EQ(out.str(),
+              "{\"class\": \"csEnvironment\", \"name\": null, \"children\": [{\"class\": \"csGroup\", \"name\": "
+              "\"a\\\"b\\\\c\\u000ad\", \"children\": []}], \"lights\": []}\n");
+    root->unref();
+}
