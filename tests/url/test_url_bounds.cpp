@@ -83,14 +83,6 @@ TEST(UrlBounds, WebRefusesAThousandCharacterUrlWithoutAConnection) {
     EXPECT_TRUE(server.requests().empty());
 }
 
-TEST(UrlBounds, WebRefusesALongLocalPath) {
-    zn_URL_web url;
-    const std::string name = "/" + std::string(999, 'l');
-    CaptureStderr();
-    EXPECT_EQ(url.getURL(name.c_str(), 0), nullptr);
-    EXPECT_EQ(GetCapturedStderr(), tooLongReport(kWebPathBufferSize, name));
-}
-
 TEST(UrlBounds, WebRefusesACacheNameThatOutgrowsTheBuffer) {
     TempDir tmp;
     const std::string deep = tmp.path() + "/" + std::string(480, 'd');

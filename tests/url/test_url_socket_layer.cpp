@@ -22,15 +22,6 @@ TEST(SocketLayer, BadPortSetsItsOwnErrorNumberAndText) {
     }
 }
 
-TEST(SocketLayer, NumericAddressNeedsNoLookup) {
-    const zn_URL_web::Address* address = zn_URL_web::make_inet_addr("127.0.0.1", "8080", "tcp");
-    ASSERT_NE(address, nullptr);
-    EXPECT_EQ(address->length, 16u);
-    EXPECT_EQ(address->address.inet.sin_family, AF_INET);
-    EXPECT_EQ(ntohs(address->address.inet.sin_port), 8080);
-    EXPECT_EQ(ntohl(address->address.inet.sin_addr.s_addr), 0x7f000001u);
-}
-
 TEST(SocketLayer, SystemErrorsKeepTheSystemText) {
     zn_URL_web::seterror(kErrorUnknownHost, kUnknownHostText);
     EXPECT_STREQ(zn_URL_web::sn_strerror(), kUnknownHostText);

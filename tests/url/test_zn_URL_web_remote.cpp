@@ -138,16 +138,6 @@ TEST_F(Remote, EmptyReplyIsReportedAsUnreachable) {
     EXPECT_THAT(GetCapturedStderr(), HasSubstr(alertLine(kHostUnreachable)));
 }
 
-TEST_F(Remote, SchemeInCapitalsIsRemoteButNotFetched) {
-    TestHttpServer server(kScene);
-    const std::string address = "HTTP://127.0.0.1:" + std::to_string(server.port()) + "/x.wrl";
-    CaptureStderr();
-    EXPECT_EQ(url.getURL(address.c_str(), 0), nullptr);
-    EXPECT_THAT(GetCapturedStderr(), HasSubstr(alertLine(kHostUnreachable)));
-    server.stop();
-    EXPECT_TRUE(server.requests().empty());
-}
-
 TEST_F(Remote, ShortLastComponentIsAnInvalidName) {
     TestHttpServer server(kScene);
     for (const std::string path : {"/a", "/dir/"}) {
