@@ -3,6 +3,7 @@
 #ifndef ZN_URL_PATHSTACK_H
 #define ZN_URL_PATHSTACK_H
 
+#include <cstdarg>
 #include <deque>
 #include <memory>
 #include <string>
@@ -44,5 +45,9 @@ const char* znStorePath(const std::string& path, char* buffer, std::size_t size)
 
 // The text after the last "/", or all of it.
 std::string znLastPathComponent(const std::string& path);
+
+// `format` filled from `args`, whatever its length.
+std::string znFormatText(const char* format, va_list args);
+std::string znFormatText(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
 #endif

@@ -17,15 +17,10 @@ int zn_URL_web::remoteRequests = 0;
 
 namespace {
 
-std::string format(const char* fmt, const char* text) {
-    const int n = std::snprintf(nullptr, 0, fmt, text);
-    std::string out(n > 0 ? static_cast<std::size_t>(n) : 0, '\0');
-    if (n > 0) std::snprintf(out.data(), out.size() + 1, fmt, text);
-    return out;
-}
-
+// The cache is no directory but a set of files in the temporary directory,
+// one per last path component: two urls that end alike share one file.
 std::string cacheName(const std::string& url) {
-    return znTmpPath() + "/.zncache" + znLastPathComponent(url);
+    return znFormatText(kCacheNameFormat, znTmpPath().c_str(), znLastPathComponent(url).c_str());
 }
 
 // Error pages and replies with a status line are told from files by words
@@ -115,9 +110,9 @@ int zn_URL_web::get_remote(const char* url) {
         znAlert(kRemoteNotFound);
         return -1;
     }
-    znMessage(format(kCreatingCacheFile, cache.c_str()).c_str());
+    znMessage(znFormatText(kCreatingCacheFile, cache.c_str()).c_str());
     if (!znReplaceFile(cache, data.data(), data.size(), 0666)) {
-        znAlert(format(kCacheNotWritten, cache.c_str()).c_str());
+        znAlert(znFormatText(kCacheNotWritten, cache.c_str()).c_str());
         return -1;
     }
     return 0;
@@ -133,7 +128,8 @@ const char* zn_URL_web::gunzip(const char* file) {
     if (got < 2 || magic[0] != 0x1f || magic[1] != 0x8b) return file;
 
     // `file` may be the path buffer itself: form the target before storing.
-    const std::string target = znTmpPath() + "/" + znLastPathComponent(file);
+    const std::string target =
+        znFormatText(kUnpackedNameFormat, znTmpPath().c_str(), znLastPathComponent(file).c_str());
     if (!znFitsPathBuffer(target, sizeof path)) return nullptr;
     if (!znUnpackGzip(file, target)) return nullptr;
     return znStorePath(target, path, sizeof path);

@@ -120,18 +120,13 @@ int zn_URL_web::fd_printf(int fd, const char* format, ...) {
     if (format == nullptr) return 0;
     va_list args;
     va_start(args, format);
-    va_list again;
-    va_copy(again, args);
-    const int length = std::vsnprintf(nullptr, 0, format, args);
+    const std::string text = znFormatText(format, args);
     va_end(args);
-    std::string text(length > 0 ? static_cast<std::size_t>(length) : 0, '\0');
-    if (length > 0) std::vsnprintf(text.data(), text.size() + 1, format, again);
-    va_end(again);
 
     const bool open = ::fcntl(fd, F_GETFD) != -1;
-    if (length < 0 || !open || !sendAll(fd, text.data(), text.size())) {
+    if (!open || !sendAll(fd, text.data(), text.size())) {
         std::fprintf(stderr, kFdPrintfFailed, fd, format);
         return -1;
     }
-    return length;
+    return static_cast<int>(text.size());
 }
