@@ -1,0 +1,99 @@
+#include "url/zn_URL_pathstack.h"
+
+#include <strings.h>
+
+#include <cstdio>
+#include <cstring>
+
+#include "loader/zn_interfaces.h"
+#include "url/url_messages.h"
+
+const char* znURLPathStack::top() const { return entries.empty() ? nullptr : entries.front()->c_str(); }
+
+void znURLPathStack::push(std::string directory) {
+    entries.push_front(std::make_unique<std::string>(std::move(directory)));
+}
+
+void znURLPathStack::pop() {
+    if (entries.empty()) return;
+    retired.push_back(std::move(entries.front()));
+    entries.pop_front();
+}
+
+std::string znResolveURLPath(const char* url, int push, znURLPathStack& stack,
+                             znURLAbsoluteRule absolute) {
+    const char* text = url ? url : "";
+    const std::size_t schemeLength = std::strlen(kFileScheme);
+    // "file:" goes, the slash stays: "file:/a/b" names "/a/b".
+    std::string buffer = strncasecmp(text, kFileScheme, schemeLength) == 0
+                             ? std::string(text + schemeLength - 1)
+                             : std::string(text);
+    // Only a name with no colon in it is relative to the stack: a colon marks
+    // a scheme or host that carries its own location.
+    const bool relative = std::strchr(text, ':') == nullptr;
+    const bool keepAbsolute = absolute == znURLAbsoluteRule::kept;
+
+    if (!push) {
+        if (relative && !stack.empty() && !(keepAbsolute && buffer[0] == '/'))
+            buffer.insert(0, stack.top());
+        return buffer;
+    }
+
+    const std::string base = znLastPathComponent(buffer);
+    const std::size_t dirLength = buffer.size() - base.size();
+    std::string directory;
+    if (dirLength < 1) {
+        // A bare name lies in the directory of the file that names it.
+        if (!stack.empty() && (!keepAbsolute || relative)) {
+            directory = stack.top();
+            buffer = directory + base;
+        } else {
+            directory = kNoStackDirectory;
+        }
+    } else {
+        directory = buffer.substr(0, dirLength);
+        if (relative && !stack.empty() && !(keepAbsolute && directory[0] == '/')) {
+            directory.insert(0, stack.top());
+            buffer = directory + base;
+        }
+    }
+    stack.push(std::move(directory));
+    return buffer;
+}
+
+bool znFitsPathBuffer(const std::string& path, std::size_t size) {
+    if (path.size() < size) return true;
+    char report[160];
+    std::snprintf(report, sizeof report, kPathTooLong, static_cast<int>(size - 1), path.c_str());
+    znAlert(report);
+    return false;
+}
+
+const char* znStorePath(const std::string& path, char* buffer, std::size_t size) {
+    if (!znFitsPathBuffer(path, size)) return nullptr;
+    std::memcpy(buffer, path.c_str(), path.size() + 1);
+    return buffer;
+}
+
+std::string znLastPathComponent(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+std::string znFormatText(const char* format, va_list args) {
+    va_list again;
+    va_copy(again, args);
+    const int n = std::vsnprintf(nullptr, 0, format, args);
+    std::string out(n > 0 ? static_cast<std::size_t>(n) : 0, '\0');
+    if (n > 0) std::vsnprintf(out.data(), out.size() + 1, format, again);
+    va_end(again);
+    return out;
+}
+
+std::string znFormatText(const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    std::string out = znFormatText(format, args);
+    va_end(args);
+    return out;
+}

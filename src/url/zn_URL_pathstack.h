@@ -1,0 +1,53 @@
+// The directory stack that both URL objects keep, and the rules that join a
+// name to it.
+#ifndef ZN_URL_PATHSTACK_H
+#define ZN_URL_PATHSTACK_H
+
+#include <cstdarg>
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+class znURLPathStack {
+public:
+    bool empty() const { return entries.empty(); }
+    const char* top() const;  // null when empty
+    void push(std::string directory);
+    void pop();               // nothing when empty
+
+private:
+    // Owning; the front is the top. Each text lives in its own allocation so
+    // that a pointer handed out by top() never moves.
+    std::deque<std::unique_ptr<std::string>> entries;
+    // Owning. Callers may hold get_path() answers past the matching close, so
+    // popped texts live on until the object goes.
+    std::vector<std::unique_ptr<std::string>> retired;
+};
+
+// How a name that begins with "/" meets the stack: the local-file object
+// joins it like any relative name, the web object leaves it alone.
+enum class znURLAbsoluteRule { joined, kept };
+
+// Strips a leading "file:" (any case, slash kept), joins the name to the top
+// of the stack where the rules say so and, for a nonzero push, pushes the
+// name's directory. A null url resolves like an empty one.
+std::string znResolveURLPath(const char* url, int push, znURLPathStack& stack,
+                             znURLAbsoluteRule absolute);
+
+// True when `path` and its null fit a buffer of `size` bytes; otherwise the
+// path is refused with an alert.
+bool znFitsPathBuffer(const std::string& path, std::size_t size);
+
+// Copies `path` with its null into `buffer` of `size` bytes. A path that
+// does not fit is refused with an alert and the answer is null.
+const char* znStorePath(const std::string& path, char* buffer, std::size_t size);
+
+// The text after the last "/", or all of it.
+std::string znLastPathComponent(const std::string& path);
+
+// `format` filled from `args`, whatever its length.
+std::string znFormatText(const char* format, va_list args);
+std::string znFormatText(const char* format, ...) __attribute__((format(printf, 1, 2)));
+
+#endif

@@ -1,0 +1,133 @@
+// The local-file URL object: how names meet the directory stack.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+#include "test_support.h"
+#include "url/zn_URL_default.h"
+
+using wrltest::TempDir;
+
+namespace {
+
+std::string readAll(FILE* file) {
+    std::string text;
+    char block[256];
+    std::size_t n;
+    while ((n = std::fread(block, 1, sizeof block, file)) > 0) text.append(block, n);
+    return text;
+}
+
+}  // namespace
+
+TEST(zn_URL_default, RelativeFileIsFoundUnderThePushedDirectory) {
+    TempDir dir;
+    const std::string world = dir.write("models/world.wrl", "world");
+    dir.write("models/inline.wrl", "inline");
+    zn_URL_default url;
+
+    FILE* outer = url.fopenURL(world.c_str(), 1);
+    ASSERT_NE(outer, nullptr);
+    EXPECT_EQ(std::string(url.get_path()), dir.path() + "/models/");
+
+    FILE* inner = url.fopenURL("inline.wrl", 0);
+    ASSERT_NE(inner, nullptr);
+    EXPECT_EQ(readAll(inner), "inline");
+    url.fcloseURL(inner, 0);
+    EXPECT_EQ(std::string(url.get_path()), dir.path() + "/models/");
+
+    url.fcloseURL(outer, 1);
+    EXPECT_EQ(url.get_path(), nullptr);
+}
+
+TEST(zn_URL_default, NestedPushJoinsTheSubdirectoryToTheTop) {
+    TempDir dir;
+    const std::string world = dir.write("a/world.wrl", "w");
+    dir.write("a/b/proto.wrl", "p");
+    dir.write("a/b/texture.rgb", "t");
+    zn_URL_default url;
+    FILE* outer = url.fopenURL(world.c_str(), 1);
+    std::ifstream* proto = url.iopenURL("b/proto.wrl", 1);
+    ASSERT_NE(proto, nullptr);
+    EXPECT_TRUE(proto->is_open());
+    EXPECT_EQ(std::string(url.get_path()), dir.path() + "/a/b/");
+    EXPECT_EQ(std::string(url.getURL("texture.rgb", 0)), dir.path() + "/a/b/texture.rgb");
+    url.icloseURL(proto, 1);
+    delete proto;
+    EXPECT_EQ(std::string(url.get_path()), dir.path() + "/a/");
+    url.fcloseURL(outer, 1);
+}
+
+TEST(zn_URL_default, BareNameWithEmptyStackPushesDotSlash) {
+    zn_URL_default url;
+    EXPECT_STREQ(url.addpath("world.wrl", 1), "world.wrl");
+    EXPECT_STREQ(url.get_path(), "./");
+    // A bare name under a nonempty stack is placed in the top directory.
+    EXPECT_STREQ(url.addpath("next.wrl", 1), "./next.wrl");
+    EXPECT_STREQ(url.get_path(), "./");
+}
+
+TEST(zn_URL_default, CapitalFileSchemeKeepsTheSlash) {
+    TempDir dir;
+    const std::string world = dir.write("w.wrl", "w");
+    zn_URL_default url;
+    const std::string spelled = "FILE:" + world;
+    EXPECT_EQ(std::string(url.addpath(spelled.c_str(), 1)), world);
+    EXPECT_EQ(std::string(url.get_path()), dir.path() + "/");
+    EXPECT_STREQ(url.addpath("fIlE:/x/y.wrl", 0), "/x/y.wrl");
+}
+
+TEST(zn_URL_default, NameStartingWithSlashIsStillJoined) {
+    zn_URL_default url;
+    url.addpath("models/world.wrl", 1);
+    EXPECT_STREQ(url.addpath("/abs/x.wrl", 0), "models//abs/x.wrl");
+}
+
+TEST(zn_URL_default, NameWithColonIsNotJoined) {
+    zn_URL_default url;
+    url.addpath("models/world.wrl", 1);
+    EXPECT_STREQ(url.addpath("http://host/x.wrl", 0), "http://host/x.wrl");
+    EXPECT_STREQ(url.addpath("file:/abs/sub/x.wrl", 1), "/abs/sub/x.wrl");
+    EXPECT_STREQ(url.get_path(), "/abs/sub/");
+}
+
+TEST(zn_URL_default, OnlyFlagOnePops) {
+    zn_URL_default url;
+    url.addpath("a/x.wrl", 1);
+    url.delpath(2);
+    url.delpath(-1);
+    url.delpath(0);
+    EXPECT_STREQ(url.get_path(), "a/");
+    url.fcloseURL(nullptr, 0);
+    url.icloseURL(nullptr, 2);
+    EXPECT_STREQ(url.get_path(), "a/");
+    url.delpath(1);
+    EXPECT_EQ(url.get_path(), nullptr);
+    url.delpath(1);  // an empty stack stays empty
+    EXPECT_EQ(url.get_path(), nullptr);
+}
+
+TEST(zn_URL_default, PoppedDirectoryTextStaysValid) {
+    zn_URL_default url;
+    url.addpath("dir/x.wrl", 1);
+    const char* kept = url.get_path();
+    url.delpath(1);
+    url.addpath("other/y.wrl", 1);
+    EXPECT_STREQ(kept, "dir/");
+}
+
+TEST(zn_URL_default, MissingFileKeepsItsStackEntry) {
+    TempDir dir;
+    zn_URL_default url;
+    const std::string missing = dir.path() + "/none/x.wrl";
+    EXPECT_EQ(url.fopenURL(missing.c_str(), 1), nullptr);
+    EXPECT_EQ(std::string(url.get_path()), dir.path() + "/none/");
+    EXPECT_EQ(url.getURL("y.wrl", 0), nullptr);
+
+    // A stream comes back in its failed state rather than as null.
+    std::ifstream* stream = url.iopenURL("z.wrl", 0);
+    ASSERT_NE(stream, nullptr);
+    EXPECT_FALSE(stream->is_open());
+    delete stream;
+}
