@@ -25,9 +25,8 @@ std::string znResolveURLPath(const char* url, int push, znURLPathStack& stack,
     const char* text = url ? url : "";
     const std::size_t schemeLength = std::strlen(kFileScheme);
     // "file:" goes, the slash stays: "file:/a/b" names "/a/b".
-    std::string buffer = strncasecmp(text, kFileScheme, schemeLength) == 0
-                             ? std::string(text + schemeLength - 1)
-                             : std::string(text);
+    std::string buffer(text);
+    if (strncasecmp(text, kFileScheme, schemeLength) == 0) buffer.erase(0, schemeLength - 1);
     // Only a name with no colon in it is relative to the stack: a colon marks
     // a scheme or host that carries its own location.
     const bool relative = std::strchr(text, ':') == nullptr;

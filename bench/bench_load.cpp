@@ -1,0 +1,126 @@
+// Whole loads, text to finished scene graph, through wrlLoad.
+//
+// Each load runs in a child process, so that its peak memory is its own and
+// the world it leaves alive does not weigh on the next one. Reported:
+// bytes_per_second (file size over load time), peak_MB (the child's maximum
+// resident size) and peak_per_file (that over the file size).
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "scene_generators.h"
+#include "wrlLoader.h"
+
+namespace {
+
+struct LoadFigures {
+    double seconds = 0;
+    double peakBytes = 0;
+    bool loaded = false;
+};
+
+LoadFigures loadInChild(const std::string& path) {
+    int fds[2];
+    if (pipe(fds) != 0) return {};
+    pid_t pid = fork();
+    if (pid == 0) {
+        close(fds[0]);
+        int devnull = open("/dev/null", O_WRONLY);
+        if (devnull >= 0) dup2(devnull, STDOUT_FILENO);  // the loader's banner
+        std::string name = path;
+        auto start = std::chrono::steady_clock::now();
+        csNode* scene = wrlLoad(name.data());
+        auto stop = std::chrono::steady_clock::now();
+        rusage usage{};
+        getrusage(RUSAGE_SELF, &usage);
+        LoadFigures f;
+        f.seconds = std::chrono::duration<double>(stop - start).count();
+        f.peakBytes = static_cast<double>(usage.ru_maxrss) * 1024.0;
+        f.loaded = scene != nullptr;
+        ssize_t ignored = write(fds[1], &f, sizeof f);
+        (void)ignored;
+        _exit(0);
+    }
+    close(fds[1]);
+    LoadFigures f;
+    if (read(fds[0], &f, sizeof f) != static_cast<ssize_t>(sizeof f)) f = {};
+    close(fds[0]);
+    int status = 0;
+    waitpid(pid, &status, 0);
+    return f;
+}
+
+// Worlds are made once per kind and size and removed at exit.
+const std::string& world(const std::string& kind, std::size_t megabytes,
+                         const std::function<std::string(std::size_t)>& make) {
+    static std::map<std::string, std::string> paths;
+    static struct Cleanup {
+        ~Cleanup() {
+            for (auto& entry : paths) std::remove(entry.second.c_str());
+        }
+    } cleanup;
+    std::string key = kind + std::to_string(megabytes);
+    auto it = paths.find(key);
+    if (it == paths.end())
+        it = paths.emplace(key, wrlbench::writeTempWorld(key, make(megabytes << 20))).first;
+    return it->second;
+}
+
+void runLoads(benchmark::State& state, const std::string& path) {
+    if (std::getenv("ZNBUILTINS") == nullptr)
+        setenv("ZNBUILTINS", WRL_SOURCE_DIR "/data/znbuiltins.wrl", 1);
+    FILE* f = std::fopen(path.c_str(), "rb");
+    std::fseek(f, 0, SEEK_END);
+    double size = static_cast<double>(std::ftell(f));
+    std::fclose(f);
+    double peak = 0;
+    for (auto _ : state) {
+        LoadFigures figures = loadInChild(path);
+        if (!figures.loaded) {
+            state.SkipWithError("the world did not load");
+            return;
+        }
+        state.SetIterationTime(figures.seconds);
+        if (figures.peakBytes > peak) peak = figures.peakBytes;
+    }
+    state.SetBytesProcessed(static_cast<int64_t>(size) * state.iterations());
+    state.counters["file_MB"] = size / 1048576.0;
+    state.counters["peak_MB"] = peak / 1048576.0;
+    state.counters["peak_per_file"] = peak / size;
+}
+
+void BM_LoadFaceSetWithNormals(benchmark::State& state) {
+    runLoads(state, world("ifs-normals", static_cast<std::size_t>(state.range(0)),
+                          [](std::size_t n) { return wrlbench::bigFaceSet(n, true); }));
+}
+
+void BM_LoadFaceSetGeneratedNormals(benchmark::State& state) {
+    runLoads(state, world("ifs-crease", static_cast<std::size_t>(state.range(0)),
+                          [](std::size_t n) { return wrlbench::bigFaceSet(n, false); }));
+}
+
+void BM_LoadDefUseShapes(benchmark::State& state) {
+    runLoads(state, world("defuse", static_cast<std::size_t>(state.range(0)), wrlbench::manyDefUseShapes));
+}
+
+void BM_LoadProtoInstances(benchmark::State& state) {
+    runLoads(state, world("proto", static_cast<std::size_t>(state.range(0)), wrlbench::manyProtoInstances));
+}
+
+}  // namespace
+
+// Sizes in MB. Whether time grows linearly with size shows in the MB/s
+// staying level from 1 to 100.
+BENCHMARK(BM_LoadFaceSetWithNormals)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_LoadFaceSetGeneratedNormals)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_LoadDefUseShapes)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_LoadProtoInstances)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);

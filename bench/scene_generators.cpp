@@ -1,0 +1,135 @@
+#include "scene_generators.h"
+
+#include <unistd.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+
+namespace wrlbench {
+
+namespace {
+
+const char kHeader[] = "#VRML V2.0 utf8\n";
+
+// Appends printf-style text without a temporary string per call.
+void appendf(std::string& out, const char* format, double a, double b, double c) {
+    char buffer[96];
+    int n = std::snprintf(buffer, sizeof buffer, format, a, b, c);
+    out.append(buffer, static_cast<std::size_t>(n));
+}
+
+void appendf(std::string& out, const char* format, double a, double b) {
+    char buffer[96];
+    int n = std::snprintf(buffer, sizeof buffer, format, a, b);
+    out.append(buffer, static_cast<std::size_t>(n));
+}
+
+void appendInts(std::string& out, long a, long b, long c, long d) {
+    char buffer[96];
+    int n = std::snprintf(buffer, sizeof buffer, "%ld %ld %ld %ld -1,\n", a, b, c, d);
+    out.append(buffer, static_cast<std::size_t>(n));
+}
+
+}  // namespace
+
+std::string bigFaceSet(std::size_t targetBytes, bool withNormals) {
+    // Bytes per grid vertex: about 26 of coordinates, 22 of normals, 15 of
+    // texture coordinates and 30 of indices (one quad per vertex).
+    const double perVertex = withNormals ? 93.0 : 71.0;
+    long side = static_cast<long>(std::sqrt(static_cast<double>(targetBytes) / perVertex));
+    if (side < 2) side = 2;
+    std::string out;
+    out.reserve(targetBytes + targetBytes / 8);
+    out += kHeader;
+    out += "Shape {\n appearance Appearance { material Material { } }\n geometry IndexedFaceSet {\n";
+    if (!withNormals) out += "  creaseAngle 0.5\n";
+    out += "  coord Coordinate { point [\n";
+    for (long j = 0; j < side; ++j)
+        for (long i = 0; i < side; ++i) {
+            double x = i * 0.01, z = j * 0.01;
+            appendf(out, "%.4f %.4f %.4f,\n", x, 0.1 * std::sin(x * 3.0) * std::cos(z * 2.0), z);
+        }
+    out += "  ] }\n";
+    if (withNormals) {
+        out += "  normal Normal { vector [\n";
+        for (long j = 0; j < side; ++j)
+            for (long i = 0; i < side; ++i) {
+                double a = i * 0.01, b = j * 0.01;
+                double nx = -0.3 * std::cos(a * 3.0) * std::cos(b * 2.0), nz = 0.2 * std::sin(a * 3.0) * std::sin(b * 2.0);
+                double len = std::sqrt(nx * nx + 1.0 + nz * nz);
+                appendf(out, "%.4f %.4f %.4f,\n", nx / len, 1.0 / len, nz / len);
+            }
+        out += "  ] }\n";
+    }
+    out += "  texCoord TextureCoordinate { point [\n";
+    for (long j = 0; j < side; ++j)
+        for (long i = 0; i < side; ++i)
+            appendf(out, "%.4f %.4f,\n", double(i) / (side - 1), double(j) / (side - 1));
+    out += "  ] }\n  coordIndex [\n";
+    for (long j = 0; j + 1 < side; ++j)
+        for (long i = 0; i + 1 < side; ++i) {
+            long v = j * side + i;
+            appendInts(out, v, v + side, v + side + 1, v + 1);
+        }
+    out += "  ]\n }\n}\n";
+    return out;
+}
+
+std::string manyDefUseShapes(std::size_t targetBytes) {
+    std::string out;
+    out.reserve(targetBytes + 4096);
+    out += kHeader;
+    out += "DEF RED Appearance { material Material { diffuseColor 1 0 0 } }\n"
+           "DEF BLUE Appearance { material Material { diffuseColor 0 0 1 } }\n"
+           "DEF BOX Box { size 0.5 0.5 0.5 }\n"
+           "DEF BALL Sphere { radius 0.25 }\n";
+    for (long i = 0; out.size() < targetBytes; ++i) {
+        char buffer[160];
+        int n = std::snprintf(buffer, sizeof buffer,
+                              "Transform { translation %ld %ld 0 children Shape { appearance USE %s geometry USE %s } }\n",
+                              i % 1000, i / 1000, (i & 1) ? "RED" : "BLUE", (i & 2) ? "BOX" : "BALL");
+        out.append(buffer, static_cast<std::size_t>(n));
+    }
+    return out;
+}
+
+std::string manyProtoInstances(std::size_t targetBytes) {
+    std::string out;
+    out.reserve(targetBytes + 4096);
+    out += kHeader;
+    out += "PROTO Post [ field SFVec3f at 0 0 0 field SFColor tint 1 1 1 ] {\n"
+           "  Transform { translation IS at children Shape {\n"
+           "    appearance Appearance { material Material { diffuseColor IS tint } }\n"
+           "    geometry Box { size 0.2 1 0.2 } } }\n"
+           "}\n";
+    for (long i = 0; out.size() < targetBytes; ++i) {
+        char buffer[128];
+        int n = std::snprintf(buffer, sizeof buffer, "Post { at %ld 0 %ld tint 0.%02ld 0.5 0.5 }\n", i % 1000, i / 1000,
+                              i % 100);
+        out.append(buffer, static_cast<std::size_t>(n));
+    }
+    return out;
+}
+
+std::string writeTempWorld(const std::string& stem, const std::string& text) {
+    const char* dir = std::getenv("TMPDIR");
+    std::string path = std::string(dir && *dir ? dir : "/tmp") + "/wrlbench-" + stem + "-XXXXXX.wrl";
+    int fd = mkstemps(path.data(), 4);
+    if (fd < 0) throw std::runtime_error("cannot make a temporary world file");
+    std::size_t done = 0;
+    while (done < text.size()) {
+        ssize_t n = write(fd, text.data() + done, text.size() - done);
+        if (n <= 0) {
+            close(fd);
+            throw std::runtime_error("cannot write a temporary world file");
+        }
+        done += static_cast<std::size_t>(n);
+    }
+    close(fd);
+    return path;
+}
+
+}  // namespace wrlbench

@@ -1,0 +1,28 @@
+// Generated VRML 97 worlds of a chosen size, for the load benchmarks.
+#ifndef WRL_BENCH_SCENE_GENERATORS_H
+#define WRL_BENCH_SCENE_GENERATORS_H
+
+#include <cstddef>
+#include <string>
+
+namespace wrlbench {
+
+// One IndexedFaceSet: a grid of quads with coordinates, per-vertex normals
+// and texture coordinates. With `withNormals` false the Normal node is left
+// out and a creaseAngle of 0.5 is given, so the loader generates normals.
+std::string bigFaceSet(std::size_t targetBytes, bool withNormals);
+
+// Many small shapes: a few DEF'd appearances and geometries, then one
+// Transform per shape that USEs them.
+std::string manyDefUseShapes(std::size_t targetBytes);
+
+// One small PROTO with IS-connected fields, instanced until the file has
+// the target size.
+std::string manyProtoInstances(std::size_t targetBytes);
+
+// Writes `text` to a file in the temporary directory and answers its path.
+std::string writeTempWorld(const std::string& stem, const std::string& text);
+
+}  // namespace wrlbench
+
+#endif
