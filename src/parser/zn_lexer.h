@@ -34,6 +34,8 @@ public:
     // Appends one list item and a comma to the list buffer; answers the
     // buffer, which may have moved.
     char* dynstrcat(char* buffer, const char* text);
+    // The same with the length known, as the scanner always has it.
+    char* appendItem(char* buffer, const char* text, std::size_t length);
     // A value written without brackets: the one-item list "[text]".
     int parsemf();
     // Drops what is buffered of the current input, so that the next parse
