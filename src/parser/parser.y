@@ -21,6 +21,7 @@
 
 #include "parser/parser_messages.h"
 #include "parser/parser_trace.h"
+#include "parser/zn_lexer.h"
 #include "parser/zn_parser.h"
 
 #define P (static_cast<znParser*>(parser))
@@ -41,14 +42,6 @@ static int yylex(char** value, void* parser) {
 }
 static void yyerror(void* parser, const char* message) { P->yyerror(message); }
 
-static char* copyText(const char* text) {
-    char* copy = strdup(text);
-    if (copy == nullptr) {
-        std::fputs(kOutOfMemory, stderr);
-        std::exit(1);
-    }
-    return copy;
-}
 }
 
 %define api.pure full
@@ -392,7 +385,7 @@ m11
 fieldValue
     : SFNODE m11 nodeDeclaration {
         std::free($1);
-        $$ = copyText(P->nodeNameBuffer.c_str());
+        $$ = znCopyText(P->nodeNameBuffer.c_str());
         --P->fieldNestingCount();
     }
     | SFNODE SFN_NULL
@@ -409,26 +402,26 @@ m12
 fieldValue
     : MFNODE m12 mfnodeValue {
         std::free($1);
-        $$ = copyText($3);
+        $$ = znCopyText($3);
         if (!P->mfNodeStack.empty()) P->mfNodeStack.pop_back();
         --P->fieldNestingCount();
     }
     | IS IDENTIFIER {
         P->setFieldIS($2);
         std::free($2);
-        $$ = copyText("IZZED");
+        $$ = znCopyText("IZZED");
     }
     | SFNODE IS IDENTIFIER {
         P->setFieldIS($3);
         std::free($1);
         std::free($3);
-        $$ = copyText("IZZED");
+        $$ = znCopyText("IZZED");
     }
     | MFNODE IS IDENTIFIER {
         P->setFieldIS($3);
         std::free($1);
         std::free($3);
-        $$ = copyText("IZZED");
+        $$ = znCopyText("IZZED");
     }
     ;
 

@@ -14,6 +14,11 @@
 
 class znParser;
 
+// Ends the process as an exhausted allocation must: "out of memory".
+[[noreturn]] void znParserOutOfMemory();
+// A heap copy of `text`, for token values that the grammar frees.
+char* znCopyText(const char* text);
+
 class zn_Lexer : public yyFlexLexer {
 public:
     // Size of every scanner input buffer.
@@ -56,7 +61,6 @@ private:
     void appendString(const char* text, std::size_t length);
     void appendString(const char* text) { appendString(text, std::char_traits<char>::length(text)); }
     void resetToNode();
-    char* copyText(const char* text) const;
     void beginList();
     int endList();
     // Appends yytext, or the finished string, as one item to the list.

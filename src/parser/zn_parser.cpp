@@ -109,17 +109,17 @@ void znParser::beginExternProto(const char* name, const char* urlList) {
     for (const char* p = urlList != nullptr ? std::strchr(urlList, '"') : nullptr; p != nullptr;) {
         const char* end = std::strchr(p + 1, '"');
         if (end == nullptr) break;
-        info.urls.push_back(strndup(p + 1, static_cast<std::size_t>(end - p - 1)));
+        info.urls.push_back(znCopyText(std::string(p + 1, end).c_str()));
         p = std::strchr(end + 1, '"');
     }
     info.urlIndex = 0;
     // An EXTERNPROTO that stands in for the PROTO sought keeps the outer name.
     const extProtoInfo& outer = externInfo[externProtoDepth - 1];
     const bool standIn = externProtoDepth >= 2 && outer.wanted == 1;
-    info.name = strdup(standIn ? outer.name : name);
+    info.name = znCopyText(standIn ? outer.name : name);
     info.wanted = 0;
     info.created = 0;
-    info.savedFilename = strdup(currentFilename.c_str());
+    info.savedFilename = znCopyText(currentFilename.c_str());
     info.savedLine = currentLine;
     lexer->push_buffer();
 }
