@@ -1,0 +1,458 @@
+/*
+ * The grammar of the VRML 97 text that the loader accepts. Every semantic
+ * decision sits in znParser; the actions call it in order, pass the token
+ * texts along and free them.
+ *
+ * The empty markers m1 .. m13 run their action in the middle of a
+ * production, and several of them (m1, m2, m5 .. m10) set what the lexer is
+ * to read next or where it reads from. That works only because a state whose
+ * one action is a default reduction reduces without reading a look-ahead
+ * token; each marker is used once, so its action reaches the symbols before
+ * it through $0, $-1, ...
+ *
+ * There is no error rule: the first token the tables refuse ends the parse
+ * with "parse error".
+ */
+
+%code {
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "parser/parser_messages.h"
+#include "parser/parser_trace.h"
+#include "parser/zn_lexer.h"
+#include "parser/zn_parser.h"
+
+#define P (static_cast<znParser*>(parser))
+
+// The stacks start on the processor stack of yyparse and may grow, by
+// doubling, to this limit; beyond it "parser stack overflow".
+#define YYINITDEPTH 200
+#define YYMAXDEPTH 10000
+
+// The generator's trace and wording are mapped onto this system's own.
+#define YYFPRINTF znGrammarTrace
+#define YY_(text) znGrammarWording(text)
+
+static int yylex(char** value, void* parser) {
+    const int token = P->call_yylex(value);
+    znGrammarTraceToken(token);
+    return token;
+}
+static void yyerror(void* parser, const char* message) { P->yyerror(message); }
+
+}
+
+%define api.pure full
+%define api.value.type {char*}
+%define parse.trace
+%parse-param {void* parser}
+%lex-param {void* parser}
+%expect 0
+
+%token IDENTIFIER 258
+%token DEF 259
+%token USE 260
+%token PROTO 261
+%token EXTERNPROTO 262
+%token TO 263
+%token IS 264
+%token ROUTE 265
+%token SFN_NULL 266
+%token EVENTIN 267
+%token EVENTOUT 268
+%token FIELD 269
+%token EXPOSEDFIELD 270
+%token SFBOOL 271
+%token SFCOLOR 272
+%token SFFLOAT 273
+%token SFIMAGE 274
+%token SFINT32 275
+%token SFNODE 276
+%token SFROTATION 277
+%token SFSTRING 278
+%token SFTIME 279
+%token SFVEC2F 280
+%token SFVEC3F 281
+%token MFCOLOR 282
+%token MFFLOAT 283
+%token MFINT32 284
+%token MFROTATION 285
+%token MFSTRING 286
+%token MFTIME 287
+%token MFVEC2F 288
+%token MFVEC3F 289
+%token MFNODE 290
+%token GARBAGE 291
+%token EXTPROTOCREATED 292
+
+%start vrmlscene
+
+%%
+
+vrmlscene
+    : declarations
+    ;
+
+declarations
+    : %empty
+    | declarations declaration
+    ;
+
+declaration
+    : nodeDeclaration
+    | protoDeclaration
+    | routeDeclaration
+    ;
+
+    /* Type { ... }, DEF name Type { ... }, USE name */
+m1
+    : %empty {
+        P->enterNode($0);
+        char suffix[16];
+        std::snprintf(suffix, sizeof suffix, "_%d", P->anonymousCount++);
+        P->suffixBuffer = suffix;
+        const std::string name = std::string($0) + P->suffixBuffer;
+        P->setName(P->makeDefName(name.c_str(), 0, 'x'));
+    }
+    ;
+
+nodeDeclaration
+    : IDENTIFIER m1 nodeg {
+        P->getName();
+        if (P->skippingNode) {
+            P->skippingNode = 0;
+        } else {
+            P->exitNode();
+        }
+        std::free($1);
+    }
+    ;
+
+m2
+    : %empty {
+        if (P->defCounterDepth < znParser::kDefCounterDepth) {
+            P->defCounterStack[P->defCounterDepth++] = P->setDefName($-1);
+        }
+        P->enterNode($0);
+        const int counter = P->defCounterDepth > 0 ? P->defCounterStack[--P->defCounterDepth] : 0;
+        P->setName(P->makeDefName($-1, counter, 'd'));
+    }
+    ;
+
+nodeDeclaration
+    : DEF IDENTIFIER IDENTIFIER m2 nodeg {
+        P->getName();
+        P->exitNode();
+        std::free($3);
+        std::free($2);
+    }
+    | USE IDENTIFIER {
+        // getDefName answers the 'u' form of a DEF'ed name, and an unknown
+        // name as it stands.
+        P->nodeNameBuffer = P->getDefName($2);
+        if (P->fieldNestingCount() == 0) P->createToplevelUSE(P->nodeNameBuffer.c_str());
+        std::free($2);
+    }
+    ;
+
+    /* PROTO name [ interface ] { body } and EXTERNPROTO name [ interface ] urls */
+protoDeclaration
+    : proto
+    | externproto
+    ;
+
+m3
+    : %empty { P->beginProto($0); }
+    ;
+
+m4
+    : %empty { P->inProto($-4); }
+    ;
+
+proto
+    : PROTO IDENTIFIER m3 '[' interfaceDeclarations ']' m4 '{' declarations '}' {
+        P->endProto();
+        std::free($2);
+    }
+    ;
+
+m5
+    : %empty { P->expect(MFSTRING); }
+    ;
+
+m6
+    : %empty { P->beginExternProto($-5, $0); }
+    ;
+
+externproto
+    : EXTERNPROTO IDENTIFIER '[' externInterfaceDeclarations ']' m5 fieldValue m6 declarations EXTPROTOCREATED {
+        P->endExternProto();
+        std::free($2);
+        std::free($7);
+    }
+    ;
+
+interfaceDeclarations
+    : %empty
+    | interfaceDeclarations interfaceDeclaration
+    ;
+
+interfaceDeclaration
+    : EVENTIN IDENTIFIER IDENTIFIER {
+        P->addEventIn($2, $3);
+        std::free($2);
+        std::free($3);
+    }
+    | EVENTOUT IDENTIFIER IDENTIFIER {
+        P->addEventOut($2, $3);
+        std::free($2);
+        std::free($3);
+    }
+    ;
+
+m7
+    : %empty { P->expect(P->addField($-1, $0)); }
+    ;
+
+interfaceDeclaration
+    : FIELD IDENTIFIER IDENTIFIER m7 fieldValue {
+        P->setProtoField($3, $5);
+        std::free($2);
+        std::free($3);
+    }
+    ;
+
+m8
+    : %empty { P->expect(P->addExposedField($-1, $0)); }
+    ;
+
+interfaceDeclaration
+    : EXPOSEDFIELD IDENTIFIER IDENTIFIER m8 fieldValue {
+        P->setProtoField($3, $5);
+        std::free($2);
+        std::free($3);
+    }
+    ;
+
+    /* The interface of an EXTERNPROTO is the one its file declares. */
+externInterfaceDeclarations
+    : %empty
+    | externInterfaceDeclarations externInterfaceDeclaration
+    ;
+
+externInterfaceDeclaration
+    : EVENTIN IDENTIFIER IDENTIFIER { std::free($2); std::free($3); }
+    | EVENTOUT IDENTIFIER IDENTIFIER { std::free($2); std::free($3); }
+    | FIELD IDENTIFIER IDENTIFIER { std::free($2); std::free($3); }
+    | EXPOSEDFIELD IDENTIFIER IDENTIFIER { std::free($2); std::free($3); }
+    ;
+
+    /* ROUTE node.field TO node.field */
+routeDeclaration
+    : ROUTE IDENTIFIER '.' IDENTIFIER TO IDENTIFIER '.' IDENTIFIER {
+        // Outside its PROTOs, a file read for an EXTERNPROTO only passes by.
+        if (P->externProtoDepth == 0 || P->protoDepth != 0) {
+            // A DEF'ed node is named in its 'd' form; an unknown name goes on
+            // as it stands.
+            const char* fromName = P->getDefName($2);
+            std::string from = fromName;
+            if (fromName != $2) from[0] = 'd';
+            const char* toName = P->getDefName($6);
+            std::string to = toName;
+            if (toName != $6) to[0] = 'd';
+            P->setRoute(from.c_str(), $4, to.c_str(), $8);
+        }
+        std::free($2);
+        std::free($4);
+        std::free($6);
+        std::free($8);
+    }
+    ;
+
+    /* The body of a node; an unknown type's body is walked over as garbage. */
+nodeg
+    : '{' nodeGuts '}'
+    ;
+
+nodeGuts
+    : %empty
+    | nodeGuts nodeGut
+    | garbage
+    ;
+
+garbage
+    : GARBAGE garb
+    ;
+
+garb
+    : %empty
+    | garb GARBAGE
+    | garb '{' garb '}'
+    ;
+
+m9
+    : %empty { P->enterField($0); }
+    ;
+
+nodeGut
+    : IDENTIFIER m9 fieldValue {
+        if (P->externProtoDepth == 0 || P->protoDepth != 0) {
+            P->setField($3);
+        } else {
+            std::free($3);
+        }
+        P->exitField();
+        std::free($1);
+    }
+    | routeDeclaration
+    | protoDeclaration
+    | EVENTIN IDENTIFIER IDENTIFIER {
+        P->inScript();
+        P->addEventIn($2, $3);
+        std::free($2);
+        std::free($3);
+    }
+    | EVENTOUT IDENTIFIER IDENTIFIER {
+        P->inScript();
+        P->addEventOut($2, $3);
+        std::free($2);
+        std::free($3);
+    }
+    ;
+
+m10
+    : %empty {
+        P->inScript();
+        P->expect(P->addField($-1, $0));
+        P->enterField($0);
+    }
+    ;
+
+nodeGut
+    : FIELD IDENTIFIER IDENTIFIER m10 fieldValue {
+        P->setField($5);
+        std::free($2);
+        std::free($3);
+    }
+    | EVENTIN IDENTIFIER IDENTIFIER IS IDENTIFIER {
+        P->inScript();
+        P->addEventIn($2, $3);
+        P->enterField($3);
+        P->setFieldIS($5);
+        std::free($2);
+        std::free($3);
+        std::free($5);
+    }
+    | EVENTOUT IDENTIFIER IDENTIFIER IS IDENTIFIER {
+        P->inScript();
+        P->addEventOut($2, $3);
+        P->enterField($3);
+        P->setFieldIS($5);
+        std::free($2);
+        std::free($3);
+        std::free($5);
+    }
+    ;
+
+    /* A field value: one token whose text the lexer read, or nodes. */
+fieldValue
+    : SFBOOL
+    | SFCOLOR
+    | MFCOLOR
+    | SFFLOAT
+    | MFFLOAT
+    | SFIMAGE
+    | SFINT32
+    | MFINT32
+    | SFROTATION
+    | MFROTATION
+    | SFSTRING
+    | MFSTRING
+    | SFTIME
+    | MFTIME
+    | SFVEC2F
+    | MFVEC2F
+    | SFVEC3F
+    | MFVEC3F
+    ;
+
+m11
+    : %empty { ++P->fieldNestingCount(); }
+    ;
+
+fieldValue
+    : SFNODE m11 nodeDeclaration {
+        std::free($1);
+        $$ = znCopyText(P->nodeNameBuffer.c_str());
+        --P->fieldNestingCount();
+    }
+    | SFNODE SFN_NULL
+    | MFNODE SFN_NULL
+    ;
+
+m12
+    : %empty {
+        P->mfNodeStack.emplace_back();
+        ++P->fieldNestingCount();
+    }
+    ;
+
+fieldValue
+    : MFNODE m12 mfnodeValue {
+        std::free($1);
+        $$ = znCopyText($3);
+        if (!P->mfNodeStack.empty()) P->mfNodeStack.pop_back();
+        --P->fieldNestingCount();
+    }
+    | IS IDENTIFIER {
+        P->setFieldIS($2);
+        std::free($2);
+        $$ = znCopyText("IZZED");
+    }
+    | SFNODE IS IDENTIFIER {
+        P->setFieldIS($3);
+        std::free($1);
+        std::free($3);
+        $$ = znCopyText("IZZED");
+    }
+    | MFNODE IS IDENTIFIER {
+        P->setFieldIS($3);
+        std::free($1);
+        std::free($3);
+        $$ = znCopyText("IZZED");
+    }
+    ;
+
+m13
+    : %empty {
+        if (!P->mfNodeStack.empty()) P->mfNodeStack.pop_back();
+        P->mfNodeStack.emplace_back("[ ");
+    }
+    ;
+
+    /* The texts of an MFNode value belong to the MF-node stack until the
+       value is complete. */
+mfnodeValue
+    : m13 '[' nodes ']' {
+        P->mfNodeStack.back() += " ]";
+        $$ = &P->mfNodeStack.back()[0];
+    }
+    | nodeDeclaration {
+        P->mfNodeStack.back() = P->nodeNameBuffer;
+        $$ = &P->mfNodeStack.back()[0];
+    }
+    ;
+
+nodes
+    : %empty
+    | nodes nodeDeclaration {
+        P->mfNodeStack.back() += P->nodeNameBuffer;
+        P->mfNodeStack.back() += ",";
+    }
+    | nodes SFN_NULL { P->mfNodeStack.back() += "NULL,"; }
+    | nodes protoDeclaration
+    ;
+
+%%

@@ -1,0 +1,83 @@
+// zn_Lexer: VRML 97 text to tokens. The parser names, through expect, the
+// type of the field whose value comes next, and the lexer reads that whole
+// value, however long, as one token whose semantic value is its text.
+#ifndef ZN_LEXER_H
+#define ZN_LEXER_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#ifndef yyFlexLexerOnce
+#include <FlexLexer.h>
+#endif
+
+class znParser;
+
+// Ends the process as an exhausted allocation must: "out of memory".
+[[noreturn]] void znParserOutOfMemory();
+// A heap copy of `text`, for token values that the grammar frees.
+char* znCopyText(const char* text);
+
+class zn_Lexer : public yyFlexLexer {
+public:
+    // Size of every scanner input buffer.
+    static constexpr int kInputBufferSize = 16384;
+    // A list buffer starts with this many bytes and grows by as many.
+    static constexpr std::uint32_t kListChunk = 100000;
+
+    explicit zn_Lexer(znParser* parser);
+    ~zn_Lexer() override;
+
+    // Stores where the token's text goes (a char* cell), then scans.
+    int yylex(void* lvalue);
+    // The next token number, a character code, or 0 at end of input.
+    int yylex() override;
+    int yywrap() override;
+
+    void yyResetLineNumber();
+    // Appends one list item and a comma to the list buffer; answers the
+    // buffer, which may have moved.
+    char* dynstrcat(char* buffer, const char* text);
+    // The same with the length known, as the scanner always has it.
+    char* appendItem(char* buffer, const char* text, std::size_t length);
+    // A value written without brackets: the one-item list "[text]".
+    int parsemf();
+    // Drops what is buffered of the current input, so that the next parse
+    // starts clean.
+    void flush_current_buffer();
+
+    // The stack of inputs of EXTERNPROTO reads.
+    void push_buffer();
+    int next_file();
+    void pop_buffer();
+
+    int debugFlag() const { return yy_flex_debug; }
+
+private:
+    // The start state for the parser's expectToken; 0 when the token needs
+    // no scanning (the node types) or is not a value type.
+    int startStateFor(int token) const;
+    void appendString(const char* text, std::size_t length);
+    void appendString(const char* text) { appendString(text, std::char_traits<char>::length(text)); }
+    void resetToNode();
+    void beginList();
+    int endList();
+    // Appends yytext, or the finished string, as one item to the list.
+    void dynstrcat_current();
+    void dynstrcat_string();
+    int parsePrototypeKeyword(std::size_t keywordLength);
+
+    znParser* parser;                 // back pointer to the owning parser
+    char** lvalue = nullptr;          // borrowed: the parser's semantic-value cell
+    std::uint32_t listLength = 0;
+    std::uint32_t listCapacity = 0;
+    std::string stringBuffer;
+    int inList = 0;
+    int imageCount = 0;
+    int imageTotal = 0;
+    std::vector<yy_buffer_state*> bufferStack;  // owning: suspended inputs
+    std::vector<std::istream*> inputStack;      // borrowed: streams of EXTERNPROTO reads
+};
+
+#endif

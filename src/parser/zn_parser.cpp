@@ -1,0 +1,143 @@
+// The part of znParser that does not depend on what the semantic methods
+// do with the declarations: the bridge to the lexer, error reports, the
+// expected type, field type names and DEF names.
+#include "parser/zn_parser.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "loader/zn_interfaces.h"
+#include "parser/parser.hpp"
+#include "parser/parser_messages.h"
+#include "parser/zn_lexer.h"
+
+namespace {
+
+std::string formatText(const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    va_list again;
+    va_copy(again, args);
+    const int length = std::vsnprintf(nullptr, 0, format, args);
+    va_end(args);
+    std::string text(length > 0 ? static_cast<std::size_t>(length) : 0, '\0');
+    if (length > 0) std::vsnprintf(&text[0], text.size() + 1, format, again);
+    va_end(again);
+    return text;
+}
+
+// VRML field type names in the order of their tokens, SFBOOL (271) first.
+struct TypeName {
+    const char* name;
+    int token;
+};
+constexpr TypeName kFieldTypes[] = {
+    {"SFBool", SFBOOL},         {"SFColor", SFCOLOR},     {"SFFloat", SFFLOAT},
+    {"SFImage", SFIMAGE},       {"SFInt32", SFINT32},     {"SFNode", SFNODE},
+    {"SFRotation", SFROTATION}, {"SFString", SFSTRING},   {"SFTime", SFTIME},
+    {"SFVec2f", SFVEC2F},       {"SFVec3f", SFVEC3F},     {"MFColor", MFCOLOR},
+    {"MFFloat", MFFLOAT},       {"MFInt32", MFINT32},     {"MFNode", MFNODE},
+    {"MFRotation", MFROTATION}, {"MFString", MFSTRING},   {"MFTime", MFTIME},
+    {"MFVec2f", MFVEC2F},       {"MFVec3f", MFVEC3F},
+};
+
+}  // namespace
+
+int znParser::call_yylex(void* lvalue) { return lexer->yylex(lvalue); }
+
+void znParser::yyerror(const char* message) {
+    const char* text = lexer->YYText();
+    const std::string scanned = text != nullptr ? std::string(text).substr(0, kErrorTextLength) : std::string();
+    znAlert(formatText(kErrorReport, currentFilename.c_str(), currentLine, message, scanned.c_str()).c_str());
+    expectToken = 0;
+}
+
+void znParser::expect(int token) { expectToken = token; }
+
+int znParser::fieldType(const char* type) {
+    if (type != nullptr) {
+        for (const TypeName& t : kFieldTypes) {
+            if (std::strcmp(type, t.name) == 0) return t.token;
+        }
+    }
+    znAlert(formatText(kIllegalFieldType, type != nullptr ? type : "NULL").c_str());
+    return 0;
+}
+
+const char* znParser::makeDefName(const char* name, int number, char kind) {
+    defNameBuffer = formatText("%c%05d+%s", kind, number, name);
+    return defNameBuffer.c_str();
+}
+
+int znParser::setDefName(const char* name) {
+    int number = 0;
+    auto found = defCounters.find(name);
+    if (found != defCounters.end()) {
+        number = found->second + 1;
+        defCounters.erase(found);
+    }
+    if (!defCounters.emplace(name, number).second) znAlert(formatText(kDefNameFailed, name).c_str());
+    return number;
+}
+
+const char* znParser::getDefName(const char* name) {
+    auto found = defCounters.find(name);
+    if (found != defCounters.end()) return makeDefName(name, found->second, 'u');
+    znAlert(formatText(kUseNameFailed, name).c_str());
+    return name;
+}
+
+int& znParser::fieldNestingCount() {
+    int level = protoDepth;
+    if (level < 0) level = 0;
+    if (level >= kMaxProtoDepth) level = kMaxProtoDepth - 1;
+    return fieldNesting[level];
+}
+
+void znParser::beginExternProto(const char* name, const char* urlList) {
+    if (externProtoDepth >= kMaxExternDepth) {
+        znAlert(formatText(kExternProtoTooDeep, kMaxExternDepth).c_str());
+        return;
+    }
+    externProtoDepth++;
+    extProtoInfo& info = externInfo[externProtoDepth];
+    // Each text between a pair of double quotes is one URL.
+    info.urls.clear();
+    for (const char* p = urlList != nullptr ? std::strchr(urlList, '"') : nullptr; p != nullptr;) {
+        const char* end = std::strchr(p + 1, '"');
+        if (end == nullptr) break;
+        info.urls.push_back(znCopyText(std::string(p + 1, end).c_str()));
+        p = std::strchr(end + 1, '"');
+    }
+    info.urlIndex = 0;
+    // An EXTERNPROTO that stands in for the PROTO sought keeps the outer name.
+    const extProtoInfo& outer = externInfo[externProtoDepth - 1];
+    const bool standIn = externProtoDepth >= 2 && outer.wanted == 1;
+    info.name = znCopyText(standIn ? outer.name : name);
+    info.wanted = 0;
+    info.created = 0;
+    info.savedFilename = znCopyText(currentFilename.c_str());
+    info.savedLine = currentLine;
+    lexer->push_buffer();
+}
+
+void znParser::endExternProto() {
+    if (externProtoDepth <= 0) return;
+    lexer->pop_buffer();
+    extProtoInfo& info = externInfo[externProtoDepth];
+    currentFilename = info.savedFilename != nullptr ? info.savedFilename : "";
+    std::free(info.savedFilename);
+    info.savedFilename = nullptr;
+    currentLine = info.savedLine;
+    std::free(info.name);
+    info.name = nullptr;
+    std::free(info.fragment);
+    info.fragment = nullptr;
+    for (const char* url : info.urls) std::free(const_cast<char*>(url));
+    info.urls.clear();
+    info.urlIndex = 0;
+    externProtoDepth--;
+}
