@@ -1,11 +1,322 @@
 #include "browser/zn_browser_intern.h"
 
-// The world tables, the database and the frame arrive with the browser core;
-// until then a load records nothing and a frame does nothing.
-znBrowserIntern::znBrowserIntern(ZN* sys) : system(sys) {}
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
+#include "browser/browser_messages.h"
+#include "database/zn_database.h"
+#include "fields/all.h"
+#include "fields/zn_exception.h"
+#include "loader/zn_interfaces.h"
+#include "nodes/zn_node.h"
+#include "nodes/zn_nodetype.h"
+#include "scripts/zn_scriptinterface.h"
+
+namespace {
+// Where the plain name starts in a stored node name.
+constexpr int kPlainNameOffset = 7;
+
+// The number behind the last "_" of `name`, when one can be read and it is
+// at least 1; the stem then ends at `*stemEnd`.
+bool numberedSuffix(const char* name, int* number, size_t* stemEnd) {
+    const char* underscore = std::strrchr(name, '_');
+    if (!underscore) return false;
+    char* end = nullptr;
+    errno = 0;
+    long n = std::strtol(underscore + 1, &end, 10);
+    if (end == underscore + 1 || errno == ERANGE || n < 1 || n > 1000000000L) return false;
+    *number = static_cast<int>(n);
+    *stemEnd = static_cast<size_t>(underscore - name);
+    return true;
+}
+
+std::string formatted(const char* format, const std::string& stem, int n) {
+    char buffer[512];
+    std::snprintf(buffer, sizeof buffer, format, stem.c_str(), n);
+    return buffer;
+}
+}  // namespace
+
+znBrowserIntern::znBrowserIntern(ZN* sys)
+    : worldURL(nullptr), description(nullptr), worldLoaded(0), unresolvedReference(0),
+      urlFilter(nullptr), database(nullptr), addingType(0), urlPending(0), urlInterface(nullptr),
+      system(sys), znType(-1), clockStarted(0), currentTime(0.0), frameRate(0.0),
+      simManager(nullptr), eventIndexCounter(0) {
+    database = new znDatabaseStandIn();
+}
+
+znBrowserIntern::~znBrowserIntern() {
+    clearAll();
+    delete database;
+    for (auto& entry : types) delete entry.second;
+    types.clear();
+    while (!resolveStack.empty()) {
+        delete resolveStack.top();
+        resolveStack.pop();
+    }
+    for (const char* url : pendingURLs) std::free(const_cast<char*>(url));
+}
+
+const char* znBrowserIntern::getName() { return kBrowserName; }
+const char* znBrowserIntern::getVersion() { return kBrowserVersion; }
+
+// --- Runtime world changes and the frame arrive with their own work; until
+// then they leave the world as it is. ------------------------------------------
+
+void znBrowserIntern::replaceWorld(std::vector<BaseNode>) {}
+void znBrowserIntern::replaceWorld(BaseNode*, int) {}
+std::vector<BaseNode>* znBrowserIntern::createVrmlFromString(const char*) { return new std::vector<BaseNode>; }
+int znBrowserIntern::createVrmlFromString(const char*, BaseNode** out) {
+    if (out) *out = nullptr;
+    return 0;
+}
+void znBrowserIntern::createVrmlFromURL(std::vector<const char*>&, BaseNode&, const char*) {}
+void znBrowserIntern::createVrmlFromURL(const char**, BaseNode&, const char*) {}
+void znBrowserIntern::addRoute(BaseNode&, const char*, BaseNode&, const char*) {}
+void znBrowserIntern::deleteRoute(BaseNode&, const char*, BaseNode&, const char*) {}
 int znBrowserIntern::loadURL(std::vector<const char*>&, std::vector<const char*>&) { return 0; }
-
+int znBrowserIntern::loadURL(const char**, const char**) { return 0; }
 void znBrowserIntern::executeFrame(double) {}
+void znBrowserIntern::executeLoop() {}
+int znBrowserIntern::writeURL(char*) { return 0; }
+void znBrowserIntern::resetTime() {}
+void znBrowserIntern::getRoutes(std::vector<char*>&) {}
+void znBrowserIntern::postEventIn(int, Field&, double) {}
+void znBrowserIntern::postEventOut(int, Field&, double) {}
 
-int znBrowserIntern::init() { return 1; }
+void znBrowserIntern::setDescription(const char* text) {
+    std::free(description);
+    description = text ? strdup(text) : nullptr;
+}
+
+int znBrowserIntern::addSimManager(znSimManager* manager) {
+    simManager = manager;
+    return 0;
+}
+
+int znBrowserIntern::nextEventIndex() { return eventIndexCounter++; }
+
+int znBrowserIntern::setURLInterface(zn_URL* url) {
+    urlInterface = url;
+    return 0;
+}
+
+int znBrowserIntern::addUrlFilter(znUrlFilter filter) {
+    urlFilter = filter;
+    return 0;
+}
+
+int znBrowserIntern::init() {
+    database->ParseSystem(urlInterface);
+    return 1;
+}
+
+// --- Reading a world -------------------------------------------------------------
+
+const char* znBrowserIntern::readURL(std::vector<const char*>& urls, int mode) {
+    const char* read = nullptr;
+    if (mode == 2 || mode == 3) {
+        read = database->LoadURL(urls);
+        if (!read) throw InvalidVRMLSyntaxException(kCantAddToWorld);
+    } else {
+        clearAll();
+        database->cleanupDatabase();
+        read = database->LoadURL(urls);
+        if (!read) {
+            clearAll();
+            throw InvalidVRMLSyntaxException(kCouldntLoadURL);
+        }
+    }
+    if (mode == 2) {
+        initializeNewNodes();
+        return read;
+    }
+    updateScene();
+    std::free(worldURL);
+    worldURL = strdup(read);
+    worldLoaded = 1;
+    currentTime = -1.0;
+    return read;
+}
+
+const char* znBrowserIntern::readURL(const char** urls, int mode) {
+    std::vector<const char*> list;
+    for (; urls && *urls; ++urls) list.push_back(*urls);
+    return readURL(list, mode);
+}
+
+void znBrowserIntern::updateScene() {
+    initializeNewNodes();
+    if (!topLevel.empty()) {
+        SFTime time(-1.0);
+        for (int nodeID : topLevel) {
+            auto found = nodes.find(nodeID);
+            if (found != nodes.end() && found->second) found->second->action(time, 2, nullptr);
+        }
+    }
+}
+
+void znBrowserIntern::initializeNewNodes() {
+    while (!resolveStack.empty()) {
+        ResolveStackElem* element = resolveStack.top();
+        resolveStack.pop();
+        znField* f = element->field;
+        if (f && f->getFieldType() == SFNodeType) {
+            BaseNode value;
+            vrml2data(&value, SFNodeType, element->value);
+            if (auto* single = dynamic_cast<znSFNode*>(f)) single->setValue(value);
+        } else if (f && f->getFieldType() == MFNodeType) {
+            std::vector<BaseNode> value;
+            vrml2data(&value, MFNodeType, element->value);
+            if (auto* list = dynamic_cast<znMFNode*>(f)) list->setValue(value);
+        }
+        delete element;
+    }
+    SFTime time(-1.0);
+    // Initialising a node may create more nodes: the loop takes them in.
+    for (auto it = newNodes.begin(); it != newNodes.end(); ++it) {
+        znNode* node = *it;
+        if (!node->isDirty()) {
+            node->initialize();
+            node->makeDirty();
+        }
+        if (node->isSensor()) node->action(time, 0, nullptr);
+    }
+    newNodes.clear();
+}
+
+void znBrowserIntern::pushUnresolved(znField* f, const char* text) {
+    auto* element = new ResolveStackElem;
+    element->field = f;
+    const char* value = text ? text : "";
+    if (std::strlen(value) >= sizeof element->value) {
+        char message[512];
+        std::snprintf(message, sizeof message, kReferenceCut,
+                      static_cast<int>(sizeof element->value - 1), value);
+        znMessage(message);
+    }
+    std::snprintf(element->value, sizeof element->value, "%s", value);
+    resolveStack.push(element);
+}
+
+void znBrowserIntern::clearNodeTables() {
+    for (auto& entry : nodes) delete entry.second;
+    nodes.clear();
+    newNodes.clear();
+}
+
+void znBrowserIntern::clearAll() {
+    std::free(worldURL);
+    worldURL = nullptr;
+    std::free(description);
+    description = nullptr;
+    database->DeleteDatabase();
+    clearNodeTables();
+    for (auto it = types.begin(); it != types.end();) {
+        znNodeType* type = it->second;
+        if (type && type->getInterface()) type->getInterface()->clearNodes();
+        if (type && type->getSystemProto() == 1) {
+            ++it;
+            continue;
+        }
+        if (type) typeIDs.erase(type->getType());
+        delete type;
+        it = types.erase(it);
+    }
+    nodeIDs.clear();
+    topLevel.clear();
+    worldLoaded = 0;
+    clockStarted = 0;
+    currentTime = 0.0;
+}
+
+// --- Tables ------------------------------------------------------------------------
+
+void znBrowserIntern::enterType(znNodeType* type) {
+    if (!type) return;
+    types[type->getID()] = type;
+    typeIDs[type->getType()] = type->getID();
+}
+
+void znBrowserIntern::enterNode(znNode* node) {
+    if (!node) return;
+    nodes[node->getID()] = node;
+    const char* name = node->getName();
+    if (name[0]) nodeIDs[name + 1] = node->getID();
+    newNodes.push_back(node);
+}
+
+int znBrowserIntern::getTypeID(const char* name) {
+    if (!name) return 0;
+    auto found = typeIDs.find(name);
+    return found != typeIDs.end() ? found->second : 0;
+}
+
+znNodeType* znBrowserIntern::getType(int id) {
+    auto found = types.find(id);
+    if (id == 0 || found == types.end() || !found->second)
+        znThrow<znInvalidNodeTypeIDException>(kInvalidTypeID, id);
+    return found->second;
+}
+
+znNode* znBrowserIntern::getNode(int id) {
+    auto found = nodes.find(id);
+    if (id == 0 || found == nodes.end() || !found->second)
+        znThrow<znInvalidNodeIDException>(kInvalidNodeID, id);
+    return found->second;
+}
+
+int znBrowserIntern::getNodeID(const char* name) {
+    if (!name || !*name) return 0;
+    auto found = nodeIDs.find(name + 1);
+    if (found != nodeIDs.end()) return found->second;
+    int n = 0;
+    size_t stemEnd = 0;
+    if (numberedSuffix(name, &n, &stemEnd)) {
+        std::string stem(name, stemEnd);
+        // name_3 falls back to name_2, to name_1, to name.
+        if (n == 1) return getNodeID(stem.c_str());
+        return getNodeID(formatted(kNumberedName, stem, n - 1).c_str());
+    }
+    if (addingType) return 0;
+    char message[512];
+    std::snprintf(message, sizeof message, kCantFindNodeID,
+                  std::strlen(name) > kPlainNameOffset ? name + kPlainNameOffset : "");
+    znMessage(message);
+    return 0;
+}
+
+Node* znBrowserIntern::getNode(const char* name) {
+    const char* plain = name ? name : "";
+    char key[512];
+    std::snprintf(key, sizeof key, kFirstDefinitionKey, plain);
+    auto found = nodeIDs.find(key);
+    if (found == nodeIDs.end()) {
+        int n = 0;
+        size_t stemEnd = 0;
+        if (!numberedSuffix(plain, &n, &stemEnd))
+            znThrow<znInvalidNodeNameException>(kInvalidNodeName, plain);
+        std::string stem(plain, stemEnd);
+        if (n - 1 == 0) return getNode(stem.c_str());
+        return getNode(formatted(kNumberedName, stem, n - 1).c_str());
+    }
+    if (found->second == 0) znThrow<znInvalidNodeIDException>(kInvalidNodeIDForName, plain, 0);
+    auto node = nodes.find(found->second);
+    return node != nodes.end() ? node->second : nullptr;
+}
+
+Node* znBrowserIntern::getNode(const char* name, Node** out) {
+    Node* node = getNode(name);
+    if (out) *out = node;
+    return node;
+}
+
+void znBrowserIntern::addToToplevelList(const char* name) {
+    if (int nodeID = getNodeID(name)) topLevel.push_back(nodeID);
+}
+
+void znBrowserIntern::addTopLevel(BaseNode&) {}
+
+void znBrowserIntern::removeTopLevel(BaseNode& node) { getNode(node.getID())->setToplevel(3); }

@@ -2,22 +2,142 @@
 #ifndef ZN_BROWSER_INTERN_H
 #define ZN_BROWSER_INTERN_H
 
+#include <list>
+#include <map>
+#include <stack>
+#include <string>
+#include <vector>
+
 #include "browser/zn_browser.h"
+#include "fields/zn_array.h"
+
+class znNodeType;
+class znNode;
+class znField;
+class znDatabase;
+
+// A node-valued field whose text named a node that did not exist yet.
+struct ResolveStackElem {
+    znField* field;  // borrowed
+    char value[80];
+};
 
 class znBrowserIntern : public znBrowser {
 public:
     explicit znBrowserIntern(ZN* system);
 
+    const char* getName() override;
+    const char* getVersion() override;
+    float getCurrentSpeed() override { return 0.0f; }
+    float getCurrentFrameRate() override { return static_cast<float>(frameRate); }
+    const char* getWorldURL() override { return worldURL; }
+    void replaceWorld(std::vector<BaseNode> nodes) override;
+    void replaceWorld(BaseNode* nodes, int count) override;
+    std::vector<BaseNode>* createVrmlFromString(const char* text) override;
+    int createVrmlFromString(const char* text, BaseNode** out) override;
+    void createVrmlFromURL(std::vector<const char*>& urls, BaseNode& node, const char* eventIn) override;
+    void createVrmlFromURL(const char** urls, BaseNode& node, const char* eventIn) override;
+    void addRoute(BaseNode& from, const char* eventOut, BaseNode& to, const char* eventIn) override;
+    void deleteRoute(BaseNode& from, const char* eventOut, BaseNode& to, const char* eventIn) override;
     int loadURL(std::vector<const char*>& urls, std::vector<const char*>& parameters) override;
+    int loadURL(const char** urls, const char** parameters) override;
+    void setDescription(const char* text) override;
+    ~znBrowserIntern() override;
     void executeFrame(double time) override;
+    void executeLoop() override;
+    const char* readURL(std::vector<const char*>& urls, int mode) override;
+    const char* readURL(const char** urls, int mode) override;
+    int writeURL(char* file) override;
+    double getTime() override { return currentTime; }
+    void resetTime() override;
+    int addSimManager(znSimManager* manager) override;
     int init() override;
+    Node* getNode(const char* name) override;
+    Node* getNode(const char* name, Node** out) override;
+    void addTopLevel(BaseNode& node) override;
+    void removeTopLevel(BaseNode& node) override;
+    zn_URL* getURLInterface() override { return urlInterface; }
+    int setURLInterface(zn_URL* url) override;
     ZN* getZN() override { return system; }
+    void setZN(ZN* s) override { system = s; }
+    int addUrlFilter(znUrlFilter filter) override;
+    void getRoutes(std::vector<char*>& out) override;
+    znDatabase* getDatabase() override { return database; }
+    void clearAll() override;
+    void updateScene() override;
     void registerZNType(int type) override { znType = type; }
     int ZNType() override { return znType; }
 
+    void postEventIn(int index, Field& value, double time) override;
+    void postEventOut(int index, Field& value, double time) override;
+    int nextEventIndex() override;
+    void vrml2data(void* data, FieldType type, const char* text) override;
+    void data2vrml(void* data, FieldType type, char* out) override;
+
+    // Tables of the world.
+    int getTypeID(const char* name);
+    // `name` is in stored form (kind letter, five digits, "+", name).
+    int getNodeID(const char* name);
+    znNodeType* getType(int id);
+    znNode* getNode(int id);
+    void initializeNewNodes();
+    void addToToplevelList(const char* name);
+
+    // Entering objects into the tables; the creation of types and nodes
+    // from declarations goes through these.
+    void enterType(znNodeType* type);
+    void enterNode(znNode* node);
+    // Remembers a node-valued field to fill once every node exists. A text
+    // longer than the element holds is cut and reported.
+    void pushUnresolved(znField* field, const char* text);
+    int isUnresolvedReference() const { return unresolvedReference; }
+    void clearUnresolvedReference() { unresolvedReference = 0; }
+    void setAddingType(int value) { addingType = value; }
+    const std::list<int>& getTopLevel() const { return topLevel; }
+    const std::list<znNode*>& getNewNodes() const { return newNodes; }
+
+    // Text conversion helpers.
+    void lfvrml2data(_znArray<float>& array, int count, const char* text);
+    void lfdata2vrml(_znArray<float>& array, int count, char* out);
+
 private:
-    ZN* system;      // back pointer to the system object
-    int znType = -1;
+    void clearNodeTables();
+
+    char* worldURL;      // owning, strdup
+    char* description;   // owning, strdup
+    int worldLoaded;
+    std::map<std::string, int> typeIDs;
+    std::map<std::string, int> nodeIDs;
+    std::map<int, znNodeType*> types;  // owning
+    std::map<int, znNode*> nodes;      // owning
+    std::list<znNode*> newNodes;       // borrowed from `nodes`
+    int unresolvedReference;
+    std::stack<ResolveStackElem*> resolveStack;  // owning
+    znUrlFilter urlFilter;
+    znDatabase* database;  // owning
+    int addingType;
+    int urlPending;
+    std::list<const char*> pendingURLs;  // owning, strdup
+    zn_URL* urlInterface;      // borrowed: never destroyed by the browser
+    ZN* system;                // back pointer
+    int znType;
+    int clockStarted;
+    double currentTime;
+    double frameRate;
+    znSimManager* simManager;  // borrowed: never destroyed by the browser
+    std::list<int> topLevel;
+    // Hands out event indexes while no simulation manager counts them.
+    int eventIndexCounter;
 };
+
+// Free helpers of the text conversion.
+int nodigits(const char* text);
+char* stringtok(char* text, const char* delimiters);
+char* sz_strtok_r(int count, char* text, const char* delimiters, char** state);
+template <class T>
+void mvrml2data(znBrowserIntern* browser, std::vector<T>& list, FieldType elementType, const char* text);
+template <class T>
+void mdata2vrml(znBrowserIntern* browser, std::vector<T>& list, FieldType elementType, char* out);
+void mvrml2string(std::vector<std::string>& list, const char* text);
 
 #endif

@@ -7,3 +7,5 @@ znScriptInterfaces::znScriptInterfaces(ZN* sys) : system(sys) {}
 int znScriptInterfaces::add(znInterfaceFn, const char*, const char*, znExecFn, znNodeConstFn, int) {
     return 1;
 }
+
+int znScriptInterfaces::isEnabled(int) { return -1; }

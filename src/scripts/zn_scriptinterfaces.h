@@ -19,6 +19,9 @@ public:
     explicit znScriptInterfaces(ZN* system);
     int add(znInterfaceFn fn, const char* extension, const char* prefix, znExecFn exec,
             znNodeConstFn nodeConst, int enabled);
+    // The flag of a language ID; -1 for an ID that is not known, so that an
+    // unknown language counts as enabled where the answer is only tested.
+    int isEnabled(int id);
 
 private:
     ZN* system;  // back pointer

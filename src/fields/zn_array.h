@@ -1,0 +1,83 @@
+// _znArray, the owning pointer-and-count array of colours, vectors and
+// rotations, and the out-of-memory rule of the container layer.
+#ifndef ZN_ARRAY_H
+#define ZN_ARRAY_H
+
+#include <algorithm>
+#include <new>
+
+// Writes "out of memory" to the error stream and ends the process with
+// status 1. Exhausted memory in a container is not recoverable.
+[[noreturn]] void znOutOfMemory();
+
+// While alive, a failed allocation anywhere (vector growth included) ends in
+// znOutOfMemory instead of an exception. The host's handler comes back after.
+class znMemoryGuard {
+public:
+    znMemoryGuard() : previous(std::set_new_handler(handler)) {}
+    ~znMemoryGuard() { std::set_new_handler(previous); }
+    znMemoryGuard(const znMemoryGuard&) = delete;
+    znMemoryGuard& operator=(const znMemoryGuard&) = delete;
+
+private:
+    static void handler() { znOutOfMemory(); }
+    std::new_handler previous;
+};
+
+// Allocates `n` elements or ends the process.
+template <class T>
+T* znAllocate(int n) {
+    T* p = new (std::nothrow) T[n > 0 ? n : 1]();
+    if (!p) znOutOfMemory();
+    return p;
+}
+
+template <class T>
+class _znArray {
+public:
+    _znArray() = default;
+    explicit _znArray(int n) : data(n > 0 ? znAllocate<T>(n) : nullptr), count(n > 0 ? n : 0) {}
+    _znArray(const T* values, int n) : _znArray(n) { std::copy(values, values + count, data); }
+    _znArray(const _znArray& other) : _znArray(other.data, other.count) {}
+    _znArray(_znArray&& other) noexcept : data(other.data), count(other.count) {
+        other.data = nullptr;
+        other.count = 0;
+    }
+    ~_znArray() { delete[] data; }
+
+    // The storage grows only when the source holds more than the count seen
+    // so far; otherwise the count is just taken over. A colour can so carry
+    // any count: callers rely on that tolerance.
+    _znArray& operator=(const _znArray& other) {
+        if (this == &other) return *this;
+        resize(other.count);
+        std::copy(other.data, other.data + other.count, data);
+        return *this;
+    }
+    _znArray& operator=(_znArray&& other) noexcept {
+        std::swap(data, other.data);
+        std::swap(count, other.count);
+        return *this;
+    }
+
+    // Makes the count `n`, replacing the storage only when the current count
+    // is smaller. New storage starts zeroed.
+    void resize(int n) {
+        if (n < 0) n = 0;
+        if (count < n) {
+            T* fresh = znAllocate<T>(n);
+            delete[] data;
+            data = fresh;
+        }
+        count = n;
+    }
+
+    int size() const { return count; }
+    T& operator[](int i) { return data[i]; }
+    const T& operator[](int i) const { return data[i]; }
+
+    T* data = nullptr;  // owning
+    int count = 0;
+};
+
+#endif

@@ -1,0 +1,302 @@
+#include "nodes/zn_node.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ostream>
+#include <set>
+
+#include "browser/zn_browser.h"
+#include "fields/zn_exception.h"
+#include "fields/zn_values.h"
+#include "loader/zn.h"
+#include "loader/zn_interfaces.h"
+#include "nodes/node_messages.h"
+#include "nodes/zn_nodetype.h"
+#include "scripts/zn_scriptinterfaces.h"
+
+namespace {
+// The language ID of compiled scripts.
+constexpr int kCompiledScripts = 1;
+// A stored node name: kind letter, five digits and "+" come first.
+constexpr int kPlainNameOffset = 7;
+}  // namespace
+
+znNode::znNode(int nodeID, const char* nodeName, znNodeType* type, Browser* b)
+    : browser(b), nodeType(type), id(nodeID), name{}, firstNode(nullptr), parent(nullptr),
+      firstNodeID(0), cppScript(nullptr), depth(0), toplevel(0), scriptInterfaces(nullptr),
+      urlBase(nullptr), dirty(0), scriptEnabled(0) {
+    if (!nodeName || !type || !b) {
+        znAlert(kNodeNeedsParts);
+        std::exit(1);
+    }
+    if (ZN* system = b->getZN()) scriptInterfaces = system->scriptInterfaces;
+    scriptEnabled = scriptInterfaces ? scriptInterfaces->isEnabled(type->getScriptID()) : 1;
+    type->setPaused(0);
+    std::snprintf(name, sizeof name, "%s", nodeName);
+    internal = new znInternal(b, this);
+}
+
+znNode::~znNode() {
+    shutdown();
+    // A hole not yet filled repeats a pointer: each field goes once.
+    std::set<znField*> destroyed;
+    for (znField* f : fields)
+        if (f && destroyed.insert(f).second) delete f;
+    std::free(parent);
+    std::free(urlBase);
+}
+
+// --- Name lookups ------------------------------------------------------------
+
+namespace {
+template <class E>
+Field* lookupOrThrow(znNode& node, const char* name, const char* format) {
+    try {
+        return node.getData(name);
+    } catch (Exception&) {
+        znThrow<E>(format, name ? name : "");
+    }
+}
+}  // namespace
+
+Field* znNode::getEventIn(const char* n) { return lookupOrThrow<InvalidEventInException>(*this, n, kInvalidEventInName); }
+Field* znNode::getEventIn(const char* n, Field** out) { return getData(n, out); }
+Field* znNode::getEventOut(const char* n) { return lookupOrThrow<InvalidEventOutException>(*this, n, kInvalidEventOutName); }
+Field* znNode::getEventOut(const char* n, Field** out) { return getData(n, out); }
+Field* znNode::getExposedField(const char* n) {
+    return lookupOrThrow<InvalidExposedFieldException>(*this, n, kInvalidExposedFieldName);
+}
+Field* znNode::getExposedField(const char* n, Field** out) { return getData(n, out); }
+Field* znNode::getField(const char* n) { return lookupOrThrow<InvalidFieldException>(*this, n, kInvalidFieldName); }
+Field* znNode::getField(const char* n, Field** out) { return getData(n, out); }
+
+// --- Behaviour -----------------------------------------------------------------
+
+Builtin* znNode::getCPPScript() {
+    if (scriptInterfaces && !scriptInterfaces->isEnabled(kCompiledScripts)) return nullptr;
+    if (nodeType->isPaused()) return nullptr;
+    if (cppScript) return cppScript;
+    if (firstNode) return nullptr;
+    cppScript = nodeType->getCPPScript(*this);
+    return cppScript;
+}
+
+int znNode::action(SFTime& time, int mode, void* data) {
+    Builtin* script = getCPPScript();
+    if (!script) {
+        if (firstNode) return firstNode->action(time, mode, data);
+        return nodeType->action(*this, time, mode, data);
+    }
+    return scriptEnabled ? script->action(time, mode, data) : 0;
+}
+
+const char* znNode::getName(znInternal*) { return name; }
+
+void znNode::eventsProcessed() { nodeType->eventsProcessed(*this); }
+void znNode::shutdown() { nodeType->shutdown(*this); }
+void znNode::pause(int n) { nodeType->pause(*this, n); }
+void znNode::resume(int n) { nodeType->resume(*this, n); }
+void znNode::save(int n) { nodeType->save(*this, n); }
+void znNode::restore(int n) { nodeType->restore(*this, n); }
+void znNode::requestInfo(std::vector<int>& out) { nodeType->requestInfo(*this, out); }
+
+void znNode::processEvents(int count, Event** events) {
+    if (Builtin* script = getCPPScript())
+        script->processEvents(count, events);
+    else
+        nodeType->processEvents(*this, count, events);
+}
+
+void znNode::processEvent(Event& event) {
+    if (Builtin* script = getCPPScript())
+        script->processEvent(event);
+    else
+        nodeType->processEvent(*this, event);
+}
+
+int znNode::initialize() {
+    makeDirty();
+    return nodeType->initialize(*this);
+}
+
+// --- Identity ------------------------------------------------------------------
+
+const char* znNode::getType() { return nodeType->getType(); }
+
+Browser* znNode::getBrowser(Browser** out) {
+    if (out) *out = browser;
+    return browser;
+}
+
+int znNode::setDepth(int d) {
+    depth = d;
+    return 1;
+}
+
+void znNode::setParent(const char* parentName) {
+    if (!parentName) return;
+    std::free(parent);
+    parent = strdup(parentName);
+}
+
+void znNode::setUrlBase(const char* base) {
+    if (!base) return;
+    std::free(urlBase);
+    urlBase = strdup(base);
+}
+
+int znNode::isSensor() { return nodeType->isSensor(); }
+
+int znNode::setToplevel(int value) {
+    toplevel = value;
+    return 0;
+}
+
+// --- Fields --------------------------------------------------------------------
+
+int znNode::enter(const char* fieldName, znField* f, const char* failure) {
+    int index = addData(fieldName, f);
+    if (index != -1) return index;
+    znMessage(failure);
+    delete f;
+    return -1;
+}
+
+int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags,
+                    const char* value) {
+    znField* f = znField::newField(browser, this, type, kind, flags, value, nullptr);
+    if (!f) return -1;
+    char message[512];
+    std::snprintf(message, sizeof message, kCantAddData, value ? value : "");
+    return enter(fieldName, f, message);
+}
+
+int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags,
+                    int eventIndex) {
+    znField* f = znField::newField(browser, this, type, kind, flags, nullptr, nullptr);
+    if (!f) return -1;
+    f->setEventIndex(eventIndex);
+    char message[512];
+    std::snprintf(message, sizeof message, kCantAddData, "");
+    return enter(fieldName, f, message);
+}
+
+int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags,
+                    std::vector<znField*>* remote, int eventIndex) {
+    znField* f = nullptr;
+    if (eventIndex != -1) {
+        // An eventIn: the inner fields pass their events out through this one.
+        f = znField::newField(browser, this, type, kind, flags, nullptr, nullptr);
+        if (!f) return -1;
+        f->setEventIndex(eventIndex);
+        std::vector<znField*> self{f};
+        if (remote)
+            for (znField* inner : *remote)
+                if (inner) inner->addRemoteData(&self);
+    } else {
+        f = znField::newField(browser, this, type, kind, flags, nullptr, remote);
+        if (!f) return -1;
+        // Only the first index that is set takes: the field posts under the
+        // first real field's index.
+        if (remote)
+            for (znField* real : *remote)
+                if (real) f->setEventIndex(real->getEventIndex());
+    }
+    return enter(fieldName, f, kCantAddReference);
+}
+
+int znNode::addData(const char* fieldName, znField* f) {
+    int index = getDataID(fieldName);
+    if (index == -1 || !f) return -1;
+    if (index >= static_cast<int>(fields.size())) {
+        znMemoryGuard guard;
+        fields.reserve(static_cast<size_t>(index) + 1);
+        while (static_cast<int>(fields.size()) <= index) fields.push_back(f);
+    }
+    fields[index] = f;
+    return index;
+}
+
+int znNode::removeData(int index) {
+    if (index + 1 != static_cast<int>(fields.size())) return -1;
+    fields.pop_back();
+    return index;
+}
+
+Field* znNode::getData(int index) {
+    if (index < 0 || index >= static_cast<int>(fields.size()) || !fields[index])
+        znThrow<Exception>(kInvalidFieldID, index);
+    // The script-facing side of the field: its value class.
+    return fields[index]->toField();
+}
+
+Field* znNode::getData(int index, Field** out) {
+    Field* result = nullptr;
+    if (index >= 0 && index < static_cast<int>(fields.size()) && fields[index])
+        result = fields[index]->toField();
+    if (out) *out = result;
+    return result;
+}
+
+Field* znNode::getData(const char* fieldName) { return getData(getDataID(fieldName)); }
+
+Field* znNode::getData(const char* fieldName, Field** out) { return getData(getDataID(fieldName), out); }
+
+int znNode::getDataID(const char* fieldName) { return nodeType->getDataID(fieldName); }
+
+// --- Output --------------------------------------------------------------------
+
+void znNode::print(std::ostream& os) {
+    os << "\n" << nodeType->indent();
+    if (name[0] == 'u') {
+        os << "USE " << (name + kPlainNameOffset);
+    } else {
+        if (name[0] == 'd') os << "DEF " << (name + kPlainNameOffset) << "  ";
+        os << nodeType->getType();
+    }
+    os << " {" << "\n";
+    for (size_t i = 0; i < fields.size(); ++i) {
+        znField* f = fields[i];
+        if (!f) continue;
+        const char* entry = nodeType->getDataName(static_cast<int>(i));
+        if (!entry) entry = "";
+        std::vector<char*> isNames;
+        f->getISNames(&isNames);
+        for (auto it = isNames.rbegin(); it != isNames.rend(); ++it) {
+            if (!f->getFlags().exposed() || f->getDataType() == field)
+                os << nodeType->indent() << "  " << entry << "\t" << "IS " << *it << "\n";
+            std::free(*it);
+        }
+        if (f->getDataType() != field || !f->getFlags().valueSet()) continue;
+        os << nodeType->indent() << "  " << entry << "\t";
+        if (f->getFieldType() == SFNodeType) {
+            nodeType->raiseDepth();
+            auto* single = dynamic_cast<SFNode*>(f);
+            BaseNode value = single ? single->getValue() : BaseNode();
+            if (znNode* child = value.handleNode())
+                child->print(os);
+            else
+                os << "NULL\n";
+            nodeType->lowerDepth();
+        } else if (f->getFieldType() == MFNodeType) {
+            os << "[ ";
+            nodeType->raiseDepth();
+            std::vector<Builtin*> children;
+            if (auto* list = dynamic_cast<MFNode*>(f)) Builtin::getBuiltin(*list, children);
+            for (size_t k = 0; k < children.size(); ++k) {
+                if (k > 0) os << nodeType->indent() << ",\n";
+                if (znNode* child = dynamic_cast<znNode*>(children[k]))
+                    child->print(os);
+                else
+                    os << "NULL\n";
+            }
+            nodeType->lowerDepth();
+            os << nodeType->indent() << "  ]\n";
+        } else {
+            os << *f << "\n";
+        }
+    }
+    os << nodeType->indent() << "}" << "\n";
+}

@@ -1,0 +1,119 @@
+// znNode: the runtime node behind every handle. Its behaviour comes from its
+// own script object or from its node type's interface.
+#ifndef ZN_NODE_H
+#define ZN_NODE_H
+
+#include <iosfwd>
+#include <vector>
+
+#include "fields/zn_field.h"
+#include "nodes/zn_vrml.h"
+
+class znNodeType;
+class znScriptInterfaces;
+
+// Life-cycle calls of a node that a script object may take over.
+class zn {
+public:
+    virtual void pause(int) {}
+    virtual void resume(int) {}
+    virtual void save(int) {}
+    virtual void restore(int) {}
+    virtual void requestInfo(std::vector<int>&) {}
+    virtual void info(std::vector<const char*>&) {}
+    virtual void processEvent(Event&) {}
+    virtual ~zn() = default;
+};
+
+class znNode : public Builtin, public zn {
+public:
+    // Ends the process when name, type or browser is missing.
+    znNode(int id, const char* name, znNodeType* type, Browser* browser);
+
+    Field* getEventIn(const char* name) override;
+    Field* getEventIn(const char* name, Field** out) override;
+    Field* getEventOut(const char* name) override;
+    Field* getEventOut(const char* name, Field** out) override;
+    Field* getExposedField(const char* name) override;
+    Field* getExposedField(const char* name, Field** out) override;
+    Builtin* getCPPScript() override;
+    int action(SFTime& time, int mode, void* data) override;
+    const char* getName(znInternal* pair) override;
+    ~znNode() override;
+    void eventsProcessed() override;
+    void shutdown() override;
+    void pause(int n) override;
+    void resume(int n) override;
+    void save(int n) override;
+    void restore(int n) override;
+    void requestInfo(std::vector<int>& out) override;
+    const char* getType() override;
+    Browser* getBrowser() override { return browser; }
+    Browser* getBrowser(Browser** out) override;
+    const char* getUrlBase() override { return urlBase; }
+    int isDirty() override { return dirty; }
+    void makeClean() override { dirty = 0; }
+    void makeDirty() override { dirty = 1; }
+    Field* getField(const char* name) override;
+    Field* getField(const char* name, Field** out) override;
+    void processEvents(int count, Event** events) override;
+    void processEvent(Event& event) override;
+
+    // Fields, indexed as in the node type.
+    int addData(const char* name, FieldType type, DataType kind, FieldFlags& flags, const char* value);
+    int addData(const char* name, FieldType type, DataType kind, FieldFlags& flags, int eventIndex);
+    int addData(const char* name, FieldType type, DataType kind, FieldFlags& flags,
+                std::vector<znField*>* remote, int eventIndex);
+    int addData(const char* name, znField* field);
+    // Only the last entry can go; the field is not destroyed.
+    int removeData(int index);
+    znField* getZnField(int index) { return fields[index]; }
+    Field* getData(int index);
+    Field* getData(int index, Field** out);
+    Field* getData(const char* name);
+    Field* getData(const char* name, Field** out);
+    int getDataID(const char* name);
+    int getFieldCount() const { return static_cast<int>(fields.size()); }
+
+    int getID() { return id; }
+    znNodeType* getNodeType() { return nodeType; }
+    const char* getName() { return name; }
+    int getDepth() { return depth; }
+    int setDepth(int d);
+    void setParent(const char* parentName);
+    const char* getParent() { return parent; }
+    void setUrlBase(const char* base);
+    int isSensor();
+    int isToplevel() { return toplevel; }
+    int setToplevel(int value);
+    void setFirstNode(znNode* node) { firstNode = node; }
+    znNode* getFirstNode() { return firstNode; }
+    void setFirstNodeID(int nodeID) { firstNodeID = nodeID; }
+    int getFirstNodeID() { return firstNodeID; }
+    void reset() { restore(0); }
+
+    int initialize();
+    void print(std::ostream& os);
+
+private:
+    // Enters `f` under `name`, or destroys it and reports `failure`.
+    int enter(const char* name, znField* f, const char* failure);
+
+    Browser* browser;        // borrowed
+    znNodeType* nodeType;    // borrowed
+    int id;
+    std::vector<znField*> fields;  // owning; a hole repeats a pointer until filled
+    char name[256];
+    znNode* firstNode;       // borrowed: first node of a PROTO body
+    char* parent;            // owning, strdup copy
+    int firstNodeID;
+    Builtin* cppScript;      // borrowed from the interface
+    int depth;
+    int toplevel;
+    znScriptInterfaces* scriptInterfaces;  // borrowed from the system object
+    char* urlBase;           // owning, strdup copy
+    int dirty;
+    int scriptEnabled;
+};
+
+#endif

@@ -1,0 +1,103 @@
+// znNodeType: the runtime description of one kind of node, with a default
+// value for every field and the script interface that gives it behaviour.
+#ifndef ZN_NODETYPE_H
+#define ZN_NODETYPE_H
+
+#include <iosfwd>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "fields/zn_field.h"
+
+class znScriptInterface;
+class znNode;
+class Event;
+class SFTime;
+class Builtin;
+
+class znNodeType {
+public:
+    // Ends the process when `name` is null. `urls` is the list of
+    // implementations tried in order; `initFn` is borrowed.
+    znNodeType(int id, const char* name, std::vector<const char*>& urls, Browser* browser,
+               int sensor, int toplevel, char* initFn);
+    ~znNodeType();
+    znNodeType(const znNodeType&) = delete;
+    znNodeType& operator=(const znNodeType&) = delete;
+
+    int addData(const char* name, FieldType type, DataType kind, FieldFlags& flags, const char* value);
+    // `x_changed` finds `x`; -1 for an unknown name.
+    int getDataID(const char* name);
+    const char* getDataName(int index);
+    znField* getZnField(int index) { return fields[index]; }
+    int getFieldCount() const { return static_cast<int>(fields.size()); }
+    Field* getData(int index);
+    Field* getData(int index, Field*);
+    Field* getData(const char* name);
+    Field* getData(const char* name, Field*);
+    Field* getEventIn(const char* name);
+    Field* getEventIn(const char* name, Field*);
+    Field* getEventOut(const char* name);
+    Field* getEventOut(const char* name, Field*);
+    Field* getField(const char* name);
+    Field* getField(const char* name, Field*);
+
+    int getID() { return id; }
+    const char* getType() { return name; }
+    Browser* getBrowser() { return browser; }
+    znScriptInterface* getInterface() { return interface; }
+    int isSensor() { return sensor; }
+    int isToplevel() { return toplevel; }
+    int getScriptID() { return scriptID; }
+    void setScriptID(int value) { scriptID = value; }
+    int getSystemProto() { return systemProto; }
+    void setSystemProto(int value) { systemProto = value; }
+    int isPaused() { return paused; }
+    void setPaused(int value) { paused = value; }
+    const char* getInitFn() { return initFn; }
+
+    // Output: a PROTO declaration, indented by this type's own depth.
+    void print(std::ostream& os);
+    const char* indent();
+    void raiseDepth() { ++depth; }
+    void lowerDepth() { --depth; }
+    // Tells the user once that nodes of this type do nothing here.
+    void printSupportMsg();
+
+    // Passed on to the interface; without one they do nothing.
+    int initialize(znNode& node);
+    void shutdown(znNode& node);
+    void eventsProcessed(znNode& node);
+    void processEvents(znNode& node, int count, Event** events);
+    void processEvent(znNode& node, Event& event);
+    int action(znNode& node, SFTime& time, int mode, void* data);
+    Builtin* getCPPScript(znNode& node);
+    void pause(znNode& node, int n);
+    void resume(znNode& node, int n);
+    void save(znNode& node, int n);
+    void restore(znNode& node, int n);
+    void requestInfo(znNode& node, std::vector<int>& out);
+
+    // Levels of indentation that `indent` provides.
+    static constexpr int kIndentLevels = 20;
+
+private:
+    std::map<std::string, int> dataIDs;
+    std::vector<znField*> fields;  // owning, in declaration order
+    int id;
+    int systemProto;
+    int sensor;
+    int toplevel;
+    int supportMsgShown;
+    znScriptInterface* interface;  // owning
+    Browser* browser;              // borrowed
+    char name[256];
+    int scriptID;
+    int depth;
+    int paused;
+    char indentBuffer[140];
+    char* initFn;  // borrowed
+};
+
+#endif

@@ -1,0 +1,49 @@
+// Every throw leaves its line on the error stream, also when caught.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "fields/zn_exception.h"
+
+using testing::internal::CaptureStderr;
+using testing::internal::GetCapturedStderr;
+
+TEST(ExceptionText, ConstructionWritesThrowingLine) {
+    CaptureStderr();
+    InvalidFieldException e("Invalid field name = foo");
+    EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Invalid field name = foo\n");
+    EXPECT_STREQ(e.text, "Invalid field name = foo");
+}
+
+TEST(ExceptionText, DefaultObjectHasNoTextAndWritesNothing) {
+    CaptureStderr();
+    Exception e;
+    EXPECT_EQ(GetCapturedStderr(), "");
+    EXPECT_STREQ(e.text, "");
+}
+
+TEST(ExceptionText, LongMessageIsCutAt511Characters) {
+    std::string longText(700, 'x');
+    CaptureStderr();
+    Exception e(longText.c_str());
+    GetCapturedStderr();
+    EXPECT_EQ(std::string(e.text), std::string(511, 'x'));
+}
+
+TEST(ExceptionTree, SpecificClassesAreCaughtAsTheirBases) {
+    CaptureStderr();
+    EXPECT_THROW(throw znInvalidNodeIDException("x"), znException);
+    EXPECT_THROW(throw ArrayIndexOutOfBoundsException("x"), Exception);
+    GetCapturedStderr();
+}
+
+TEST(ExceptionFormat, ThrowFormatsTheMessage) {
+    CaptureStderr();
+    try {
+        znThrow<InvalidRouteException>("Bad route due to invalid source node ID: %d", 12);
+        FAIL();
+    } catch (InvalidRouteException& e) {
+        EXPECT_STREQ(e.text, "Bad route due to invalid source node ID: 12");
+    }
+    EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Bad route due to invalid source node ID: 12\n");
+}
