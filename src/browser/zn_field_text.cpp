@@ -381,7 +381,9 @@ void znBrowserIntern::vrml2data(void* data, FieldType type, const char* text) {
         }
         case SFImageType:
             // Every number of the text belongs to the image, brackets or not.
-            {
+            if (std::strchr(text, '[')) {
+                mvrml2data(this, *static_cast<std::vector<int>*>(data), SFInt32Type, text);
+            } else {
                 std::string all = std::string("[") + text;
                 mvrml2data(this, *static_cast<std::vector<int>*>(data), SFInt32Type, all.c_str());
             }

@@ -85,6 +85,7 @@ TEST_F(FieldText, SFImageNumbersAndHexOutput) {
     auto numbers = read<std::vector<int>>(SFImageType, "2 1 3 0xFF0000 0x00FF00");
     EXPECT_EQ(numbers, (std::vector<int>{2, 1, 3, 0xFF0000, 0xFF00}));
     EXPECT_EQ(write(&numbers, SFImageType), "2 1 3 0xFF0000 0xFF00 ");
+    EXPECT_EQ(read<std::vector<int>>(SFImageType, "[1 1 1 7]"), (std::vector<int>{1, 1, 1, 7}));
 }
 
 TEST_F(FieldText, SFInt32HexOctalAndSign) {
