@@ -217,24 +217,54 @@ bool fastElement(double& temp, FieldType, const char* const* s, const char* cons
     if (readDouble(s[0], e[0], v)) temp = v;
     return true;
 }
+// Copies the few floats of one element without a library call.
+inline void copyFloats(float* to, const float* from, int n) {
+    if (n > 4) {
+        std::copy(from, from + n, to);
+        return;
+    }
+    switch (n) {
+        case 4: to[3] = from[3]; [[fallthrough]];
+        case 3: to[2] = from[2]; [[fallthrough]];
+        case 2: to[1] = from[1]; [[fallthrough]];
+        case 1: to[0] = from[0]; [[fallthrough]];
+        default: break;
+    }
+}
+
+inline bool contains(const char* p, const char* end, char c) {
+    for (; p < end; ++p)
+        if (*p == c) return true;
+    return false;
+}
+
 bool fastElement(_znArray<float>& temp, FieldType, const char* const* s, const char* const* e, int n) {
     // A backslash splits numbers, and a "]" inside the gap becomes part of
     // the next number: both are left to the generic route.
     for (int i = 0; i < n; ++i) {
-        if (std::memchr(s[i], '\\', static_cast<size_t>(e[i] - s[i]))) return false;
-        if (i + 1 < n && e[i] + 1 < s[i + 1] &&
-            std::memchr(e[i] + 1, ']', static_cast<size_t>(s[i + 1] - e[i] - 1)))
-            return false;
+        if (contains(s[i], e[i], '\\')) return false;
+        if (i + 1 < n && contains(e[i] + 1, s[i + 1], ']')) return false;
     }
     float slots[4] = {0, 0, 0, 0};
-    for (int i = 0; i < n && i < temp.count; ++i) slots[i] = temp.data[i];
+    copyFloats(slots, temp.data, std::min(n, temp.count));
     for (int i = 0; i < n; ++i) {
         double v;
         if (readDouble(s[i], e[i], v)) slots[i] = static_cast<float>(v);
     }
     temp.resize(n);
-    std::copy(slots, slots + n, temp.data);
+    copyFloats(temp.data, slots, n);
     return true;
+}
+
+// Appends a copy of the temporary element.
+template <class T>
+inline void appendElement(std::vector<T>& list, const T& temp) {
+    list.push_back(temp);
+}
+template <>
+inline void appendElement(std::vector<_znArray<float>>& list, const _znArray<float>& temp) {
+    list.emplace_back(temp.count);
+    copyFloats(list.back().data, temp.data, temp.count);
 }
 bool fastElement(BaseNode&, FieldType, const char* const*, const char* const*, int) { return false; }
 
@@ -455,7 +485,7 @@ void mvrml2data(znBrowserIntern* browser, std::vector<T>& list, FieldType elemen
                 elementText(starts, stops, tokens, generic);
                 browser->vrml2data(&temp, elementType, generic.c_str());
             }
-            list.push_back(temp);
+            appendElement(list, temp);
         }
         if (single) break;
     }
