@@ -26,4 +26,7 @@ inline constexpr const char* kEmptyListMark = "IZZED";
 // Left in as a trace where that mark reaches the tokenizer.
 inline constexpr const char* kEmptyListTrace = "here";
 
+// Output of one value that does not fit the text buffer is cut there.
+inline constexpr const char* kFieldTextCut = "Field text cut at %d characters\n";
+
 #endif

@@ -464,7 +464,7 @@ public:
     virtual void set1Value(int i, In v) {
         forward<Self>([&](Self& r) { r.set1Value(i, v); });
         growFor(i);
-        if (i < 0) znThrowBounds(Self::kSet1ValueFormat, Self::kName, i);
+        if (i < 0) znThrowBounds(kSet1ValueBoundsList, Self::kName, i);
         list[i] = v;
         changed();
     }
@@ -508,7 +508,7 @@ protected:
     void growFor(int i) {
         if (static_cast<unsigned>(i) < list.size()) return;
         znMemoryGuard guard;
-        for (int n = static_cast<int>(list.size()); n <= i; ++n) list.push_back(Self::filler());
+        for (int n = static_cast<int>(list.size()); n <= i; ++n) list.push_back(E());
     }
     void* rawValue() { return &list; }
     void loadRaw(const void* p) { list = *static_cast<const std::vector<E>*>(p); }
@@ -517,57 +517,36 @@ protected:
     std::vector<E> list;
 };
 
+// A gap filler is the element's value-initialised form: 0, a null handle or
+// an empty string.
+#define ZN_MF_LIST_COMMON(Name)                                       \
+public:                                                              \
+    static constexpr const char* kName = #Name;                      \
+    using MFList::MFList;                                            \
+    Name(const Name&) = default;                                     \
+    Name& operator=(const Name& o) { assign(o); return *this; }
+
 class MFFloat : public MFList<MFFloat, float, SFFloat> {
-public:
-    static constexpr const char* kName = "MFFloat";
-    static constexpr const char* kSet1ValueFormat = kSet1ValueBoundsList;
-    static float filler() { return 0.0f; }
-    using MFList::MFList;
-    MFFloat(const MFFloat&) = default;
-    MFFloat& operator=(const MFFloat& o) { assign(o); return *this; }
+    ZN_MF_LIST_COMMON(MFFloat)
 };
 class MFInt32 : public MFList<MFInt32, int, SFInt32> {
-public:
-    static constexpr const char* kName = "MFInt32";
-    static constexpr const char* kSet1ValueFormat = kSet1ValueBoundsList;
-    static int filler() { return 0; }
-    using MFList::MFList;
-    MFInt32(const MFInt32&) = default;
-    MFInt32& operator=(const MFInt32& o) { assign(o); return *this; }
+    ZN_MF_LIST_COMMON(MFInt32)
 };
 class MFTime : public MFList<MFTime, double, SFTime> {
-public:
-    static constexpr const char* kName = "MFTime";
-    static constexpr const char* kSet1ValueFormat = kSet1ValueBoundsList;
-    static double filler() { return 0.0; }
-    using MFList::MFList;
-    MFTime(const MFTime&) = default;
-    MFTime& operator=(const MFTime& o) { assign(o); return *this; }
+    ZN_MF_LIST_COMMON(MFTime)
 };
 class MFNode : public MFList<MFNode, BaseNode, SFNode> {
-public:
-    static constexpr const char* kName = "MFNode";
-    static constexpr const char* kSet1ValueFormat = kSet1ValueBoundsList;
-    static BaseNode filler() { return BaseNode(); }
-    using MFList::MFList;
-    MFNode(const MFNode&) = default;
-    MFNode& operator=(const MFNode& o) { assign(o); return *this; }
+    ZN_MF_LIST_COMMON(MFNode)
 };
 
 class MFString : public MFList<MFString, std::string, SFString> {
-public:
-    static constexpr const char* kName = "MFString";
-    static constexpr const char* kSet1ValueFormat = kSet1ValueBoundsList;
-    static std::string filler() { return std::string(); }
-    using MFList::MFList;
+    ZN_MF_LIST_COMMON(MFString)
     using MFList::getValue;
     using MFList::setValue;
     using MFList::get1Value;
     using MFList::set1Value;
     using MFList::addValue;
     using MFList::insertValue;
-    MFString(const MFString&) = default;
-    MFString& operator=(const MFString& o) { assign(o); return *this; }
 
     // The stored characters of every element, as many as the list has.
     virtual void getValue(char** out);
@@ -825,5 +804,6 @@ class MFRotation : public MFArray<MFRotation, 4, SFRotation> {
 };
 
 #undef ZN_MF_ARRAY_COMMON
+#undef ZN_MF_LIST_COMMON
 
 #endif

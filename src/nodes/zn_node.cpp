@@ -178,9 +178,7 @@ int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldF
     znField* f = znField::newField(browser, this, type, kind, flags, nullptr, nullptr);
     if (!f) return -1;
     f->setEventIndex(eventIndex);
-    char message[512];
-    std::snprintf(message, sizeof message, kCantAddData, "");
-    return enter(fieldName, f, message);
+    return enter(fieldName, f, kCantAddReference);
 }
 
 int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags,

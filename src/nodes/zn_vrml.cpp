@@ -61,39 +61,36 @@ int BaseNode::getID() {
     return n ? n->getID() : 0;
 }
 
-// --- Node ------------------------------------------------------------------
+// --- Node and Script ------------------------------------------------------
+
+namespace {
+// A name operation of a handle: the node's answer, or null without a node
+// (the out-argument then receives null too).
+template <class Lookup>
+Field* onNode(BaseNode& handle, Field** out, Lookup lookup) {
+    if (znNode* n = handle.handleNode()) return lookup(*n);
+    if (out) *out = nullptr;
+    return nullptr;
+}
+}  // namespace
 
 Field* Node::getEventIn(const char* name) {
-    znNode* n = handleNode();
-    return n ? n->getEventIn(name) : nullptr;
+    return onNode(*this, nullptr, [&](znNode& n) { return n.getEventIn(name); });
 }
-
 Field* Node::getEventIn(const char* name, Field** out) {
-    if (znNode* n = handleNode()) return n->getEventIn(name, out);
-    if (out) *out = nullptr;
-    return nullptr;
+    return onNode(*this, out, [&](znNode& n) { return n.getEventIn(name, out); });
 }
-
 Field* Node::getEventOut(const char* name) {
-    znNode* n = handleNode();
-    return n ? n->getEventOut(name) : nullptr;
+    return onNode(*this, nullptr, [&](znNode& n) { return n.getEventOut(name); });
 }
-
 Field* Node::getEventOut(const char* name, Field** out) {
-    if (znNode* n = handleNode()) return n->getEventOut(name, out);
-    if (out) *out = nullptr;
-    return nullptr;
+    return onNode(*this, out, [&](znNode& n) { return n.getEventOut(name, out); });
 }
-
 Field* Node::getExposedField(const char* name) {
-    znNode* n = handleNode();
-    return n ? n->getExposedField(name) : nullptr;
+    return onNode(*this, nullptr, [&](znNode& n) { return n.getExposedField(name); });
 }
-
 Field* Node::getExposedField(const char* name, Field** out) {
-    if (znNode* n = handleNode()) return n->getExposedField(name, out);
-    if (out) *out = nullptr;
-    return nullptr;
+    return onNode(*this, out, [&](znNode& n) { return n.getExposedField(name, out); });
 }
 
 Node& Node::operator=(BaseNode& other) {
@@ -101,28 +98,17 @@ Node& Node::operator=(BaseNode& other) {
     return *this;
 }
 
-// --- Script ----------------------------------------------------------------
-
 Field* Script::getField(const char* name) {
-    znNode* n = handleNode();
-    return n ? n->getField(name) : nullptr;
+    return onNode(*this, nullptr, [&](znNode& n) { return n.getField(name); });
 }
-
 Field* Script::getField(const char* name, Field** out) {
-    if (znNode* n = handleNode()) return n->getField(name, out);
-    if (out) *out = nullptr;
-    return nullptr;
+    return onNode(*this, out, [&](znNode& n) { return n.getField(name, out); });
 }
-
 Field* Script::getEventOut(const char* name) {
-    znNode* n = handleNode();
-    return n ? n->getEventOut(name) : nullptr;
+    return onNode(*this, nullptr, [&](znNode& n) { return n.getEventOut(name); });
 }
-
 Field* Script::getEventOut(const char* name, Field** out) {
-    if (znNode* n = handleNode()) return n->getEventOut(name, out);
-    if (out) *out = nullptr;
-    return nullptr;
+    return onNode(*this, out, [&](znNode& n) { return n.getEventOut(name, out); });
 }
 
 void Script::processEvents(int count, Event** events) {

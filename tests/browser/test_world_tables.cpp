@@ -1,0 +1,167 @@
+// The world's tables: names with their numbered fallbacks, ID lookups that
+// throw, clearing that keeps the Node Support types, and the resolve stack.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "browser/zn_browser_intern.h"
+#include "fields/all.h"
+#include "nodes/zn_node.h"
+#include "nodes/zn_nodetype.h"
+
+using testing::internal::CaptureStderr;
+using testing::internal::GetCapturedStderr;
+
+namespace {
+
+class WorldTables : public testing::Test {
+protected:
+    WorldTables() : browser(nullptr) {
+        std::vector<const char*> urls;
+        type = new znNodeType(1, "Thing", urls, &browser, 0, 0, nullptr);
+        browser.enterType(type);
+    }
+    znNode* addNode(int id, const char* name) {
+        auto* node = new znNode(id, name, type, &browser);
+        browser.enterNode(node);
+        return node;
+    }
+
+    znBrowserIntern browser;
+    znNodeType* type;
+};
+
+}  // namespace
+
+TEST_F(WorldTables, NumberedNameFallsBackToThePlainName) {
+    addNode(4, "d00000+x");
+    EXPECT_EQ(browser.getNodeID("u00000+x_2"), 4);
+    EXPECT_EQ(browser.getNodeID("u00000+x_1"), 4);
+}
+
+TEST_F(WorldTables, NumberedNameStopsAtTheNearestDefinition) {
+    addNode(4, "d00000+x");
+    addNode(5, "d00000+x_1");
+    EXPECT_EQ(browser.getNodeID("u00000+x_3"), 5);
+}
+
+TEST_F(WorldTables, UnknownNameIsReportedWithItsPlainForm) {
+    CaptureStderr();
+    EXPECT_EQ(browser.getNodeID("u00000+a_b"), 0);
+    EXPECT_EQ(GetCapturedStderr(),
+              "\nMessage:  Possible error in getNodeID, will try to resolve later!\n"
+              "getNodeID : can't find ID for a_b\n\n");
+}
+
+TEST_F(WorldTables, UnknownNameIsSilentWhileAddingAType) {
+    browser.setAddingType(1);
+    CaptureStderr();
+    EXPECT_EQ(browser.getNodeID("u00000+gone"), 0);
+    EXPECT_EQ(GetCapturedStderr(), "");
+}
+
+TEST_F(WorldTables, PlainNameLookupFallsBackAndNamesTheLastForm) {
+    znNode* x = addNode(4, "d00000+x");
+    EXPECT_EQ(browser.getNode("x_2"), static_cast<Node*>(x));
+    CaptureStderr();
+    try {
+        browser.getNode("y_2");
+        FAIL();
+    } catch (znInvalidNodeNameException& e) {
+        EXPECT_STREQ(e.text, "Invalid Node name:  nodeName=y");
+    }
+    GetCapturedStderr();
+}
+
+TEST_F(WorldTables, PlainNameWithoutUnderscoreThrowsAtOnce) {
+    CaptureStderr();
+    EXPECT_THROW(browser.getNode("x"), znInvalidNodeNameException);
+    EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Invalid Node name:  nodeName=x\n");
+}
+
+TEST_F(WorldTables, TypeIDZeroThrows) {
+    CaptureStderr();
+    try {
+        browser.getType(0);
+        FAIL();
+    } catch (znInvalidNodeTypeIDException& e) {
+        EXPECT_STREQ(e.text, "Invalid Node Type ID:  ID=0");
+    }
+    GetCapturedStderr();
+    EXPECT_EQ(browser.getType(1), type);
+    EXPECT_EQ(browser.getTypeID("Thing"), 1);
+    EXPECT_EQ(browser.getTypeID("Other"), 0);
+}
+
+TEST_F(WorldTables, AbsentNodeIDThrows) {
+    CaptureStderr();
+    EXPECT_THROW(browser.getNode(9), znInvalidNodeIDException);
+    EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Invalid Node ID:  ID=9\n");
+}
+
+TEST_F(WorldTables, ClearAllKeepsNodeSupportTypes) {
+    std::vector<const char*> urls;
+    auto* builtin = new znNodeType(2, "Group", urls, &browser, 0, 1, nullptr);
+    builtin->setSystemProto(1);
+    browser.enterType(builtin);
+    addNode(3, "d00000+n");
+    browser.clearAll();
+    EXPECT_EQ(browser.getType(2), builtin);
+    EXPECT_EQ(browser.getTypeID("Thing"), 0);
+    CaptureStderr();
+    EXPECT_THROW(browser.getType(1), znInvalidNodeTypeIDException);
+    EXPECT_THROW(browser.getNode(3), znInvalidNodeIDException);
+    GetCapturedStderr();
+}
+
+TEST_F(WorldTables, InitializeSkipsDirtyNodesAndFillsForwardReferences) {
+    FieldFlags flags;
+    type->addData("child", SFNodeType, field, flags, nullptr);
+    znNode* parent = addNode(1, "d00000+P");
+    CaptureStderr();
+    parent->addData("child", SFNodeType, field, flags, "d00000+C");
+    GetCapturedStderr();
+    ASSERT_EQ(browser.isUnresolvedReference(), 1);
+    browser.pushUnresolved(parent->getZnField(0), "d00000+C");
+    znNode* child = addNode(2, "d00000+C");
+    parent->makeDirty();
+    child->makeClean();
+    browser.initializeNewNodes();
+    auto* value = dynamic_cast<znSFNode*>(parent->getZnField(0));
+    EXPECT_EQ(value->getValue().handleNode(), child);
+    EXPECT_EQ(child->isDirty(), 1);
+    EXPECT_TRUE(browser.getNewNodes().empty());
+}
+
+TEST_F(WorldTables, LongReferenceIsCutAndReported) {
+    std::string name(100, 'n');
+    CaptureStderr();
+    browser.pushUnresolved(nullptr, name.c_str());
+    EXPECT_EQ(GetCapturedStderr(), "\nMessage:  Node reference cut to 79 characters: " + name + "\n\n");
+    browser.initializeNewNodes();
+}
+
+TEST_F(WorldTables, FailedLoadsThrowTheirMessages) {
+    std::vector<const char*> urls{"missing.wrl"};
+    CaptureStderr();
+    try {
+        browser.readURL(urls, 0);
+        FAIL();
+    } catch (InvalidVRMLSyntaxException& e) {
+        EXPECT_STREQ(e.text, "Couldn't load URL");
+    }
+    try {
+        browser.readURL(urls, 2);
+        FAIL();
+    } catch (InvalidVRMLSyntaxException& e) {
+        EXPECT_STREQ(e.text, "Can't add to current world");
+    }
+    GetCapturedStderr();
+}
+
+TEST_F(WorldTables, SmallAnswers) {
+    EXPECT_STREQ(browser.getName(), "Zenoscapes");
+    EXPECT_STREQ(browser.getVersion(), "2.0R4");
+    EXPECT_EQ(browser.getCurrentSpeed(), 0.0f);
+    EXPECT_EQ(browser.ZNType(), -1);
+}

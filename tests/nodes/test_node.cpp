@@ -1,0 +1,196 @@
+// Runtime nodes: fields placed by the type's numbering, IS fields, lookups
+// that throw twice, and the VRML print.
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+#include "fields/all.h"
+#include "nodes/zn_node.h"
+#include "nodes/zn_nodetype.h"
+#include "recording_browser.h"
+
+using testing::internal::CaptureStderr;
+using testing::internal::GetCapturedStderr;
+using wrltest::RecordingBrowser;
+
+namespace {
+
+class RuntimeNode : public testing::Test {
+protected:
+    RuntimeNode() : type(1, "Thing", urls, &browser, 0, 0, nullptr) {
+        FieldFlags plain;
+        type.addData("size", SFFloatType, field, plain, "1");
+        type.addData("count", SFInt32Type, field, plain, "0");
+        type.addData("child", SFNodeType, field, plain, "NULL");
+    }
+    // Nodes entered in the world go before their type does.
+    ~RuntimeNode() override { browser.clearAll(); }
+
+    std::vector<const char*> urls;
+    RecordingBrowser browser;
+    znNodeType type;
+};
+
+FieldFlags valueSet() {
+    FieldFlags f;
+    f.bits = FieldFlags::kValueSet;
+    return f;
+}
+
+}  // namespace
+
+TEST_F(RuntimeNode, FieldsArePlacedByTheTypesNumbering) {
+    znNode node(1, "d00000+N", &type, &browser);
+    FieldFlags flags;
+    EXPECT_EQ(node.addData("count", SFInt32Type, field, flags, "4"), 1);
+    EXPECT_EQ(node.getFieldCount(), 2);
+    EXPECT_EQ(node.getZnField(0), node.getZnField(1));
+    EXPECT_EQ(node.addData("size", SFFloatType, field, flags, "2"), 0);
+    EXPECT_NE(node.getZnField(0), node.getZnField(1));
+}
+
+TEST_F(RuntimeNode, UnknownNameIsReportedAndRefused) {
+    znNode node(1, "d00000+N", &type, &browser);
+    FieldFlags flags;
+    CaptureStderr();
+    EXPECT_EQ(node.addData("nothing", SFFloatType, field, flags, "2"), -1);
+    EXPECT_EQ(GetCapturedStderr(), "\nMessage:  Couldn't add node data with value 2\n");
+}
+
+TEST_F(RuntimeNode, OnlyTheLastEntryCanBeRemoved) {
+    znNode node(1, "d00000+N", &type, &browser);
+    FieldFlags flags;
+    node.addData("size", SFFloatType, field, flags, "1");
+    node.addData("count", SFInt32Type, field, flags, "2");
+    znField* last = node.getZnField(1);
+    EXPECT_EQ(node.removeData(0), -1);
+    EXPECT_EQ(node.removeData(1), 1);
+    EXPECT_EQ(node.getFieldCount(), 1);
+    delete last;
+}
+
+TEST_F(RuntimeNode, UnknownEventInWritesTwoLinesAndThrows) {
+    znNode node(1, "d00000+N", &type, &browser);
+    CaptureStderr();
+    EXPECT_THROW(node.getEventIn("zz"), InvalidEventInException);
+    EXPECT_EQ(GetCapturedStderr(),
+              "\nThrowing Exception: Invalid field ID = -1\n"
+              "\nThrowing Exception: Invalid eventIn name = zz\n");
+}
+
+TEST_F(RuntimeNode, FormsWithOutArgumentAreSilent) {
+    znNode node(1, "d00000+N", &type, &browser);
+    Field* out = reinterpret_cast<Field*>(&node);
+    CaptureStderr();
+    EXPECT_EQ(node.getField("zz", &out), nullptr);
+    EXPECT_EQ(GetCapturedStderr(), "");
+    EXPECT_EQ(out, nullptr);
+}
+
+TEST_F(RuntimeNode, LookupAnswersTheValueSide) {
+    znNode node(1, "d00000+N", &type, &browser);
+    FieldFlags flags;
+    node.addData("size", SFFloatType, field, flags, "3.5");
+    auto* size = dynamic_cast<SFFloat*>(node.getExposedField("size_changed"));
+    ASSERT_NE(size, nullptr);
+    EXPECT_EQ(size->getValue(), 3.5f);
+}
+
+TEST_F(RuntimeNode, EventInISFieldPassesInnerEventsOut) {
+    znNode inner(2, "d00000+I", &type, &browser);
+    znNode outer(3, "d00000+O", &type, &browser);
+    FieldFlags flags;
+    inner.addData("size", SFFloatType, field, flags, "1");
+    std::vector<znField*> remote{inner.getZnField(0)};
+    EXPECT_EQ(outer.addData("size", SFFloatType, eventIn, flags, &remote, 12), 0);
+    EXPECT_EQ(outer.getZnField(0)->getEventIndex(), 12);
+    EXPECT_EQ(inner.getZnField(0)->isVirtual(), 1);
+}
+
+TEST_F(RuntimeNode, FieldISFieldPostsUnderFirstRealIndex) {
+    znNode inner(2, "d00000+I", &type, &browser);
+    znNode outer(3, "d00000+O", &type, &browser);
+    FieldFlags flags;
+    inner.addData("size", SFFloatType, field, flags, 7);
+    std::vector<znField*> remote{inner.getZnField(0)};
+    outer.addData("size", SFFloatType, field, flags, &remote, -1);
+    EXPECT_EQ(outer.getZnField(0)->getEventIndex(), 7);
+    auto* value = dynamic_cast<SFFloat*>(outer.getZnField(0));
+    value->setValue(2.0f);
+    EXPECT_EQ(dynamic_cast<SFFloat*>(inner.getZnField(0))->getValue(), 2.0f);
+}
+
+TEST_F(RuntimeNode, PrintsDefFieldsWithValueAndChildNodes) {
+    auto* child = new znNode(2, "d00000+Kid", &type, &browser);
+    browser.enterNode(child);
+    auto* node = new znNode(1, "d00000+Foo", &type, &browser);
+    browser.enterNode(node);
+    FieldFlags set = valueSet(), plain;
+    node->addData("size", SFFloatType, field, set, "1.5");
+    node->addData("count", SFInt32Type, field, plain, "3");
+    CaptureStderr();
+    node->addData("child", SFNodeType, field, set, "d00000+Kid");
+    GetCapturedStderr();
+    std::ostringstream os;
+    node->print(os);
+    EXPECT_EQ(os.str(),
+              "\nDEF Foo  Thing {\n"
+              "  size\t1.500000\n"
+              "  child\t\n"
+              "  DEF Kid  Thing {\n"
+              "  }\n"
+              "}\n");
+}
+
+TEST_F(RuntimeNode, PrintsUseAndISLinesAndNullNodes) {
+    znNode node(1, "u00000+Foo", &type, &browser);
+    FieldFlags set = valueSet(), plain;
+    node.addData("size", SFFloatType, field, plain, "1");
+    node.addData("count", SFInt32Type, field, plain, "1");
+    node.addData("child", SFNodeType, field, set, "NULL");
+    char isName[] = "kid";
+    std::vector<char*> names{isName};
+    node.getZnField(2)->addISNames(&names);
+    std::ostringstream os;
+    node.print(os);
+    EXPECT_EQ(os.str(),
+              "\nUSE Foo {\n"
+              "  child\tIS kid\n"
+              "  child\tNULL\n"
+              "}\n");
+}
+
+TEST_F(RuntimeNode, MissingPartsEndTheProcess) {
+    EXPECT_EXIT(znNode(1, nullptr, &type, &browser), testing::ExitedWithCode(1),
+                "ERROR: Must a name, nodeType, and browser for a new node");
+}
+
+TEST_F(RuntimeNode, NewNodeClearsThePauseOfItsType) {
+    znNode first(1, "d00000+A", &type, &browser);
+    first.pause(0);
+    EXPECT_EQ(type.isPaused(), 1);
+    EXPECT_EQ(first.getCPPScript(), nullptr);
+    znNode second(2, "d00000+B", &type, &browser);
+    EXPECT_EQ(type.isPaused(), 0);
+}
+
+TEST_F(RuntimeNode, ActionGoesToTheFirstNodeOfAnInstance) {
+    struct Counting : znNode {
+        using znNode::znNode;
+        int calls = 0;
+        int action(SFTime&, int, void*) override { return ++calls; }
+    } body(2, "d00000+Body", &type, &browser);
+    znNode instance(1, "d00000+Inst", &type, &browser);
+    instance.setFirstNode(&body);
+    SFTime time(-1.0);
+    EXPECT_EQ(instance.getCPPScript(), nullptr);
+    EXPECT_EQ(instance.action(time, 2, nullptr), 1);
+}
+
+TEST_F(RuntimeNode, InitializeMarksDirty) {
+    znNode node(1, "d00000+A", &type, &browser);
+    EXPECT_EQ(node.isDirty(), 0);
+    node.initialize();
+    EXPECT_EQ(node.isDirty(), 1);
+}
