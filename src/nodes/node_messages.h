@@ -13,7 +13,8 @@ inline constexpr const char* kNotSupportedMark = "\"NOT_SUPPORTED\"";
 inline constexpr const char* kNotSupported = "%s is not supported.";
 inline constexpr const char* kSupportMsgHead =
     "%s nodes not supported in this version.\nCheck your $ZNBUILTINS file, or visit ";
-inline constexpr const char* kSupportPage = "http://www.zenoscapes.com/nodesupport.html";
+// Where a user reads which node types have classes and how to add one.
+inline constexpr const char* kSupportPage = "the section \"Node support\" of the loader's README";
 inline constexpr const char* kSupportMsgTail = " \nfor node support information.";
 inline constexpr const char* kSkippingInvalidNode = "Skipping node with Invalid ID.  ID=%d";
 
