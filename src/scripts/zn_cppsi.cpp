@@ -168,7 +168,11 @@ int znCPP_SI::initialize(znNode& node) {
 
 void znCPP_SI::shutdown(znNode& node) {
     if (!enabled()) return;
-    if (Script* script = findOrReport(node, kShutdownNoScript)) script->shutdown();
+    // A built-in ends itself in its shutdown: the entry must not outlive it.
+    if (Script* script = findOrReport(node, kShutdownNoScript)) {
+        scripts.erase(node.getID());
+        script->shutdown();
+    }
 }
 
 void znCPP_SI::eventsProcessed(znNode& node) {
