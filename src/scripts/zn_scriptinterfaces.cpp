@@ -49,7 +49,8 @@ int znScriptInterfaces::add(znInterfaceFn fn, const char* extension, znNodeConst
     zn_SIArray.push_back(znSIRow{name, fn, prefix ? prefix : "", exec, nodeConst});
     zn_SIArray.push_back(endRow());
     zn_SIIndex = static_cast<int>(zn_SIArray.size()) - 1;
-    return id;
+    // "dll" shares the ID of "so" but is not announced as that language.
+    return name == kCompiledExtensionAlt ? 0 : id;
 }
 
 void znScriptInterfaces::enable(int id, int flag) {

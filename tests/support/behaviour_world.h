@@ -1,0 +1,87 @@
+// A small world for tests of behaviour bindings: a system object with the
+// compiled-script language, and node types and nodes made by hand.
+#ifndef WRL_BEHAVIOUR_WORLD_H
+#define WRL_BEHAVIOUR_WORLD_H
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "browser/zn_browser_intern.h"
+#include "loader/zn.h"
+#include "nodes/zn_node.h"
+#include "nodes/zn_nodetype.h"
+#include "scripts/zn_cppsi.h"
+#include "scripts/zn_event.h"
+#include "scripts/zn_scriptinterfaces.h"
+
+namespace wrltest {
+
+struct FieldSpec {
+    const char* name;
+    FieldType type;
+    DataType kind;
+    bool exposed;
+};
+
+class BehaviourWorld {
+public:
+    explicit BehaviourWorld(int mode = 1) : system(0) {
+        system.browser->registerZNType(mode);
+        system.scriptInterfaces->add(newZnCPPSI, "so", nullptr, nullptr, nullptr, nullptr, 1);
+    }
+
+    // A type whose implementation is tried from `urls`; owned by the world.
+    znNodeType& makeType(const char* name, std::vector<const char*> urls,
+                         const std::vector<FieldSpec>& fields = {}, char* initFn = nullptr) {
+        types.push_back(std::make_unique<znNodeType>(static_cast<int>(types.size()) + 1, name, urls,
+                                                     system.browser, 0, 0, initFn));
+        znNodeType& type = *types.back();
+        for (const FieldSpec& f : fields) {
+            FieldFlags flags;
+            if (f.exposed) flags.bits |= FieldFlags::kExposed;
+            type.addData(f.name, f.type, f.kind, flags, nullptr);
+        }
+        fieldsOf.emplace_back(&type, fields);
+        return type;
+    }
+
+    // A node of `type` with the type's fields; lives as long as the process,
+    // as the nodes of a loaded world do.
+    znNode* makeNode(znNodeType& type, const char* name = "d00001+N") {
+        auto* node = new znNode(++lastNodeID, name, &type, system.browser);
+        for (auto& entry : fieldsOf)
+            if (entry.first == &type)
+                for (const FieldSpec& f : entry.second) {
+                    FieldFlags flags;
+                    if (f.exposed) flags.bits |= FieldFlags::kExposed;
+                    node->addData(f.name, f.type, f.kind, flags, static_cast<const char*>(nullptr));
+                }
+        return node;
+    }
+
+    ZN system;
+    std::vector<std::unique_ptr<znNodeType>> types;
+    std::vector<std::pair<znNodeType*, std::vector<FieldSpec>>> fieldsOf;
+    int lastNodeID = 0;
+};
+
+// An event as the browser would deliver it.
+class TestEvent : public Event {
+public:
+    TestEvent(std::string n, ConstField& v, double t = 1.5) : name(std::move(n)), value(&v), time(t) {}
+    const char* getName() override { return name.c_str(); }
+    double getTimeStamp() override { return time; }
+    ConstField* getValue() override { return value; }
+    Event* clone() override { return new TestEvent(*this); }
+
+private:
+    std::string name;
+    ConstField* value;  // borrowed
+    double time;
+};
+
+}  // namespace wrltest
+
+#endif
