@@ -19,7 +19,7 @@
 namespace wrltest {
 
 struct FieldSpec {
-    const char* name;
+    std::string name;
     FieldType type;
     DataType kind;
     bool exposed;
@@ -41,7 +41,7 @@ public:
         for (const FieldSpec& f : fields) {
             FieldFlags flags;
             if (f.exposed) flags.bits |= FieldFlags::kExposed;
-            type.addData(f.name, f.type, f.kind, flags, nullptr);
+            type.addData(f.name.c_str(), f.type, f.kind, flags, nullptr);
         }
         fieldsOf.emplace_back(&type, fields);
         return type;
@@ -56,7 +56,7 @@ public:
                 for (const FieldSpec& f : entry.second) {
                     FieldFlags flags;
                     if (f.exposed) flags.bits |= FieldFlags::kExposed;
-                    node->addData(f.name, f.type, f.kind, flags, static_cast<const char*>(nullptr));
+                    node->addData(f.name.c_str(), f.type, f.kind, flags, static_cast<const char*>(nullptr));
                 }
         return node;
     }
