@@ -11,7 +11,6 @@
 #include "scripts/script_messages.h"
 #include "scripts/zn_scriptinterface.h"
 #include "test_support.h"
-#include "url/zn_URL.h"
 
 using wrltest::BehaviourWorld;
 
@@ -144,26 +143,9 @@ TEST_F(NewInterface, OverlongNameIsReportedAndSkipped) {
     EXPECT_EQ(made.files[0], "short.rec");
 }
 
-namespace {
-class FixedURL : public zn_URL {
-public:
-    FILE* fopenURL(const char*, int) override { return nullptr; }
-    std::ifstream* iopenURL(const char*, int) override { return nullptr; }
-    const char* getURL(const char* url, int push) override {
-        asked = url;
-        pushed = push;
-        return "/cache/fetched.rec";
-    }
-    int fcloseURL(FILE*, int) override { return 0; }
-    int icloseURL(std::ifstream*, int) override { return 0; }
-    const char* get_path() override { return nullptr; }
-    std::string asked;
-    int pushed = -1;
-};
-}  // namespace
 
 TEST_F(NewInterface, HttpURLGoesThroughTheURLInterface) {
-    FixedURL access;
+    wrltest::AskedURL access("/cache/fetched.rec");
     zn_URL* previous = world.system.browser->getURLInterface();
     world.system.browser->setURLInterface(&access);
     choose({"http://example.invalid/s.rec"});

@@ -15,6 +15,7 @@
 #include "scripts/zn_cppsi.h"
 #include "scripts/zn_event.h"
 #include "scripts/zn_scriptinterfaces.h"
+#include "url/zn_URL.h"
 
 namespace wrltest {
 
@@ -80,6 +81,27 @@ private:
     std::string name;
     ConstField* value;  // borrowed
     double time;
+};
+
+// A URL interface that answers one fixed local name and remembers the
+// question.
+class AskedURL : public zn_URL {
+public:
+    explicit AskedURL(const char* answer) : answer(answer) {}
+    FILE* fopenURL(const char*, int) override { return nullptr; }
+    std::ifstream* iopenURL(const char*, int) override { return nullptr; }
+    const char* getURL(const char* url, int push) override {
+        asked = url;
+        pushed = push;
+        return answer;
+    }
+    int fcloseURL(FILE*, int) override { return 0; }
+    int icloseURL(std::ifstream*, int) override { return 0; }
+    const char* get_path() override { return nullptr; }
+
+    const char* answer;  // borrowed
+    std::string asked;
+    int pushed = -1;
 };
 
 }  // namespace wrltest

@@ -4,28 +4,11 @@
 #include <list>
 
 #include "support_types.h"
-#include "url/zn_URL.h"
 #include "vrmlnodes/ImageTexture.h"
 
 using wrltest::BehaviourWorld;
 
 namespace {
-
-class AskedURL : public zn_URL {
-public:
-    FILE* fopenURL(const char*, int) override { return nullptr; }
-    std::ifstream* iopenURL(const char*, int) override { return nullptr; }
-    const char* getURL(const char* url, int push) override {
-        asked = url;
-        pushed = push;
-        return "/local/copy";
-    }
-    int fcloseURL(FILE*, int) override { return 0; }
-    int icloseURL(std::ifstream*, int) override { return 0; }
-    const char* get_path() override { return nullptr; }
-    std::string asked;
-    int pushed = -1;
-};
 
 class TextureWorld : public ::testing::Test {
 protected:
@@ -44,7 +27,7 @@ protected:
     void TearDown() override { world.system.browser->setURLInterface(previous); }
 
     BehaviourWorld world;
-    AskedURL access;
+    wrltest::AskedURL access{"/local/copy"};
     zn_URL* previous = nullptr;
     wrltest::SupportType declared;
     znNode* node = nullptr;
