@@ -19,7 +19,7 @@
 
 namespace wrltest {
 
-struct FieldSpec {
+struct FieldDecl {
     std::string name;
     FieldType type;
     DataType kind;
@@ -35,11 +35,11 @@ public:
 
     // A type whose implementation is tried from `urls`; owned by the world.
     znNodeType& makeType(const char* name, std::vector<const char*> urls,
-                         const std::vector<FieldSpec>& fields = {}, char* initFn = nullptr) {
+                         const std::vector<FieldDecl>& fields = {}, char* initFn = nullptr) {
         types.push_back(std::make_unique<znNodeType>(static_cast<int>(types.size()) + 1, name, urls,
                                                      system.browser, 0, 0, initFn));
         znNodeType& type = *types.back();
-        for (const FieldSpec& f : fields) {
+        for (const FieldDecl& f : fields) {
             FieldFlags flags;
             if (f.exposed) flags.bits |= FieldFlags::kExposed;
             type.addData(f.name.c_str(), f.type, f.kind, flags, nullptr);
@@ -54,7 +54,7 @@ public:
         auto* node = new znNode(++lastNodeID, name, &type, system.browser);
         for (auto& entry : fieldsOf)
             if (entry.first == &type)
-                for (const FieldSpec& f : entry.second) {
+                for (const FieldDecl& f : entry.second) {
                     FieldFlags flags;
                     if (f.exposed) flags.bits |= FieldFlags::kExposed;
                     node->addData(f.name.c_str(), f.type, f.kind, flags, static_cast<const char*>(nullptr));
@@ -64,7 +64,7 @@ public:
 
     ZN system;
     std::vector<std::unique_ptr<znNodeType>> types;
-    std::vector<std::pair<znNodeType*, std::vector<FieldSpec>>> fieldsOf;
+    std::vector<std::pair<znNodeType*, std::vector<FieldDecl>>> fieldsOf;
     int lastNodeID = 0;
 };
 

@@ -14,7 +14,7 @@ namespace wrltest {
 
 struct SupportType {
     std::string name;
-    std::vector<FieldSpec> fields;
+    std::vector<FieldDecl> fields;
     std::string url;                      // the ZNurl text without quotes
     std::string init;                     // the ZNinit text with its quotes
 };
@@ -59,7 +59,7 @@ inline std::vector<SupportType> readSupportTypes() {
         }
         if (name.rfind("ZN", 0) == 0) continue;
         DataType data = kind == "eventIn" ? eventIn : kind == "eventOut" ? eventOut : field;
-        t.fields.push_back(FieldSpec{name, fieldTypeNamed(type), data, kind == "exposedField"});
+        t.fields.push_back(FieldDecl{name, fieldTypeNamed(type), data, kind == "exposedField"});
     }
     return types;
 }
