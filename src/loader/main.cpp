@@ -100,7 +100,7 @@ csNode* wrlLoader::actualLoad(char* filename) {
     urls.push_back(filename);
 
     _ZNmain = new ZN(0);
-    _ZNmain->scriptInterfaces->add(newZnCPPSI, "so", nullptr, nullptr, nullptr, 1);
+    _ZNmain->scriptInterfaces->add(newZnCPPSI, "so", nullptr, nullptr, nullptr, nullptr, 1);
     _ZNmain->appInterfaces->add(new gfx_opt(_ZNmain));
 
     znBrowser* browser = _ZNmain->browser;

@@ -31,10 +31,16 @@ public:
 
     // Tries the URLs in order; null when none gives an interface.
     static znScriptInterface* newInterface(std::vector<const char*>& urls, znNodeType& type);
+    // Writes `text` to `fileName`: 0, or -1 when it cannot be opened or
+    // nothing was written.
+    static int saveScript(const char* fileName, const char* text);
+
+    // Longest file name that a URL may give.
+    static constexpr int kFileNameSize = 1024;
 
 protected:
     znNodeType& type;
-    int state = 0;
+    int state = 0;  // kept for interfaces that track their own life cycle
 };
 
 #endif

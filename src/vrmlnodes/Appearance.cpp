@@ -1,0 +1,48 @@
+#include "vrmlnodes/Appearance.h"
+
+#include <cstring>
+
+namespace {
+// Only the first 13 characters are compared, so the misspelt tail of the
+// name never matters.
+constexpr const char* kTextureTransformEvent = "set_textureTransfrom";
+constexpr size_t kTextureTransformCompared = 13;
+}  // namespace
+
+Appearance::Appearance(znInternal* pair)
+    : BaseNode(pair),
+      material(exposedField<SFNode>("material")),
+      texture(exposedField<SFNode>("texture")),
+      textureTransform(exposedField<SFNode>("textureTransform")),
+      materialObject(childOf(material)),
+      textureObject(childOf(texture)),
+      textureTransformObject(childOf(textureTransform)) {}
+
+void Appearance::processEvent(Event& event) {
+    const char* name = event.getName();
+    if (!name) return;
+    if (nameAt(name, 4) == 'm')
+        deliver(this, &Appearance::set_material, event);
+    else if (std::strcmp(name, "set_texture") == 0)
+        deliver(this, &Appearance::set_texture, event);
+    else if (std::strncmp(name, kTextureTransformEvent, kTextureTransformCompared) == 0)
+        deliver(this, &Appearance::set_textureTransform, event);
+}
+
+void Appearance::set_material(SFNode& value, double) {
+    assign(material, value);
+    materialObject = childOf(material);
+    materialDirty = 1;
+}
+
+void Appearance::set_texture(SFNode& value, double) {
+    assign(texture, value);
+    textureObject = childOf(texture);
+    textureDirty = 1;
+}
+
+void Appearance::set_textureTransform(SFNode& value, double) {
+    assign(textureTransform, value);
+    textureTransformObject = childOf(textureTransform);
+    textureTransformDirty = 1;
+}

@@ -1,0 +1,3 @@
+#include "vrmlnodes/BindableNode.h"
+
+BindableNode::BindableNode() : isBound(eventOutField<SFBool>("isBound")) {}

@@ -1,0 +1,5 @@
+#include "vrmlnodes/Box.h"
+
+Box::Box(znInternal* pair)
+    : BaseNode(pair),
+      size(plainField<SFVec3f>("size")) {}

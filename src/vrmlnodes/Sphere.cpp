@@ -1,0 +1,5 @@
+#include "vrmlnodes/Sphere.h"
+
+Sphere::Sphere(znInternal* pair)
+    : BaseNode(pair),
+      radius(plainField<SFFloat>("radius")) {}

@@ -1,0 +1,20 @@
+// Texture coordinates of a geometry.
+#ifndef TEXTURECOORDINATE_H
+#define TEXTURECOORDINATE_H
+
+#include "vrmlnodes/VRMLNodebase.h"
+
+class TextureCoordinate : public VRMLNode {
+public:
+    explicit TextureCoordinate(znInternal* pair);
+    ~TextureCoordinate() override = default;
+    void processEvent(Event& event) override;
+
+    void set_point(MFVec2f& value, double time);
+
+protected:
+    MFVec2f* point;  // borrowed: the node's own field
+    unsigned char pointDirty = 0;
+};
+
+#endif

@@ -1,0 +1,40 @@
+#include "vrmlnodes/TextureTransform.h"
+
+TextureTransform::TextureTransform(znInternal* pair)
+    : BaseNode(pair),
+      center(exposedField<SFVec2f>("center")),
+      rotation(exposedField<SFFloat>("rotation")),
+      scale(exposedField<SFVec2f>("scale")),
+      translation(exposedField<SFVec2f>("translation")) {}
+
+void TextureTransform::processEvent(Event& event) {
+    const char* name = event.getName();
+    if (!name) return;
+    switch (nameAt(name, 4)) {
+        case 'c': deliver(this, &TextureTransform::set_center, event); break;
+        case 't': deliver(this, &TextureTransform::set_translation, event); break;
+        case 'r': deliver(this, &TextureTransform::set_rotation, event); break;
+        case 's': deliver(this, &TextureTransform::set_scale, event); break;
+        default: break;
+    }
+}
+
+void TextureTransform::set_center(SFVec2f& value, double) {
+    assign(center, value);
+    transformDirty = 1;
+}
+
+void TextureTransform::set_translation(SFVec2f& value, double) {
+    assign(translation, value);
+    transformDirty = 1;
+}
+
+void TextureTransform::set_rotation(SFFloat& value, double) {
+    assign(rotation, value);
+    transformDirty = 1;
+}
+
+void TextureTransform::set_scale(SFVec2f& value, double) {
+    assign(scale, value);
+    transformDirty = 1;
+}

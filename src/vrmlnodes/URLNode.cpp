@@ -1,0 +1,27 @@
+#include "vrmlnodes/URLNode.h"
+
+#include <cctype>
+#include <cstring>
+#include <vector>
+
+#include "browser/zn_browser.h"
+#include "url/zn_URL.h"
+
+const char* URLNode::getFile(const char* text) {
+    Browser* browser = BaseNode::getBrowser();
+    if (!browser || !text) return nullptr;
+    while (std::isspace(static_cast<unsigned char>(*text))) ++text;
+
+    std::string name = text;
+    const char* base = getUrlBase();
+    if (base && !std::strchr(text, ':') && text[0] != '/' && text[0] != '\\') name = std::string(base) + text;
+
+    zn_URL* access = browser->getURLInterface();
+    return access ? access->getURL(name.c_str(), 0) : nullptr;
+}
+
+void URLNode::addURLpath(MFString& urls, std::list<std::string>& out) {
+    std::vector<std::string> values;
+    urls.getValue(values);
+    out.insert(out.end(), values.begin(), values.end());
+}

@@ -1,0 +1,52 @@
+#include "vrmlnodes/builtin_initializers.h"
+
+#include <new>
+
+#include "vrmlnodes/Appearance.h"
+#include "vrmlnodes/Box.h"
+#include "vrmlnodes/Collision.h"
+#include "vrmlnodes/Color.h"
+#include "vrmlnodes/Cone.h"
+#include "vrmlnodes/Coordinate.h"
+#include "vrmlnodes/Cylinder.h"
+#include "vrmlnodes/FontStyle.h"
+#include "vrmlnodes/Group.h"
+#include "vrmlnodes/ImageTexture.h"
+#include "vrmlnodes/IndexedFaceSet.h"
+#include "vrmlnodes/IndexedLineSet.h"
+#include "vrmlnodes/Material.h"
+#include "vrmlnodes/Normal.h"
+#include "vrmlnodes/PointSet.h"
+#include "vrmlnodes/Shape.h"
+#include "vrmlnodes/Sphere.h"
+#include "vrmlnodes/Switch.h"
+#include "vrmlnodes/Text.h"
+#include "vrmlnodes/TextureCoordinate.h"
+#include "vrmlnodes/TextureTransform.h"
+#include "vrmlnodes/Transform.h"
+
+namespace {
+
+// The VRML-level class made concrete until its back-end class exists: the
+// node stores values and keeps its children, and a fetch answers no
+// scene-graph object. This is the one place that decides so.
+template <class T>
+class VRMLLevel final : public T {
+public:
+    explicit VRMLLevel(znInternal* pair) : BaseNode(pair), T(pair) {}
+    int action(SFTime&, int mode, void*) override {
+        if (mode == kActionFetch) this->built = 1;
+        return 0;
+    }
+};
+
+}  // namespace
+
+extern "C" {
+#define WRL_DEFINE_INITIALIZER(Type)                                     \
+    Script* Type##Initialize(znInternal* pair) {                        \
+        return static_cast<Script*>(new (std::nothrow) VRMLLevel<Type>(pair)); \
+    }
+WRL_BUILTIN_TYPES(WRL_DEFINE_INITIALIZER)
+#undef WRL_DEFINE_INITIALIZER
+}
