@@ -181,7 +181,8 @@ private:
                   const char* toNode, const char* toField);
     // The instance being read, or null.
     VrmlNodeType* topInstance();
-    // Where a route names `node`: the instance being read, or one finished.
+    // The type of the node a route names (the instance being read, or one
+    // finished); null, with the message, when there is none.
     VrmlNodeType* routeEnd(const char* node);
     void setNodeNameBuffer(const char* name);
     int runParse(std::istream& input, const char* filename);

@@ -332,12 +332,16 @@ void znParser::setRoute(const char* fromNode, const char* fromField, const char*
 
 VrmlNodeType* znParser::routeEnd(const char* node) {
     VrmlNodeType* top = topInstance();
-    VrmlNodeType* instance = top != nullptr && sameInstance(top->instName, node) ? top : findinstname(node);
-    if (instance == nullptr || find(instance->name, nullptr) == nullptr) {
+    const bool beingRead = top != nullptr && sameInstance(top->instName, node);
+    VrmlNodeType* instance = beingRead ? top : findinstname(node);
+    VrmlNodeType* type = instance != nullptr ? find(instance->name, nullptr) : nullptr;
+    if (type == nullptr) {
         znMessage(znParserFormat(kBadRouteUnknownNode, node).c_str());
         return nullptr;
     }
-    return instance;
+    // The node being read still has its whole interface, a Script's own
+    // declarations included; a finished one keeps only its name.
+    return beingRead ? instance : type;
 }
 
 void znParser::addRoute(const char* fromNode, const char* fromField, const char* toNode, const char* toField) {
