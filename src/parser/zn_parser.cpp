@@ -26,6 +26,17 @@ std::string znParserFormat(const char* format, ...) {
     return text;
 }
 
+void znParserBoundedCopy(std::string& out, const char* text, int capacity, const char* what) {
+    const char* source = text != nullptr ? text : "";
+    const std::size_t length = std::strlen(source);
+    if (length < static_cast<std::size_t>(capacity)) {
+        out.assign(source, length);
+        return;
+    }
+    znMessage(znParserFormat(kTextCut, what, capacity - 1, source).c_str());
+    out.assign(source, static_cast<std::size_t>(capacity - 1));
+}
+
 namespace {
 
 // VRML field type names in the order of their tokens, SFBOOL (271) first.

@@ -38,6 +38,10 @@ struct extProtoInfo {
 // printf-style formatting into a string, for every report of the parser.
 std::string znParserFormat(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
+// Copies `text` as a buffer of `capacity` bytes would hold it: a longer
+// text keeps its start, and `what` is named in a message.
+void znParserBoundedCopy(std::string& out, const char* text, int capacity, const char* what);
+
 // A ROUTE met inside a node, kept until the node is finished.
 struct RouteInfo {
     char* fromNode;   // owning

@@ -160,14 +160,7 @@ void znParser::exitNode() {
 }
 
 void znParser::setNodeNameBuffer(const char* name) {
-    const char* text = name != nullptr ? name : "";
-    const std::size_t length = std::strlen(text);
-    if (length >= static_cast<std::size_t>(kNodeNameLength)) {
-        znMessage(znParserFormat(kTextCut, "Node name", kNodeNameLength - 1, text).c_str());
-        nodeNameBuffer.assign(text, kNodeNameLength - 1);
-    } else {
-        nodeNameBuffer.assign(text, length);
-    }
+    znParserBoundedCopy(nodeNameBuffer, name, kNodeNameLength, "Node name");
 }
 
 void znParser::setName(const char* name) {

@@ -89,14 +89,7 @@ int znParser::yypinit() {
 }
 
 void znParser::setCurrentFilename(const char* name) {
-    const char* text = name != nullptr ? name : "";
-    const std::size_t length = std::strlen(text);
-    if (length >= static_cast<std::size_t>(kFilenameLength)) {
-        znMessage(znParserFormat(kTextCut, "File name", kFilenameLength - 1, text).c_str());
-        currentFilename.assign(text, kFilenameLength - 1);
-    } else {
-        currentFilename.assign(text, length);
-    }
+    znParserBoundedCopy(currentFilename, name, kFilenameLength, "File name");
 }
 
 int znParser::runParse(std::istream& input, const char* filename) {

@@ -15,7 +15,7 @@
 // Each call as "Method(arg,arg,...)": null texts as "(null)", parent and
 // IS lists as "[a/b]", flags as "-", "e" (exposed), "v" (value set in a
 // node) or "ev".
-class RecordingDatabase : public znDatabase {
+class RecordingDatabase : public znDatabaseStandIn {
 public:
     int CreatePrototype(char* name, char** parents, char* url, int flagA, int sensor, char* text,
                         char* init) override;
@@ -28,12 +28,6 @@ public:
     void EndNode() override;
     int InsertRouteByName(char* fromType, char* fromNode, char* fromField, char* toType, char* toNode,
                           char* toField, char** parents) override;
-    znBrowserIntern* getBrowser() override { return nullptr; }
-    const char* LoadURL(std::vector<const char*>&) override { return nullptr; }
-    void cleanupDatabase() override {}
-    void DeleteDatabase() override {}
-    int ParseSystem(zn_URL*) override { return 1; }
-    const std::vector<znProtoBodyEntry>* getProtoBody(const char*) override { return nullptr; }
     void createToplevelUSE(const char* name) override;
 
     std::vector<std::string> calls;
