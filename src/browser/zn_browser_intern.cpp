@@ -7,6 +7,7 @@
 
 #include "browser/browser_messages.h"
 #include "database/zn_database.h"
+#include "database/zn_database_intern.h"
 #include "fields/all.h"
 #include "fields/zn_exception.h"
 #include "loader/zn_interfaces.h"
@@ -44,7 +45,7 @@ znBrowserIntern::znBrowserIntern(ZN* sys)
       urlFilter(nullptr), database(nullptr), addingType(0), urlPending(0), urlInterface(nullptr),
       system(sys), znType(-1), clockStarted(0), currentTime(0.0), frameRate(0.0),
       simManager(nullptr), eventIndexCounter(0) {
-    database = new znDatabaseStandIn();
+    database = new znDatabaseIntern(this);
 }
 
 znBrowserIntern::~znBrowserIntern() {

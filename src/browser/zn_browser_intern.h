@@ -96,6 +96,13 @@ public:
     const std::list<int>& getTopLevel() const { return topLevel; }
     const std::list<znNode*>& getNewNodes() const { return newNodes; }
 
+    // Types from the database and at run time (zn_browser_types.cpp).
+    // addType answers 1 when the type entered the table; the new* forms
+    // answer the new type's ID.
+    int addType(struct _zndbProto* proto, struct _zndbData* fields);
+    int newType(const char* name, std::vector<const char*>& urls, int sensor);
+    int newType(const char* name, const char* url, int sensor);
+
     // Text conversion helpers.
     void lfvrml2data(_znArray<float>& array, int count, const char* text);
     void lfdata2vrml(_znArray<float>& array, int count, char* out);

@@ -144,7 +144,7 @@ m2
 nodeDeclaration
     : DEF IDENTIFIER IDENTIFIER m2 nodeg {
         P->getName();
-        P->exitNode();
+        if (P->skippingNode) P->skippingNode = 0; else P->exitNode();
         std::free($3);
         std::free($2);
     }

@@ -31,6 +31,56 @@ inline constexpr const char* kDeclarationOutsideScript =
 inline constexpr const char* kExternProtoTooDeep = "Can't exceed EXTERNPROTO depth of %d!\n";
 inline constexpr const char* kExternProtoOpenFailed = "\nPARSE ERROR:  Could not open EXTERNPROTO %s.\n";
 
+// Declared types and their transfer to the database.
+inline constexpr const char* kParentNestingTooDeep = "Parent nesting too deep!\n";
+inline constexpr const char* kScriptTypeName = "Script";
+inline constexpr const char* kScriptTypeFormat = "Script_%s";
+// Pseudo-fields of the Node Support file, read from a type's interface.
+inline constexpr const char* kImplementationField = "ZNurl";
+inline constexpr const char* kInitField = "ZNinit";
+inline constexpr const char* kSensorField = "ZNsensor";
+inline constexpr const char* kGroupingField = "ZNgrouping";
+inline constexpr const char* kNameField = "ZNname";
+
+// The parse run: the Node Support file and the files read.
+inline constexpr const char* kNodeSupportFileName = ".perfLoader.wrl";
+inline constexpr const char* kNodeSupportInDirectory = "%s/.perfLoader.wrl";
+inline constexpr const char* kNodeSupportHere = "./.perfLoader.wrl";
+inline constexpr const char* kNodeSupportUnderHome = "%s/usr/lib/libpfdb/.perfLoader.wrl";
+inline constexpr const char* kNodeSupportSystem = "/usr/lib/libpfdb/.perfLoader.wrl";
+inline constexpr const char* kNodeSupportSharedUnderHome = "%s/usr/share/Renderer/lib/libpfdb/.perfLoader.wrl";
+inline constexpr const char* kNodeSupportShared = "/usr/share/Renderer/lib/libpfdb/.perfLoader.wrl";
+inline constexpr const char* kNodeSupportNotFound =
+    "\nMake sure .perfLoader.wrl file is in PFLD_LIBRARY_PATH or . or LD_LIBRARY_PATH or $PFHOME/usr/lib/libpfdb"
+    " or $PFHOME/usr/share/Renderer/lib/libpfdb\n";
+inline constexpr const char* kNodeSupportOpenFailed =
+    "\nCould not open Node Support file.\nCheck the ZNBUILTINS environment variable.\n";
+inline constexpr const char* kCouldNotOpenURL = "Could not open URL:  %s.\n";
+inline constexpr const char* kUnableToParse = "Unable to parse file.";
+inline constexpr const char* kDoneLoading = "Done loading URL:  %s";
+// Kept with the parser's texts; the parse run does not print it.
+inline constexpr const char* kParsingURL = "\nParser:  Parsing url: ";
+// Names longer than the parser's fixed buffers keep only their start.
+inline constexpr const char* kTextCut = "%s cut to %d characters: %.80s";
+
+// Semantic actions.
+inline constexpr const char* kUnknownTypePrompt = "Unknown node type %s near line %d, correct one?";
+inline constexpr const char* kUnknownTypeSkipped = "Unknown node type '%s', skipping node";
+inline constexpr const char* kInvalidFieldTypePrompt = "Error: invalid field type: %s.\nWhat is the correct type?\n";
+inline constexpr const char* kUnknownFieldPrompt =
+    "Node's of type %s do not have fields/eventIn/EventOut named %s.\nWhat is the correct name?";
+inline constexpr const char* kProtoAlreadyDefined = "PROTO %s already defined";
+inline constexpr const char* kAlreadyDefined = "%s:%s Already defined";
+inline constexpr const char* kEmptyProtoStack = "Error: Empty PROTO stack!\n";
+inline constexpr const char* kInvalidISFieldType = "Invalid IS field type: %d for field %s\n";
+inline constexpr const char* kInvalidISEventInType = "Invalid IS EI type: %d for EI %s \n";
+inline constexpr const char* kBadRouteUnknownNode = "BAD ROUTE:  Unknown node type '%s'";
+inline constexpr const char* kBadRouteNotEventOut = "BAD ROUTE:  %s not an eventOut for %s";
+inline constexpr const char* kBadRouteNotEventIn = "BAD ROUTE:  %s not an eventIn for %s";
+inline constexpr const char* kBadRouteTypes = "BAD ROUTE: %s and %s are different types\n";
+inline constexpr const char* kChangedSuffix = "_changed";
+inline constexpr const char* kSetPrefixFormat = "set_%s";
+
 // The grammar's trace (yydebug).
 inline constexpr const char* kTraceStart = "Starting parse\n";
 inline constexpr const char* kTraceEnterState = "Entering state %d\n";

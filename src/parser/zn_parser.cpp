@@ -1,6 +1,5 @@
-// The part of znParser that does not depend on what the semantic methods
-// do with the declarations: the bridge to the lexer, error reports, the
-// expected type, field type names and DEF names.
+// The bridge to the lexer, error reports, the expected type, field type
+// names, DEF names and the EXTERNPROTO records.
 #include "parser/zn_parser.h"
 
 #include <cstdarg>
@@ -14,9 +13,7 @@
 #include "parser/parser_messages.h"
 #include "parser/zn_lexer.h"
 
-namespace {
-
-std::string formatText(const char* format, ...) {
+std::string znParserFormat(const char* format, ...) {
     va_list args;
     va_start(args, format);
     va_list again;
@@ -28,6 +25,19 @@ std::string formatText(const char* format, ...) {
     va_end(again);
     return text;
 }
+
+void znParserBoundedCopy(std::string& out, const char* text, int capacity, const char* what) {
+    const char* source = text != nullptr ? text : "";
+    const std::size_t length = std::strlen(source);
+    if (length < static_cast<std::size_t>(capacity)) {
+        out.assign(source, length);
+        return;
+    }
+    znMessage(znParserFormat(kTextCut, what, capacity - 1, source).c_str());
+    out.assign(source, static_cast<std::size_t>(capacity - 1));
+}
+
+namespace {
 
 // VRML field type names in the order of their tokens, SFBOOL (271) first.
 struct TypeName {
@@ -51,7 +61,7 @@ int znParser::call_yylex(void* lvalue) { return lexer->yylex(lvalue); }
 void znParser::yyerror(const char* message) {
     const char* text = lexer->YYText();
     const std::string scanned = text != nullptr ? std::string(text).substr(0, kErrorTextLength) : std::string();
-    znAlert(formatText(kErrorReport, currentFilename.c_str(), currentLine, message, scanned.c_str()).c_str());
+    znAlert(znParserFormat(kErrorReport, currentFilename.c_str(), currentLine, message, scanned.c_str()).c_str());
     expectToken = 0;
 }
 
@@ -63,12 +73,12 @@ int znParser::fieldType(const char* type) {
             if (std::strcmp(type, t.name) == 0) return t.token;
         }
     }
-    znAlert(formatText(kIllegalFieldType, type != nullptr ? type : "NULL").c_str());
+    znAlert(znParserFormat(kIllegalFieldType, type != nullptr ? type : "NULL").c_str());
     return 0;
 }
 
 const char* znParser::makeDefName(const char* name, int number, char kind) {
-    defNameBuffer = formatText("%c%05d+%s", kind, number, name);
+    defNameBuffer = znParserFormat("%c%05d+%s", kind, number, name);
     return defNameBuffer.c_str();
 }
 
@@ -79,14 +89,14 @@ int znParser::setDefName(const char* name) {
         number = found->second + 1;
         defCounters.erase(found);
     }
-    if (!defCounters.emplace(name, number).second) znAlert(formatText(kDefNameFailed, name).c_str());
+    if (!defCounters.emplace(name, number).second) znAlert(znParserFormat(kDefNameFailed, name).c_str());
     return number;
 }
 
 const char* znParser::getDefName(const char* name) {
     auto found = defCounters.find(name);
     if (found != defCounters.end()) return makeDefName(name, found->second, 'u');
-    znAlert(formatText(kUseNameFailed, name).c_str());
+    znAlert(znParserFormat(kUseNameFailed, name).c_str());
     return name;
 }
 
@@ -99,7 +109,7 @@ int& znParser::fieldNestingCount() {
 
 void znParser::beginExternProto(const char* name, const char* urlList) {
     if (externProtoDepth >= kMaxExternDepth) {
-        znAlert(formatText(kExternProtoTooDeep, kMaxExternDepth).c_str());
+        znAlert(znParserFormat(kExternProtoTooDeep, kMaxExternDepth).c_str());
         return;
     }
     externProtoDepth++;

@@ -1,18 +1,20 @@
-// znParser as the grammar and the lexer see it: the cells that the grammar's
-// actions and the lexer read and write, and the semantic methods that the
-// actions call. The bodies of the semantic methods live apart from the
-// permanent part (zn_parser.cpp), so that they can be exchanged without
-// touching the grammar or the lexer.
+// znParser: one parsing set-up with its lexer, its stacks and name spaces,
+// and the database that finished declarations go to. The grammar's actions
+// call the semantic methods; the lexer reads and writes the public cells.
 #ifndef ZN_PARSER_H
 #define ZN_PARSER_H
 
 #include <iosfwd>
+#include <list>
 #include <map>
 #include <string>
 #include <vector>
 
 class zn_Lexer;
-struct znParserRecord;
+class zn_URL;
+class znDatabase;
+class VrmlNodeType;
+struct FieldRec;
 
 // The grammar's entry point (generated); `parser` is the znParser of the run.
 // Answers 0 at the end of a correct file, 1 on a syntax error, 2 when the
@@ -33,16 +35,65 @@ struct extProtoInfo {
     int urlIndex = 0;
 };
 
+// printf-style formatting into a string, for every report of the parser.
+std::string znParserFormat(const char* format, ...) __attribute__((format(printf, 1, 2)));
+
+// Copies `text` as a buffer of `capacity` bytes would hold it: a longer
+// text keeps its start, and `what` is named in a message.
+void znParserBoundedCopy(std::string& out, const char* text, int capacity, const char* what);
+
+// A ROUTE met inside a node, kept until the node is finished.
+struct RouteInfo {
+    char* fromNode;   // owning
+    char* fromField;  // owning
+    char* toNode;     // owning
+    char* toField;    // owning
+};
+
+// Searches a colon-separated list of directories for the Node Support file
+// of a hosted loader. The colons of `list` are overwritten in place; the
+// answer is a process-wide buffer, or null when no element has the file.
+char* getPerfPath(char* list);
+
 class znParser {
 public:
     static constexpr int kMaxProtoDepth = 40;     // one field-nesting count per level
     static constexpr int kMaxExternDepth = 10;
     static constexpr int kDefCounterDepth = 500;
+    // Longest node name that nodeNameBuffer holds, and longest file name.
+    static constexpr int kNodeNameLength = 212;
+    static constexpr int kFilenameLength = 512;
+    // InitParser's flag bits.
+    static constexpr int kGrammarTrace = 1;
+    static constexpr int kLexerTrace = 2;
+    static constexpr int kOutput = 4;
 
-    znParser();
+    // `db` (borrowed) receives the declarations when the output bit is set.
+    explicit znParser(znDatabase* db = nullptr);
     ~znParser();
     znParser(const znParser&) = delete;
     znParser& operator=(const znParser&) = delete;
+
+    // --- the parse run (zn_parser_run.cpp) ---
+
+    // Finds and reads the Node Support file; 1 on success. `url` (borrowed)
+    // opens every later file.
+    int InitParser(int flags, zn_URL* url);
+    // Reads one file or URL into the database: 1 if it could be opened,
+    // whether or not its text was correct.
+    int ParseURL(const char* url);
+    // Fresh PROTO and field stacks; always 1.
+    int yypinit();
+    // Reads one open input as a file of its own: its PROTOs and names leave
+    // the name space at its end. Answers yyparse's result.
+    int parseInput(std::istream& input, const char* filename);
+    // Reads an input into the base name space, as the Node Support file is
+    // read; its types stay for the parser's life.
+    int parseSystemInput(std::istream& input, const char* filename);
+    bool outputEnabled() const { return outputFlag != 0; }
+    znDatabase* getDatabase() { return database; }
+    // Cuts to the file-name buffer's length, with a message when cut.
+    void setCurrentFilename(const char* name);
 
     // --- permanent part (zn_parser.cpp) ---
 
@@ -67,7 +118,7 @@ public:
     int& fieldNestingCount();
     zn_Lexer* getLexer() { return lexer; }
 
-    // --- semantic methods called by the grammar (zn_parser_record.cpp) ---
+    // --- semantic methods called by the grammar (zn_parser_actions.cpp) ---
 
     void enterNode(const char* type);
     void exitNode();
@@ -118,13 +169,46 @@ public:
     int defCounterStack[kDefCounterDepth] = {};
     int defCounterDepth = 0;
 
-    // State of the semantic bodies; owned, defined beside them.
-    znParserRecord* record;
-
 private:
-    zn_Lexer* lexer;  // owning
-    std::string defNameBuffer;
+    void pushNameSpace();
+    void popNameSpace();
+    // Destroys entries from the front up to and including the first scope mark.
+    static void popList(std::list<VrmlNodeType*>& list);
+    void addToNameSpace(VrmlNodeType* type);
+    // A type (instName null) or an instance in the name spaces, innermost first.
+    VrmlNodeType* find(const char* name, const char* instName);
+    // An instance by name, the kind letter not compared.
+    VrmlNodeType* findinstname(const char* name);
+    int add(void (VrmlNodeType::*member)(const char*, int), const char* type, const char* name);
+    void addRoute(const char* fromNode, const char* fromField, const char* toNode, const char* toField);
+    void addRoute(const char* fromType, const char* fromNode, const char* fromField, const char* toType,
+                  const char* toNode, const char* toField);
+    // The instance being read, or null.
+    VrmlNodeType* topInstance();
+    // The type of the node a route names (the instance being read, or one
+    // finished); null, with the message, when there is none.
+    VrmlNodeType* routeEnd(const char* node);
+    void setNodeNameBuffer(const char* name);
+    int runParse(std::istream& input, const char* filename);
+
+    std::list<VrmlNodeType*> protoStack;  // owning: PROTOs whose body is read, innermost last
+    std::list<FieldRec*> fieldStack;      // owning
+    zn_Lexer* lexer;                      // owning
+    znDatabase* database;                 // borrowed: the database that owns this parser
+    std::vector<RouteInfo*> pendingRoutes;  // owning
+    int readingNodeSupport = 0;
+    int outputFlag = 0;
+    // Both grow at the front; a null entry marks where a scope begins.
+    std::list<VrmlNodeType*> typeNameSpace;      // owning
+    std::list<VrmlNodeType*> instanceNameSpace;  // owning
     std::map<std::string, int> defCounters;  // DEF name -> number of its latest DEF
+    // The PROTO being declared: owning until inProto puts it on protoStack,
+    // borrowed from there on.
+    VrmlNodeType* currentProto = nullptr;
+    std::string defNameBuffer;
+    // A field name given at the prompt, for the FieldRec that points to it.
+    std::string correctedFieldName;
+    zn_URL* urlInterface = nullptr;  // borrowed
 };
 
 #endif

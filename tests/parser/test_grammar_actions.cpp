@@ -1,4 +1,4 @@
-// The sequence of semantic calls that the grammar makes for a text.
+// What the grammar's actions hand to the database for a text.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -7,6 +7,10 @@
 #include "parse_run.h"
 
 using Calls = std::vector<std::string>;
+
+namespace {
+bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+}  // namespace
 
 TEST(GrammarActions, EmptyFileIsAccepted) {
     ParseRun run = parseText("");
@@ -23,14 +27,13 @@ TEST(GrammarActions, FileWithoutHeaderParses) {
 TEST(GrammarActions, AnonymousDefAndUseAtTopLevel) {
     ParseRun run = parseText("Group { }\nDEF A Group { }\nUSE A\n");
     EXPECT_EQ(run.result, 0);
-    EXPECT_EQ(run.calls, (Calls{"enterNode(Group)", "setName(x00000+Group_0)", "getName()", "exitNode()",
-                                "enterNode(Group)", "setName(d00000+A)", "getName()", "exitNode()",
-                                "createToplevelUSE(u00000+A)"}));
+    EXPECT_EQ(run.nodes(), (Calls{"x00000+Group_0", "d00000+A"}));
+    EXPECT_EQ(run.calls.back(), "createToplevelUSE(u00000+A)");
 }
 
 TEST(GrammarActions, RepeatedDefOpensANewNumber) {
     ParseRun run = parseText("DEF A Group { } DEF A Group { } USE A");
-    EXPECT_TRUE(run.called("setName(d00001+A)"));
+    EXPECT_EQ(run.nodes(), (Calls{"d00000+A", "d00001+A"}));
     EXPECT_TRUE(run.called("createToplevelUSE(u00001+A)"));
 }
 
@@ -44,25 +47,21 @@ TEST(GrammarActions, UseInsideAFieldIsNoTopLevelUse) {
 TEST(GrammarActions, UseOfUnknownNameGoesOnWithThePlainName) {
     ParseRun run = parseText("USE B");
     EXPECT_TRUE(run.called("createToplevelUSE(B)"));
-    EXPECT_NE(run.errors.find("failed getting unique name for DEF'ed node B."), std::string::npos);
+    EXPECT_TRUE(contains(run.errors, "failed getting unique name for DEF'ed node B."));
 }
 
-TEST(GrammarActions, FieldValueCalls) {
+TEST(GrammarActions, NodeCarriesEveryFieldWithItsValueOrDefault) {
+    ParseRun run = parseText("Group { children [ ] }");
+    EXPECT_EQ(run.calls, (Calls{"CreateNode(Group,x00000+Group_0,[],0,0,0)",
+                                "SetNodeData(set_children,(null),34,2,e,[])",
+                                "SetNodeData(children,[  ],34,0,ev,[])", "EndNode()"}));
+}
+
+TEST(GrammarActions, FieldNotMentionedKeepsTheDefault) {
     ParseRun run = parseText("Node { sffloat 2 }");
-    EXPECT_EQ(run.calls, (Calls{"enterNode(Node)", "setName(x00000+Node_0)", "enterField(sffloat)", "setField(2)",
-                                "exitField()", "getName()", "exitNode()"}));
-}
-
-TEST(GrammarActions, RouteNamesTheDefForms) {
-    ParseRun run = parseText("DEF A Node { } DEF B Node { } ROUTE A.sffloat TO B.set_sffloat");
-    EXPECT_EQ(run.result, 0);
-    EXPECT_EQ(run.calls.back(), "setRoute(d00000+A,sffloat,d00000+B,set_sffloat)");
-}
-
-TEST(GrammarActions, RouteInsideANodeBody) {
-    ParseRun run = parseText("DEF A Node { } Group { ROUTE A.x TO A.y }");
-    EXPECT_EQ(run.result, 0);
-    EXPECT_TRUE(run.called("setRoute(d00000+A,x,d00000+A,y)"));
+    EXPECT_TRUE(run.called("SetNodeData(sffloat,2,22,0,ev,[])"));
+    EXPECT_TRUE(run.called("SetNodeData(sfvec3f,0 0 0,30,0,e,[])"));
+    EXPECT_EQ(run.values(), Calls{"2"});
 }
 
 TEST(GrammarActions, ProtoDeclaration) {
@@ -71,78 +70,101 @@ TEST(GrammarActions, ProtoDeclaration) {
         " { Group { } }\nP { f 3 }");
     EXPECT_EQ(run.result, 0);
     EXPECT_EQ(run.calls,
-              (Calls{"beginProto(P)", "addEventIn(SFBool,go)", "addEventOut(SFTime,done)", "addField(MFFloat,f)",
-                     "setProtoField(f,[1,2,])", "addExposedField(SFVec3f,v)", "setProtoField(v,1 2 3)", "inProto(P)",
-                     "enterNode(Group)", "setName(x00000+Group_0)", "getName()", "exitNode()", "endProto()",
-                     "enterNode(P)", "setName(x00000+P_1)", "enterField(f)", "setField([3])", "exitField()",
-                     "getName()", "exitNode()"}));
+              (Calls{"CreateNode(Group,x00000+Group_0,[P],0,0,0)", "SetNodeData(set_children,(null),34,2,e,[])",
+                     "SetNodeData(children,[  ],34,0,e,[])", "EndNode()",
+                     "CreatePrototype(P,[],(null),0,(null))", "SetPrototypeData(go,(null),20,2,-)",
+                     "SetPrototypeData(set_v,(null),30,2,e)", "SetPrototypeData(done,(null),28,1,-)",
+                     "SetPrototypeData(f,[1,2,],32,0,-)", "SetPrototypeData(v,1 2 3,30,0,e)", "EndPrototype()",
+                     "CreateNode(P,x00000+P_1,[],0,0,0)", "SetNodeData(go,(null),20,2,-,[])",
+                     "SetNodeData(set_v,(null),30,2,e,[])", "SetNodeData(done,(null),28,1,-,[])",
+                     "SetNodeData(f,[3],32,0,v,[])", "SetNodeData(v,1 2 3,30,0,e,[])", "EndNode()"}));
 }
 
 TEST(GrammarActions, ProtoInsideANodeBody) {
     ParseRun run = parseText("Group { PROTO Q [ ] { } children [ Q { } ] }");
     EXPECT_EQ(run.result, 0);
-    EXPECT_TRUE(run.called("endProto()"));
-    EXPECT_EQ(run.values(), Calls{"[ x00000+Q_1, ]"});
+    EXPECT_TRUE(run.called("CreatePrototype(Q,[],(null),0,(null))"));
+    // A PROTO leaves the interface mode behind it, so the value does not
+    // count as given in the node.
+    EXPECT_TRUE(run.called("SetNodeData(children,[ x00000+Q_1, ],34,0,e,[])"));
+}
+
+TEST(GrammarActions, NestedProtoNamesItsParents) {
+    ParseRun run = parseText("PROTO Outer [ ] { PROTO Inner [ ] { Group { } } Inner { } }");
+    EXPECT_EQ(run.result, 0) << run.errors;
+    EXPECT_TRUE(run.called("CreateNode(Group,x00000+Group_0,[Outer/Inner],0,0,0)"));
+    EXPECT_TRUE(run.called("CreatePrototype(Inner,[Outer],(null),0,(null))"));
+    EXPECT_TRUE(run.called("CreateNode(Inner,x00000+Inner_1,[Outer],0,0,0)"));
+    EXPECT_TRUE(run.called("CreatePrototype(Outer,[],(null),0,(null))"));
+}
+
+TEST(GrammarActions, ScriptNodeGetsATypeOfItsOwn) {
+    ParseRun run = parseText("DEF S Script { field SFInt32 a 1 }");
+    EXPECT_EQ(run.result, 0);
+    EXPECT_TRUE(run.errors.empty()) << run.errors;
+    EXPECT_EQ(run.calls, (Calls{"CreatePrototype(Script_d00000+S,[],[],0,(null))",
+                                "SetPrototypeData(set_url,(null),36,2,e)", "SetPrototypeData(url,[],36,0,e)",
+                                "SetPrototypeData(a,1,24,0,-)", "EndPrototype()",
+                                "CreateNode(Script_d00000+S,d00000+S,[],0,0,0)",
+                                "SetNodeData(set_url,(null),36,2,e,[])", "SetNodeData(url,[],36,0,e,[])",
+                                "SetNodeData(a,1,24,0,v,[])", "EndNode()"}));
 }
 
 TEST(GrammarActions, ScriptDeclaresItsOwnInterface) {
     ParseRun run = parseText("Script { eventIn SFBool go field SFInt32 a 1 eventOut SFTime t }");
     EXPECT_EQ(run.result, 0);
-    EXPECT_EQ(run.calls, (Calls{"enterNode(Script)", "setName(x00000+Script_0)", "inScript()",
-                                "addEventIn(SFBool,go)", "inScript()", "addField(SFInt32,a)", "enterField(a)",
-                                "setField(1)", "inScript()", "addEventOut(SFTime,t)", "getName()", "exitNode()"}));
     EXPECT_TRUE(run.errors.empty()) << run.errors;
+    EXPECT_TRUE(run.called("SetNodeData(go,(null),20,2,-,[])"));
+    EXPECT_TRUE(run.called("SetNodeData(t,(null),28,1,-,[])"));
+    EXPECT_TRUE(run.called("SetNodeData(a,1,24,0,v,[])"));
 }
 
-TEST(GrammarActions, EventDeclarationOutsideScriptIsReportedAndKept) {
+TEST(GrammarActions, EventDeclarationOutsideScriptIsReported) {
     ParseRun run = parseText("Group { eventIn SFBool go }");
     EXPECT_EQ(run.result, 0);
-    EXPECT_TRUE(run.called("addEventIn(SFBool,go)"));
-    EXPECT_NE(run.errors.find("Field or event declaration outside of Script or prototype"), std::string::npos);
+    EXPECT_TRUE(contains(run.errors, "Field or event declaration outside of Script or prototype"));
+    EXPECT_FALSE(run.called("SetNodeData(go,(null),20,2,-,[])"));
 }
 
 TEST(GrammarActions, EventBoundByIsInAProto) {
     ParseRun run = parseText("PROTO P [ eventIn SFBool on ] { Script { eventIn SFBool go IS on } }");
     EXPECT_EQ(run.result, 0);
-    EXPECT_TRUE(run.called("setFieldIS(on)"));
+    EXPECT_TRUE(run.called("SetNodeData(go,(null),20,2,v,[on])"));
 }
 
-TEST(GrammarActions, UnknownNodeTypeIsSkipped) {
-    ParseRun run = parseText("Foo { a 1 b { c } } Group { }");
-    EXPECT_EQ(run.result, 0);
-    EXPECT_EQ(run.calls, (Calls{"enterNode(Foo)", "setName(x00000+Foo_0)", "getName()", "enterNode(Group)",
-                                "setName(x00000+Group_1)", "getName()", "exitNode()"}));
+TEST(GrammarActions, ExposedFieldIsBindsBothHalves) {
+    ParseRun run = parseText("PROTO P [ exposedField SFFloat x 1 ] { Node { sffloat IS x } }");
+    EXPECT_EQ(run.result, 0) << run.errors;
+    EXPECT_TRUE(run.called("SetNodeData(sffloat,IZZED,22,0,ev,[x])"));
+    EXPECT_TRUE(run.called("SetNodeData(set_sffloat,(null),22,2,ev,[set_x])"));
 }
 
 TEST(GrammarActions, ExternProtoTakesTheProtoOfItsFile) {
     ParseOptions options;
-    options.setup = [](znParserRecord& r) {
-        r.serve("lib.wrl", "PROTO First [ field SFFloat a 1 ] { }\nPROTO B [ field SFFloat b 2 ] { }\n");
-    };
+    options.files["lib.wrl"] = "PROTO First [ field SFFloat a 1 ] { }\nPROTO B [ field SFFloat b 2 ] { }\n";
     ParseRun run = parseText("EXTERNPROTO A [ field SFFloat b ] \"lib.wrl#B\"\nA { b 3 }", options);
     EXPECT_EQ(run.result, 0) << run.errors;
-    EXPECT_EQ(run.calls, (Calls{"openExternInput(lib.wrl)", "beginProto(First)", "addField(SFFloat,a)",
-                                "setProtoField(a,1)", "inProto(First)", "endProto()", "beginProto(B)",
-                                "addField(SFFloat,b)", "setProtoField(b,2)", "inProto(B)", "endProto()",
-                                "enterNode(A)", "setName(x00000+A_0)", "enterField(b)", "setField(3)", "exitField()",
-                                "getName()", "exitNode()"}));
+    EXPECT_TRUE(run.called("CreatePrototype(First,[],(null),0,(null))"));
+    EXPECT_TRUE(run.called("CreatePrototype(A,[],(null),0,(null))"));
+    EXPECT_TRUE(run.called("CreateNode(A,x00000+A_0,[],0,0,0)"));
+    EXPECT_TRUE(run.called("SetNodeData(b,3,22,0,v,[])"));
 }
 
 TEST(GrammarActions, ExternProtoTriesTheNextUrl) {
     ParseOptions options;
-    options.setup = [](znParserRecord& r) { r.serve("good.wrl", "PROTO G [ ] { }"); };
+    options.files["good.wrl"] = "PROTO G [ ] { }";
     ParseRun run = parseText("EXTERNPROTO A [ ] [ \"missing.wrl\" \"good.wrl\" ] A { }", options);
     EXPECT_EQ(run.result, 0) << run.errors;
-    EXPECT_NE(run.errors.find("\nPARSE ERROR:  Could not open EXTERNPROTO missing.wrl.\n"), std::string::npos);
-    EXPECT_TRUE(run.called("enterNode(A)"));
+    EXPECT_TRUE(contains(run.errors, "\nPARSE ERROR:  Could not open EXTERNPROTO missing.wrl.\n"));
+    EXPECT_TRUE(run.called("CreateNode(A,x00000+A_0,[],0,0,0)"));
 }
 
 TEST(GrammarActions, ExternProtoWithoutItsProtoIsAParseError) {
     ParseOptions options;
-    options.setup = [](znParserRecord& r) { r.serve("lib.wrl", "Group { }"); };
+    options.files["lib.wrl"] = "Group { }";
     ParseRun run = parseText("EXTERNPROTO A [ ] \"lib.wrl\"", options);
     EXPECT_EQ(run.result, 1);
-    EXPECT_NE(run.errors.find("parse error"), std::string::npos);
+    EXPECT_TRUE(contains(run.errors, "parse error"));
 }
 
 TEST(MidRuleMarkers, ExpectTakesEffectForTheVeryNextToken) {
@@ -157,9 +179,9 @@ TEST(MidRuleMarkers, ExpectTakesEffectForTheVeryNextToken) {
 
 TEST(MidRuleMarkers, ExternProtoUrlListIsOneValue) {
     ParseOptions options;
-    options.setup = [](znParserRecord& r) { r.serve("b.wrl", "PROTO B [ ] { }"); };
+    options.files["b.wrl"] = "PROTO B [ ] { }";
     ParseRun run = parseText("EXTERNPROTO A [ ] [ \"a.wrl\", \"b.wrl\" ]", options);
     EXPECT_EQ(run.result, 0) << run.errors;
-    EXPECT_TRUE(run.called("openExternInput(a.wrl)"));
-    EXPECT_TRUE(run.called("openExternInput(b.wrl)"));
+    EXPECT_TRUE(contains(run.errors, "Could not open EXTERNPROTO a.wrl."));
+    EXPECT_TRUE(run.called("CreatePrototype(A,[],(null),0,(null))"));
 }

@@ -1,0 +1,67 @@
+// Types from the database's prototype records, and types made at run time.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "browser/browser_type_messages.h"
+#include "browser/zn_browser_intern.h"
+#include "database/zn_database_intern.h"
+#include "loader/zn_interfaces.h"
+#include "nodes/zn_nodetype.h"
+
+int znBrowserIntern::addType(_zndbProto* proto, _zndbData* fields) {
+    if (proto == nullptr) return 0;
+    addingType = 1;
+    const char* urlText = proto->url != nullptr ? proto->url : "";
+    const bool noURL = urlText[0] == '\0' || std::strcmp(urlText, kNoURLList) == 0;
+    std::vector<const char*> urls;
+    if (noURL) {
+        urls.push_back(nullptr);
+    } else {
+        std::string converted;
+        vrml2data(&converted, SFStringType, urlText);
+        // The interface may keep the text: it lives as long as the process.
+        urls.push_back(strdup(converted.c_str()));
+    }
+    auto* type = new znNodeType(proto->id, proto->name, urls, this, proto->isSensor, proto->bodyIsGrouping,
+                                proto->init);
+    // Script itself is a system type, the types of single Script nodes are
+    // not; any other type with an implementation reference is.
+    int systemProto = 0;
+    if (std::strncmp(proto->name, kScriptTypePrefix, std::strlen(kScriptTypePrefix)) != 0)
+        systemProto = urlText[0] != '\0' ? 1 : 0;
+    if (std::strcmp(proto->name, kScriptTypePrefix) == 0) systemProto = 1;
+    type->setSystemProto(systemProto);
+
+    if (!types.emplace(proto->id, type).second) {
+        char message[256];
+        std::snprintf(message, sizeof message, kFailedInsertingType, proto->name);
+        znMessage(message);
+        delete type;
+        addingType = 0;
+        return 0;
+    }
+    if (fields == nullptr) {
+        znMessage(kFieldListNull);
+    } else {
+        for (_zndbData* item = fields; item != nullptr; item = item->next) {
+            type->addData(item->name, static_cast<FieldType>(item->fieldType), static_cast<DataType>(item->dataType),
+                          item->flags, item->value);
+        }
+    }
+    addingType = 0;
+    return 1;
+}
+
+int znBrowserIntern::newType(const char* name, std::vector<const char*>& urls, int sensor) {
+    const int id = static_cast<int>(types.size());
+    enterType(new znNodeType(id, name, urls, this, sensor, 0, nullptr));
+    return id;
+}
+
+int znBrowserIntern::newType(const char* name, const char* url, int sensor) {
+    std::vector<const char*> urls{url};
+    return newType(name, urls, sensor);
+}

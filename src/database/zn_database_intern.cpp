@@ -1,0 +1,207 @@
+#include "database/zn_database_intern.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "browser/zn_browser_intern.h"
+#include "database/database_messages.h"
+#include "loader/zn_interfaces.h"
+#include "parser/zn_lexer.h"
+#include "parser/zn_parser.h"
+
+namespace {
+
+bool hasParents(char** parents) { return parents != nullptr && parents[0] != nullptr; }
+
+char* copyOrEmpty(const char* text) { return znCopyText(text != nullptr ? text : ""); }
+
+}  // namespace
+
+znDatabaseIntern::znDatabaseIntern(znBrowserIntern* owner) : browser(owner), parser(nullptr), proto{} {
+    proto.url = copyOrEmpty(nullptr);
+    parser = new znParser(this);
+    cleanupDatabase();
+}
+
+znDatabaseIntern::~znDatabaseIntern() {
+    delete parser;
+    clearProtoFields();
+    std::free(proto.url);
+    for (char* text : keptTexts) std::free(text);
+}
+
+bool znDatabaseIntern::copyName(char (&field)[kDbNameLength], const char* text) {
+    const char* source = text != nullptr ? text : "";
+    const int length = std::snprintf(field, sizeof field, "%s", source);
+    if (length < static_cast<int>(sizeof field)) return true;
+    field[0] = '\0';
+    char message[256];
+    std::snprintf(message, sizeof message, kNameTooLongForRecord, kDbNameLength - 1, source);
+    znMessage(message);
+    return false;
+}
+
+void znDatabaseIntern::clearProtoFields() {
+    for (_zndbData* item = proto.fields; item != nullptr;) {
+        _zndbData* next = item->next;
+        std::free(item->value);
+        std::free(item);
+        item = next;
+    }
+    proto.fields = nullptr;
+}
+
+// --- prototypes -------------------------------------------------------------
+
+int znDatabaseIntern::CreatePrototype(char* name, char** parents, char* url, int flagA, int sensor, char* text,
+                                      char* init) {
+    clearProtoFields();
+    protoRefused = 0;
+    if (!copyName(proto.name, name) || !copyName(proto.text, text)) {
+        protoRefused = 1;
+        return 0;
+    }
+    const char* typeName = name != nullptr ? name : "";
+    if (hasParents(parents) && bodyProtos.count(typeName) == 0 && nestedProtos.count(typeName) == 0)
+        nestedProtos.emplace(typeName, 0);
+    ++protoCounter;
+    protoIds[typeName] = protoCounter;
+    proto.id = ++protoIdCounter;
+    std::free(proto.url);
+    proto.url = copyOrEmpty(url);
+    proto.flagA = flagA;
+    proto.isSensor = sensor;
+    proto.bodyIsGrouping = groupingMark;
+    if (!hasParents(parents)) groupingMark = 0;
+    // The node type borrows the init text, so each one is kept.
+    proto.init = nullptr;
+    if (init != nullptr) {
+        keptTexts.push_back(znCopyText(init));
+        proto.init = keptTexts.back();
+    }
+    return 1;
+}
+
+int znDatabaseIntern::SetPrototypeData(char* /*ignored*/, char* name, char* value, int fieldType, int dataType,
+                                       FieldFlags flags) {
+    if (protoRefused) return 0;
+    auto* item = static_cast<_zndbData*>(std::calloc(1, sizeof(_zndbData)));
+    if (item == nullptr) znParserOutOfMemory();
+    if (!copyName(item->name, name)) {
+        std::free(item);
+        return 0;
+    }
+    item->value = copyOrEmpty(value);
+    item->fieldType = fieldType;
+    item->dataType = dataType;
+    item->flags = flags;
+    item->next = nullptr;
+    _zndbData** tail = &proto.fields;
+    while (*tail != nullptr) tail = &(*tail)->next;
+    *tail = item;
+    return 1;
+}
+
+int znDatabaseIntern::EndPrototype() {
+    if (protoRefused) {
+        protoRefused = 0;
+        clearProtoFields();
+        return 0;
+    }
+    return browser != nullptr ? browser->addType(&proto, proto.fields) : 1;
+}
+
+// --- nodes and routes -------------------------------------------------------
+// Only the name bookkeeping is done here yet; the node records and their
+// hand-over to the browser come with the node and route records.
+
+int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int grouping, int nesting,
+                                 int /*sensor*/) {
+    char checked[kDbNameLength];
+    if (!copyName(checked, instName) || !copyName(checked, type)) return 0;
+    const std::string typeName = type != nullptr ? type : "";
+    const std::string nodeName = instName != nullptr ? instName : "";
+    instanceTypes.emplace(nodeName, typeName);
+    if (hasParents(parents) && nesting == 0 && grouping) groupingMark = 1;
+    if (!hasParents(parents)) {
+        if (bodyProtos.count(typeName) != 0) pendingInstance = typeName;
+        isRealNode = 1;
+    } else {
+        for (char** parent = parents; *parent != nullptr; ++parent) {
+            if (bodyProtos.count(*parent) == 0) bodyProtos.emplace(*parent, ++ownerCounter);
+        }
+        isRealNode = 0;
+        return 1;
+    }
+    instanceIds.erase(nodeName);
+    instanceIds.emplace(nodeName, ++nameCounter);
+    return protoIds.count(typeName) != 0 ? 1 : 0;
+}
+
+int znDatabaseIntern::SetNodeData(char*, char*, char*, int, int, FieldFlags, std::vector<char*>*) { return 1; }
+
+void znDatabaseIntern::EndNode() {
+    isRealNode = 0;
+    pendingInstance.clear();
+}
+
+int znDatabaseIntern::InsertRouteByName(char*, char*, char*, char*, char*, char*, char**) { return 0; }
+
+const std::vector<znProtoBodyEntry>* znDatabaseIntern::getProtoBody(const char*) { return nullptr; }
+
+void znDatabaseIntern::createToplevelUSE(const char* name) {
+    if (browser != nullptr) browser->addToToplevelList(name);
+}
+
+// --- the browser's operations -----------------------------------------------
+
+int znDatabaseIntern::ParseSystem(zn_URL* url) {
+    protoIds.clear();
+    const int result = parser->InitParser(znParser::kOutput, url);
+    systemTypeCount = static_cast<int>(protoIds.size());
+    return result;
+}
+
+const char* znDatabaseIntern::LoadURL(std::vector<const char*>& urls) {
+    // Only the first URL is read; the others are not tried.
+    if (urls.empty() || urls[0] == nullptr) return nullptr;
+    return parser->ParseURL(urls[0]) != 0 ? urls[0] : nullptr;
+}
+
+void znDatabaseIntern::DeleteDatabase() {
+    bodyProtos.clear();
+    nestedProtos.clear();
+    instanceTypes.clear();
+    instanceIds.clear();
+    vnodeOwners.clear();
+    vnodes.clear();
+    expansions.clear();
+    pendingInstance.clear();
+    // The Node Support file is read once: its types stay known, those of
+    // the world go with it.
+    for (auto it = protoIds.begin(); it != protoIds.end();) {
+        it = it->second > systemTypeCount ? protoIds.erase(it) : std::next(it);
+    }
+}
+
+void znDatabaseIntern::cleanupDatabase() {
+    DeleteDatabase();
+    instanceCounter = 0;
+    nameCounter = 0;
+    ownerCounter = 0;
+    routeCounter = 0;
+    groupingMark = 0;
+    isRealNode = 0;
+}
+
+int znDatabaseIntern::GetAllRoutes() {
+    routeCounter = 0;
+    return 1;
+}
+
+const char* znDatabaseIntern::getProto(const char* instName) {
+    if (instName == nullptr) return nullptr;
+    auto found = instanceTypes.find(instName);
+    return found != instanceTypes.end() ? found->second.c_str() : nullptr;
+}

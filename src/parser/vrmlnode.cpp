@@ -1,0 +1,323 @@
+#include "parser/vrmlnode.h"
+
+#include <cassert>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "browser/zn_browser_intern.h"
+#include "database/zn_database.h"
+#include "loader/zn_interfaces.h"
+#include "parser/parser.hpp"
+#include "parser/parser_messages.h"
+#include "parser/zn_lexer.h"
+#include "parser/zn_parser.h"
+
+int _setmode = 0;
+int old_setmode = 0;
+
+namespace {
+
+char* copyOrNull(const char* text) { return text != nullptr ? znCopyText(text) : nullptr; }
+
+bool startsWith(const char* text, const char* prefix) {
+    return text != nullptr && std::strncmp(text, prefix, std::strlen(prefix)) == 0;
+}
+
+// Type names of the field-type tokens, SFBOOL (271) to MFNODE (290).
+constexpr const char* kTokenNames[] = {
+    "SFBOOL",     "SFCOLOR",  "SFFLOAT", "SFIMAGE",  "SFINT32",  "SFNODE",   "SFROTATION",
+    "SFSTRING",   "SFTIME",   "SFVEC2F", "SFVEC3F",  "MFCOLOR",  "MFFLOAT",  "MFINT32",
+    "MFROTATION", "MFSTRING", "MFTIME",  "MFVEC2F",  "MFVEC3F",  "MFNODE",
+};
+
+// The flag word of one record as the database reads it.
+FieldFlags flagsOf(const VrmlNodeType::NameTypeRec& rec) {
+    FieldFlags flags;
+    if (rec.exposed) flags.bits |= FieldFlags::kExposed;
+    if (rec.setmode == 1) flags.bits |= FieldFlags::kValueSet;
+    return flags;
+}
+
+bool appendParent(char** list, int& count, const char* scopeName) {
+    // The last slot stays null, so the list always ends.
+    if (count >= VrmlNodeType::kMaxParents - 1) {
+        znAlert(kParentNestingTooDeep);
+        return false;
+    }
+    list[count++] = znCopyText(scopeName);
+    if (count >= VrmlNodeType::kMaxParents - 1) znAlert(kParentNestingTooDeep);
+    list[count] = nullptr;
+    return true;
+}
+
+}  // namespace
+
+VrmlNodeType::VrmlNodeType(const char* nm, znParser* p)
+    : eventIns(new Table), eventOuts(new Table), fields(new Table), parser(p) {
+    assert(nm != NULL);
+    name = znCopyText(nm);
+}
+
+VrmlNodeType::VrmlNodeType(VrmlNodeType& other, znParser* p)
+    : typeId(other.typeId), eventIns(new Table), eventOuts(new Table), fields(new Table), parser(p) {
+    name = znCopyText(other.name);
+    other.useCount++;
+    instanceNumber = other.useCount;
+    copyTable(other.eventIns, eventIns);
+    copyTable(other.eventOuts, eventOuts);
+    copyTable(other.fields, fields);
+}
+
+VrmlNodeType::~VrmlNodeType() {
+    if (instName != nullptr) {
+        std::free(instName);
+    } else {
+        clearfielddata();
+    }
+    clearfields();
+    delete eventIns;
+    delete eventOuts;
+    delete fields;
+    for (int i = 0; i < parentCount; ++i) std::free(parents[i]);
+    std::free(name);
+}
+
+// The old text is let go after the copy, since `nm` may be that text.
+void VrmlNodeType::setName(const char* nm) {
+    char* old = name;
+    name = copyOrNull(nm);
+    std::free(old);
+}
+
+void VrmlNodeType::setInstName(const char* nm) {
+    char* old = instName;
+    instName = copyOrNull(nm);
+    std::free(old);
+}
+
+void VrmlNodeType::addEventIn(const char* nm, int type) { add(eventIns, nm, type, 0); }
+void VrmlNodeType::addEventOut(const char* nm, int type) { add(eventOuts, nm, type, 0); }
+void VrmlNodeType::addField(const char* nm, int type) { add(fields, nm, type, 0); }
+
+void VrmlNodeType::addExposedField(const char* nm, int type) {
+    add(fields, nm, type, 1);
+    if (nm == nullptr) return;
+    // The _changed half is found through the field itself where routes are
+    // checked, so only set_ gets a record.
+    const std::string setName = std::string("set_") + nm;
+    add(eventIns, setName.c_str(), type, 1);
+}
+
+int VrmlNodeType::hasEventIn(const char* nm) const { return has(eventIns, nm); }
+int VrmlNodeType::hasEventOut(const char* nm) const { return has(eventOuts, nm); }
+int VrmlNodeType::hasField(const char* nm) const { return has(fields, nm); }
+
+int VrmlNodeType::hasExposedField(const char* nm) const {
+    if (nm == nullptr) return 0;
+    const std::string lookFor = std::string("set_") + nm + "\n";
+    return has(fields, lookFor.c_str()) != 0 && has(eventIns, lookFor.c_str()) != 0 ? 1 : 0;
+}
+
+int VrmlNodeType::setField(const char* nm, const char* value) const {
+    NameTypeRec* rec = lookUp(fields, nm);
+    if (rec == nullptr) return 0;
+    std::free(rec->value);
+    rec->value = const_cast<char*>(value);
+    rec->setmode = _setmode;
+    return 1;
+}
+
+int VrmlNodeType::setFieldIS(const char* nm, const char* nodeName, const char* protoField, int type,
+                             int kind) const {
+    switch (kind) {
+        case 1:
+        case 3:
+        case 7: return setIS(fields, nm, nodeName, protoField, type);
+        case 2: return setIS(eventIns, nm, nodeName, protoField, type);
+        case 4: return setIS(eventOuts, nm, nodeName, protoField, type);
+        default: return -1;
+    }
+}
+
+int VrmlNodeType::getFieldType(const char* nm, int* type) const {
+    if (nm == nullptr) return 0;
+    int mask = 0;
+    std::string lookFor = nm;
+    if (const NameTypeRec* rec = lookUp(fields, nm)) {
+        mask = 1;
+        if (type != nullptr) *type = rec->type;
+        lookFor = std::string("set_") + nm;
+    }
+    if (const NameTypeRec* rec = lookUp(eventIns, lookFor.c_str())) {
+        mask = mask == 1 ? 3 : 2;
+        if (type != nullptr) *type = rec->type;
+    }
+    if (const NameTypeRec* rec = lookUp(eventOuts, lookFor.c_str())) {
+        mask += 4;
+        if (type != nullptr) *type = rec->type;
+    }
+    return mask;
+}
+
+const char* VrmlNodeType::getTypeString(int token) {
+    if (token < SFBOOL || token > MFNODE) return "";
+    return kTokenNames[token - SFBOOL];
+}
+
+int VrmlNodeType::getTypeJX(int token) {
+    if (token >= SFBOOL && token <= MFINT32) return token - SFBOOL + SFBoolType;
+    if (token == MFNODE) return MFNodeType;
+    if (token >= MFROTATION && token <= MFVEC3F) return token - MFROTATION + MFRotationType;
+    return -1;
+}
+
+void VrmlNodeType::print() {
+    if (parser == nullptr || !parser->outputEnabled()) return;
+    znDatabase* db = parser->getDatabase();
+    if (db == nullptr) return;
+    const bool isProto = instName == nullptr;
+    if (isProto) {
+        char* url = nullptr;
+        char* init = nullptr;
+        int sensor = 0;
+        const bool script = startsWith(name, kScriptTypeName);
+        znBrowserIntern* browser = db->getBrowser();
+        const bool readInit = browser == nullptr || browser->ZNType() != 1;
+        for (NameTypeRec* rec : *fields) {
+            if (url == nullptr &&
+                (std::strcmp(rec->name, kImplementationField) == 0 || (script && std::strcmp(rec->name, "url") == 0)))
+                url = rec->value;
+            if (readInit && std::strcmp(rec->name, kInitField) == 0) init = rec->value;
+            if (std::strcmp(rec->name, kSensorField) == 0) sensor = 1;
+        }
+        db->CreatePrototype(name, parents, url, 0, sensor, nullptr, init);
+    } else {
+        int grouping = 0;
+        int sensor = 0;
+        for (NameTypeRec* rec : *fields) {
+            if (std::strcmp(rec->name, kGroupingField) == 0) grouping = 1;
+            // Only the last record decides: sensor types declare it last.
+            sensor = std::strcmp(rec->name, kSensorField) == 0 ? 1 : 0;
+        }
+        db->CreateNode(name, instName, parents, grouping, parser->fieldNestingCount(), sensor);
+    }
+    struct Pass {
+        Table* table;
+        int kind;
+    };
+    const Pass passes[] = {{eventIns, 2}, {eventOuts, 1}, {fields, 0}};
+    for (const Pass& pass : passes) {
+        for (NameTypeRec* rec : *pass.table) {
+            if (pass.kind == 0 &&
+                (std::strcmp(rec->name, kGroupingField) == 0 || std::strcmp(rec->name, kImplementationField) == 0))
+                continue;
+            char* value = pass.kind == 0 ? rec->value : nullptr;
+            if (isProto) {
+                db->SetPrototypeData(nullptr, rec->name, value, getTypeJX(rec->type), pass.kind, flagsOf(*rec));
+            } else {
+                db->SetNodeData(nullptr, rec->name, value, getTypeJX(rec->type), pass.kind, flagsOf(*rec),
+                                &rec->isFields);
+            }
+        }
+    }
+    if (isProto) {
+        db->EndPrototype();
+    } else {
+        db->EndNode();
+    }
+}
+
+void VrmlNodeType::clearfields() {
+    clearTable(eventIns);
+    clearTable(eventOuts);
+    clearTable(fields);
+}
+
+void VrmlNodeType::clearfielddata() {
+    clearTableData(eventIns);
+    clearTableData(eventOuts);
+    clearTableData(fields);
+}
+
+void VrmlNodeType::add(Table* list, const char* nm, int type, char exposed) {
+    if (nm == nullptr || lookUp(list, nm) != nullptr) return;
+    auto* rec = new NameTypeRec;
+    rec->name = znCopyText(nm);
+    rec->type = type;
+    rec->exposed = exposed;
+    list->push_back(rec);
+}
+
+VrmlNodeType::NameTypeRec* VrmlNodeType::lookUp(const Table* list, const char* nm) {
+    if (nm == nullptr) return nullptr;
+    for (NameTypeRec* rec : *list) {
+        if (std::strcmp(rec->name, nm) == 0) return rec;
+    }
+    return nullptr;
+}
+
+int VrmlNodeType::has(const Table* list, const char* nm) {
+    const NameTypeRec* rec = lookUp(list, nm);
+    return rec != nullptr ? rec->type : 0;
+}
+
+int VrmlNodeType::setIS(Table* list, const char* nm, const char* nodeName, const char* protoField, int type) {
+    if (nm == nullptr || nodeName == nullptr || protoField == nullptr) return 0;
+    NameTypeRec* rec = lookUp(list, nm);
+    if (rec == nullptr || rec->type != type) return 0;
+    std::free(rec->isNode);
+    rec->isNode = znCopyText(nodeName);
+    for (const char* bound : rec->isFields) {
+        if (std::strcmp(bound, protoField) == 0) return 1;
+    }
+    rec->isFields.push_back(znCopyText(protoField));
+    rec->setmode = _setmode;
+    return 1;
+}
+
+void VrmlNodeType::copyTable(const Table* from, Table* to) {
+    for (const NameTypeRec* rec : *from) {
+        auto* copy = new NameTypeRec;
+        copy->name = znCopyText(rec->name);
+        copy->type = rec->type;
+        copy->exposed = rec->exposed;
+        copy->value = copyOrNull(rec->value);
+        to->push_back(copy);
+    }
+}
+
+void VrmlNodeType::clearTable(Table* list) {
+    clearTableData(list);
+    for (NameTypeRec* rec : *list) {
+        std::free(rec->name);
+        delete rec;
+    }
+    list->clear();
+}
+
+void VrmlNodeType::clearTableData(Table* list) {
+    for (NameTypeRec* rec : *list) {
+        std::free(rec->value);
+        rec->value = nullptr;
+        std::free(rec->isNode);
+        rec->isNode = nullptr;
+        for (char* bound : rec->isFields) std::free(bound);
+        rec->isFields.clear();
+    }
+}
+
+Parents::~Parents() {
+    for (int i = 0; i < count; ++i) std::free(names[i]);
+}
+
+void setParent(VrmlNodeType* scope, VrmlNodeType* target) {
+    if (scope == nullptr || target == nullptr || scope->name == nullptr) return;
+    appendParent(target->parents, target->parentCount, scope->name);
+}
+
+void setRouteParent(VrmlNodeType* scope, Parents* target) {
+    if (scope == nullptr || target == nullptr || scope->name == nullptr) return;
+    appendParent(target->names, target->count, scope->name);
+}

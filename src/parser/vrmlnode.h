@@ -1,0 +1,120 @@
+// VrmlNodeType: the parser's record of one node type or one node being read.
+// A PROTO being declared, a known type in a name space and an instance copy
+// with its DEF-form name share this layout; print() hands the finished record
+// to the scene database.
+#ifndef VRMLNODE_H
+#define VRMLNODE_H
+
+#include <list>
+#include <vector>
+
+class znParser;
+
+// 0 while a PROTO's interface is read, 1 inside a node.
+extern int _setmode;
+// _setmode as it was when the node being read was entered.
+extern int old_setmode;
+
+class VrmlNodeType {
+public:
+    // Enclosing PROTO names kept per record, the list's null end included.
+    static constexpr int kMaxParents = 20;
+
+    struct NameTypeRec {
+        char* name = nullptr;   // owning
+        int type = 0;           // field-type token, 271..290
+        char* value = nullptr;  // owning, may be null
+        char* isNode = nullptr; // owning, may be null
+        std::vector<char*> isFields;  // owning
+        int setmode = 0;
+        char exposed = 0;
+    };
+    using Table = std::list<NameTypeRec*>;
+
+    VrmlNodeType(const char* nm, znParser* parser);
+    // An instance copy: the interface and the default values of `other`,
+    // without its IS bindings. Counts the copy in `other`.
+    VrmlNodeType(VrmlNodeType& other, znParser* parser);
+    ~VrmlNodeType();
+    VrmlNodeType(const VrmlNodeType&) = delete;
+    VrmlNodeType& operator=(const VrmlNodeType&) = delete;
+
+    void setName(const char* nm);
+    void setInstName(const char* nm);
+    const char* getName() const { return name; }
+    const char* getInstName() const { return instName; }
+
+    void addEventIn(const char* nm, int type);
+    void addEventOut(const char* nm, int type);
+    void addField(const char* nm, int type);
+    void addExposedField(const char* nm, int type);
+
+    int hasEventIn(const char* nm) const;
+    int hasEventOut(const char* nm) const;
+    int hasField(const char* nm) const;
+    // Always 0: the look-up text carries a line feed. Nothing relies on it.
+    int hasExposedField(const char* nm) const;
+
+    // Takes ownership of `value` when the field exists (answer 1).
+    int setField(const char* nm, const char* value) const;
+    // Kind 1, 3 or 7 binds a field, 2 an eventIn, 4 an eventOut; any other
+    // kind answers -1, which counts as success.
+    int setFieldIS(const char* nm, const char* nodeName, const char* protoField, int type, int kind) const;
+    // Mask of the kinds of `nm` (1 field, 2 eventIn, 4 eventOut, 3 exposed
+    // field); its token goes to *type.
+    int getFieldType(const char* nm, int* type) const;
+
+    static const char* getTypeString(int token);
+    // The FieldType number (20..39) of a field-type token; -1 for others.
+    static int getTypeJX(int token);
+
+    // Sends the record to the parser's database: a PROTO without instName,
+    // a node with it.
+    void print();
+
+    void clearfields();
+    void clearfielddata();
+
+    int parentCount = 0;
+    char* parents[kMaxParents] = {};  // owning, null-terminated
+    char savedInScript = 0;
+    int savedSetmode = 0;
+    int isExternTarget = 0;
+    char* name = nullptr;      // owning
+    char* instName = nullptr;  // owning, may be null
+    int typeId = 1;
+    int instanceNumber = 0;
+    int useCount = 1;
+    Table* eventIns;   // owning
+    Table* eventOuts;  // owning
+    Table* fields;     // owning
+    znParser* parser;  // borrowed: the parser that made this record
+
+private:
+    static void add(Table* list, const char* nm, int type, char exposed);
+    static NameTypeRec* lookUp(const Table* list, const char* nm);
+    static int has(const Table* list, const char* nm);
+    static int setIS(Table* list, const char* nm, const char* nodeName, const char* protoField, int type);
+    static void copyTable(const Table* from, Table* to);
+    static void clearTable(Table* list);
+    static void clearTableData(Table* list);
+};
+
+// The parser's entry for a node being read.
+struct FieldRec {
+    VrmlNodeType* nodeType;  // owning: the instance copy
+    const char* fieldName;   // borrowed: the field being read
+};
+
+// The enclosing PROTO names of a route.
+struct Parents {
+    char* names[VrmlNodeType::kMaxParents] = {};  // owning, null-terminated
+    int count = 0;
+    ~Parents();
+};
+
+// Used over the PROTO stack, outermost first.
+void setParent(VrmlNodeType* scope, VrmlNodeType* target);
+void setRouteParent(VrmlNodeType* scope, Parents* target);
+
+#endif

@@ -1,0 +1,387 @@
+// The semantic methods of znParser that the grammar calls: node and DEF
+// names, name spaces and PROTO scopes, field declarations and values, IS
+// bindings and ROUTE checks.
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "database/zn_database.h"
+#include "loader/zn_interfaces.h"
+#include "parser/parser.hpp"
+#include "parser/parser_messages.h"
+#include "parser/vrmlnode.h"
+#include "parser/zn_lexer.h"
+#include "parser/zn_parser.h"
+
+namespace {
+
+// Instance names are compared without their kind letter, so that the 'd'
+// and 'u' forms of one DEF are the same node.
+bool sameInstance(const char* a, const char* b) {
+    if (a == nullptr || b == nullptr || a[0] == '\0' || b[0] == '\0') return false;
+    return std::strcmp(a + 1, b + 1) == 0;
+}
+
+bool sameText(const char* a, const char* b) {
+    if (a == nullptr || b == nullptr) return a == b;
+    return std::strcmp(a, b) == 0;
+}
+
+}  // namespace
+
+// --- name spaces ------------------------------------------------------------
+
+void znParser::pushNameSpace() {
+    typeNameSpace.push_front(nullptr);
+    instanceNameSpace.push_front(nullptr);
+}
+
+void znParser::popNameSpace() {
+    popList(typeNameSpace);
+    popList(instanceNameSpace);
+}
+
+void znParser::popList(std::list<VrmlNodeType*>& list) {
+    while (!list.empty()) {
+        VrmlNodeType* entry = list.front();
+        list.pop_front();
+        if (entry == nullptr) return;
+        delete entry;
+    }
+}
+
+VrmlNodeType* znParser::find(const char* name, const char* instName) {
+    if (name == nullptr) return nullptr;
+    const std::list<VrmlNodeType*>& list = instName != nullptr ? instanceNameSpace : typeNameSpace;
+    for (VrmlNodeType* entry : list) {
+        if (entry != nullptr && sameText(entry->name, name) && sameText(entry->instName, instName)) return entry;
+    }
+    return nullptr;
+}
+
+VrmlNodeType* znParser::findinstname(const char* name) {
+    for (VrmlNodeType* entry : instanceNameSpace) {
+        if (entry != nullptr && sameInstance(entry->instName, name)) return entry;
+    }
+    return nullptr;
+}
+
+void znParser::addToNameSpace(VrmlNodeType* type) {
+    if (type->instName == nullptr && find(type->name, nullptr) != nullptr) {
+        // The first definition stays; in a file read for an EXTERNPROTO a
+        // repeated PROTO is expected and passes silently.
+        if (externProtoDepth == 0) znMessage(znParserFormat(kProtoAlreadyDefined, type->name).c_str());
+        delete type;
+        return;
+    }
+    if (type->instName != nullptr && std::strcmp(type->name, kScriptTypeName) == 0) {
+        // Every Script node gets a type of its own, named after the node.
+        const std::string scriptType = znParserFormat(kScriptTypeFormat, type->instName);
+        auto* own = new VrmlNodeType(*type, this);
+        own->setName(scriptType.c_str());
+        for (VrmlNodeType* scope : protoStack) setParent(scope, own);
+        own->print();
+        typeNameSpace.push_front(own);
+        type->setName(scriptType.c_str());
+    }
+    type->print();
+    if (type->instName != nullptr) {
+        if (type->parentCount == 0) {
+            type->clearfields();
+        } else {
+            type->clearfielddata();
+        }
+        instanceNameSpace.push_front(type);
+    } else {
+        typeNameSpace.push_front(type);
+    }
+}
+
+// --- nodes ------------------------------------------------------------------
+
+VrmlNodeType* znParser::topInstance() {
+    if (fieldStack.empty() || fieldStack.back() == nullptr) return nullptr;
+    return fieldStack.back()->nodeType;
+}
+
+void znParser::enterNode(const char* type) {
+    old_setmode = _setmode;
+    _setmode = 1;
+    nodeDepth++;
+    std::string typeName = type != nullptr ? type : "";
+    VrmlNodeType* t = find(type, nullptr);
+    while (t == nullptr) {
+        const znPromptAnswer answer =
+            znPrompt(znParserFormat(kUnknownTypePrompt, typeName.c_str(), currentLine).c_str());
+        if (!answer.answered) break;
+        typeName = answer.name;
+        t = find(typeName.c_str(), nullptr);
+    }
+    if (t == nullptr) {
+        znMessage(znParserFormat(kUnknownTypeSkipped, typeName.c_str()).c_str());
+        expectToken = 0;
+        skippingNode = 1;
+        return;
+    }
+    auto* rec = new FieldRec{new VrmlNodeType(*t, this), nullptr};
+    rec->nodeType->savedSetmode = old_setmode;
+    rec->nodeType->savedInScript = static_cast<char>(inScriptFlag);
+    inScriptFlag = typeName == kScriptTypeName ? 1 : 0;
+    for (VrmlNodeType* scope : protoStack) setParent(scope, rec->nodeType);
+    fieldStack.push_back(rec);
+}
+
+void znParser::exitNode() {
+    nodeDepth--;
+    if (VrmlNodeType* instance = topInstance()) {
+        inScriptFlag = instance->savedInScript;
+        _setmode = instance->savedSetmode;
+        FieldRec* rec = fieldStack.back();
+        fieldStack.pop_back();
+        // In a file read for an EXTERNPROTO only its PROTOs count.
+        if (externProtoDepth == 0 || protoDepth != 0) {
+            addToNameSpace(instance);
+        } else {
+            delete instance;
+        }
+        delete rec;
+    }
+    while (!pendingRoutes.empty()) {
+        RouteInfo* route = pendingRoutes.back();
+        pendingRoutes.pop_back();
+        addRoute(route->fromNode, route->fromField, route->toNode, route->toField);
+        std::free(route->fromNode);
+        std::free(route->fromField);
+        std::free(route->toNode);
+        std::free(route->toField);
+        delete route;
+    }
+}
+
+void znParser::setNodeNameBuffer(const char* name) {
+    znParserBoundedCopy(nodeNameBuffer, name, kNodeNameLength, "Node name");
+}
+
+void znParser::setName(const char* name) {
+    setNodeNameBuffer(name);
+    if (VrmlNodeType* instance = topInstance()) instance->setInstName(name);
+}
+
+void znParser::getName() {
+    VrmlNodeType* instance = topInstance();
+    setNodeNameBuffer(instance != nullptr ? instance->instName : nullptr);
+}
+
+// --- fields -----------------------------------------------------------------
+
+void znParser::enterField(const char* name) {
+    if (fieldStack.empty() || name == nullptr) return;
+    FieldRec* rec = fieldStack.back();
+    rec->fieldName = name;
+    VrmlNodeType* instance = rec->nodeType;
+    if (instance == nullptr) return;
+    // An event takes only IS, which needs no value state.
+    if (instance->hasEventIn(name) != 0 || instance->hasEventOut(name) != 0) return;
+    int type = instance->hasField(name);
+    while (type == 0) {
+        const znPromptAnswer answer = znPrompt(znParserFormat(kUnknownFieldPrompt, instance->name, name).c_str());
+        if (!answer.answered) return;
+        type = instance->hasField(answer.name);
+        if (type != 0) {
+            correctedFieldName = answer.name;
+            rec->fieldName = correctedFieldName.c_str();
+        }
+    }
+    expect(type);
+}
+
+void znParser::exitField() {
+    if (!fieldStack.empty()) fieldStack.back()->fieldName = nullptr;
+}
+
+void znParser::setField(const char* value) {
+    VrmlNodeType* instance = topInstance();
+    // The record takes the text; without one to take it, it is let go here.
+    if (instance == nullptr || instance->setField(fieldStack.back()->fieldName, value) == 0)
+        std::free(const_cast<char*>(value));
+}
+
+void znParser::setProtoField(const char* name, const char* value) {
+    if (currentProto == nullptr || currentProto->setField(name, value) == 0) std::free(const_cast<char*>(value));
+}
+
+void znParser::setFieldIS(const char* protoField) {
+    VrmlNodeType* instance = topInstance();
+    if (instance == nullptr) return;
+    const char* fieldName = fieldStack.back()->fieldName;
+    if (protoStack.empty()) {
+        // Outside any PROTO there is nothing to bind to.
+        znAlert(znParserFormat(kInvalidISFieldType, 0, fieldName != nullptr ? fieldName : "").c_str());
+        return;
+    }
+    VrmlNodeType* proto = protoStack.back();
+    int type = 0;
+    const int kind = proto->getFieldType(protoField, &type);
+    const char* shownName = fieldName != nullptr ? fieldName : "";
+    if (instance->getFieldType(fieldName, nullptr) != 3) {
+        if (instance->setFieldIS(fieldName, proto->name, protoField, type, kind) == 0)
+            znAlert(znParserFormat(kInvalidISFieldType, type, shownName).c_str());
+        return;
+    }
+    // An exposed field binds its field half and its set_ half apiece.
+    if ((kind & 1) != 0 && instance->setFieldIS(fieldName, proto->name, protoField, type, 1) == 0)
+        znAlert(znParserFormat(kInvalidISFieldType, type, shownName).c_str());
+    const std::string eventName = znParserFormat(kSetPrefixFormat, shownName);
+    const std::string protoEvent =
+        kind == 3 ? znParserFormat(kSetPrefixFormat, protoField != nullptr ? protoField : "")
+                  : std::string(protoField != nullptr ? protoField : "");
+    if ((kind & 2) != 0 &&
+        instance->setFieldIS(eventName.c_str(), proto->name, protoEvent.c_str(), type, 2) == 0)
+        znAlert(znParserFormat(kInvalidISEventInType, type, eventName.c_str()).c_str());
+}
+
+int znParser::add(void (VrmlNodeType::*member)(const char*, int), const char* type, const char* name) {
+    int token = fieldType(type);
+    while (token == 0) {
+        const znPromptAnswer answer =
+            znPrompt(znParserFormat(kInvalidFieldTypePrompt, type != nullptr ? type : "NULL").c_str());
+        if (!answer.answered) break;
+        token = fieldType(answer.name);
+    }
+    VrmlNodeType* target = inScriptFlag ? topInstance() : currentProto;
+    if (target != nullptr) (target->*member)(name, token);
+    return token;
+}
+
+void znParser::addEventIn(const char* type, const char* name) { add(&VrmlNodeType::addEventIn, type, name); }
+void znParser::addEventOut(const char* type, const char* name) { add(&VrmlNodeType::addEventOut, type, name); }
+int znParser::addField(const char* type, const char* name) { return add(&VrmlNodeType::addField, type, name); }
+int znParser::addExposedField(const char* type, const char* name) {
+    return add(&VrmlNodeType::addExposedField, type, name);
+}
+
+void znParser::inScript() {
+    if (!inScriptFlag) yyerror(kDeclarationOutsideScript);
+}
+
+// --- PROTO scopes -----------------------------------------------------------
+
+void znParser::beginProto(const char* name) {
+    _setmode = 0;
+    protoDepth++;
+    fieldNestingCount() = 0;
+    pushNameSpace();
+    extProtoInfo& info = externInfo[externProtoDepth];
+    VrmlNodeType* type = nullptr;
+    if (externProtoDepth != 0 && info.wanted) {
+        info.wanted = 0;
+        type = new VrmlNodeType(info.name != nullptr ? info.name : name, this);
+        type->isExternTarget = 1;
+    } else {
+        type = new VrmlNodeType(name, this);
+    }
+    for (VrmlNodeType* scope : protoStack) setParent(scope, type);
+    // A PROTO whose interface was never closed is no one else's.
+    if (currentProto != nullptr &&
+        std::find(protoStack.begin(), protoStack.end(), currentProto) == protoStack.end())
+        delete currentProto;
+    currentProto = type;
+}
+
+void znParser::inProto(const char* /*name*/) {
+    if (currentProto != nullptr) protoStack.push_back(currentProto);
+}
+
+void znParser::endProto() {
+    popNameSpace();
+    if (protoStack.empty()) {
+        znAlert(kEmptyProtoStack);
+    } else {
+        VrmlNodeType* type = protoStack.back();
+        protoStack.pop_back();
+        const bool target = type->isExternTarget != 0;
+        if (currentProto == type) currentProto = nullptr;
+        addToNameSpace(type);
+        if (target) externInfo[externProtoDepth].created = 1;
+    }
+    if (currentProto == nullptr && !protoStack.empty()) currentProto = protoStack.back();
+    protoDepth--;
+}
+
+// --- ROUTE ------------------------------------------------------------------
+
+void znParser::setRoute(const char* fromNode, const char* fromField, const char* toNode, const char* toField) {
+    if (nodeDepth < 1) {
+        addRoute(fromNode, fromField, toNode, toField);
+        return;
+    }
+    // A node named inside a node may not be finished yet.
+    pendingRoutes.push_back(new RouteInfo{znCopyText(fromNode != nullptr ? fromNode : ""),
+                                          znCopyText(fromField != nullptr ? fromField : ""),
+                                          znCopyText(toNode != nullptr ? toNode : ""),
+                                          znCopyText(toField != nullptr ? toField : "")});
+}
+
+VrmlNodeType* znParser::routeEnd(const char* node) {
+    VrmlNodeType* top = topInstance();
+    const bool beingRead = top != nullptr && sameInstance(top->instName, node);
+    VrmlNodeType* instance = beingRead ? top : findinstname(node);
+    VrmlNodeType* type = instance != nullptr ? find(instance->name, nullptr) : nullptr;
+    if (type == nullptr) {
+        znMessage(znParserFormat(kBadRouteUnknownNode, node).c_str());
+        return nullptr;
+    }
+    // The node being read still has its whole interface, a Script's own
+    // declarations included; a finished one keeps only its name.
+    return beingRead ? instance : type;
+}
+
+void znParser::addRoute(const char* fromNode, const char* fromField, const char* toNode, const char* toField) {
+    VrmlNodeType* source = routeEnd(fromNode);
+    if (source == nullptr) return;
+    std::string out = fromField;
+    int fromType = source->hasEventOut(out.c_str());
+    if (fromType == 0) {
+        const std::size_t changed = out.find(kChangedSuffix);
+        if (changed != std::string::npos) out.resize(changed);
+        fromType = source->hasField(out.c_str());
+    }
+    if (fromType == 0) {
+        znMessage(znParserFormat(kBadRouteNotEventOut, fromField, fromNode).c_str());
+        return;
+    }
+    VrmlNodeType* destination = routeEnd(toNode);
+    if (destination == nullptr) return;
+    std::string in = toField;
+    int toType = destination->hasEventIn(in.c_str());
+    if (toType == 0) {
+        in = znParserFormat(kSetPrefixFormat, toField);
+        toType = destination->hasEventIn(in.c_str());
+    }
+    if (toType == 0) {
+        znMessage(znParserFormat(kBadRouteNotEventIn, toField, toNode).c_str());
+        return;
+    }
+    if (fromType != toType) {
+        yyerror(znParserFormat(kBadRouteTypes, VrmlNodeType::getTypeString(fromType),
+                               VrmlNodeType::getTypeString(toType))
+                    .c_str());
+        return;
+    }
+    addRoute(source->name, fromNode, out.c_str(), destination->name, toNode, in.c_str());
+}
+
+void znParser::addRoute(const char* fromType, const char* fromNode, const char* fromField, const char* toType,
+                        const char* toNode, const char* toField) {
+    if (!outputFlag || database == nullptr) return;
+    Parents parents;
+    for (VrmlNodeType* scope : protoStack) setRouteParent(scope, &parents);
+    database->InsertRouteByName(const_cast<char*>(fromType), const_cast<char*>(fromNode),
+                                const_cast<char*>(fromField), const_cast<char*>(toType), const_cast<char*>(toNode),
+                                const_cast<char*>(toField), parents.names);
+}
+
+void znParser::createToplevelUSE(const char* name) {
+    if (outputFlag && database != nullptr) database->createToplevelUSE(name);
+}

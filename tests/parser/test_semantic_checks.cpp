@@ -1,0 +1,163 @@
+// The parser's own checks: unknown names, repeated PROTOs, ROUTE tests,
+// IS bindings, the questions it asks, and its fixed limits.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "parse_run.h"
+#include "parser/vrmlnode.h"
+
+using Calls = std::vector<std::string>;
+
+namespace {
+bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+
+int count(const std::vector<std::string>& calls, const std::string& prefix) {
+    int n = 0;
+    for (const std::string& c : calls) n += c.rfind(prefix, 0) == 0 ? 1 : 0;
+    return n;
+}
+}  // namespace
+
+TEST(UnknownNames, UnknownTypeWithNoAnswerIsSkipped) {
+    ParseRun run = parseText("Foo { a 1 b { c } } Group { }");
+    EXPECT_EQ(run.result, 0);
+    EXPECT_TRUE(contains(run.errors, "\nPrompt:  Unknown node type Foo near line 1, correct one?\n"));
+    EXPECT_TRUE(contains(run.errors, "\nMessage:  Unknown node type 'Foo', skipping node\n"));
+    EXPECT_EQ(run.nodes(), Calls{"x00000+Group_1"});
+}
+
+TEST(UnknownNames, DefOfUnknownTypeIsSkippedToo) {
+    ParseRun run = parseText("DEF X Foo { } Group { }");
+    EXPECT_EQ(run.result, 0) << run.errors;
+    EXPECT_EQ(run.nodes(), Calls{"x00000+Group_0"});
+}
+
+TEST(UnknownNames, AnsweredTypeNameIsUsed) {
+    ParseOptions options;
+    options.input = "1\nGroup\n";
+    ParseRun run = parseText("Gruop { }", options);
+    EXPECT_EQ(run.result, 0) << run.errors;
+    EXPECT_TRUE(run.called("CreateNode(Group,x00000+Gruop_0,[],0,0,0)"));
+}
+
+TEST(UnknownNames, AnsweredFieldNameIsUsed) {
+    ParseOptions options;
+    options.input = "1\nsffloat\n";
+    ParseRun run = parseText("Node { sfflaot 2 }", options);
+    EXPECT_EQ(run.result, 0) << run.errors;
+    EXPECT_TRUE(contains(run.errors,
+                         "Node's of type Node do not have fields/eventIn/EventOut named sfflaot.\nWhat is the correct "
+                         "name?"));
+    EXPECT_TRUE(run.called("SetNodeData(sffloat,2,22,0,ev,[])"));
+}
+
+TEST(UnknownNames, InvalidFieldTypeAsksAndReports) {
+    ParseRun run = parseText("PROTO P [ field SFFlot x 1 ] { }");
+    EXPECT_TRUE(contains(run.errors, "\nAlert:  Illegal field type: SFFlot\n"));
+    EXPECT_TRUE(contains(run.errors, "Error: invalid field type: SFFlot.\nWhat is the correct type?\n"));
+}
+
+TEST(Protos, SecondProtoOfANameIsRefusedAndTheFirstKept) {
+    ParseRun run = parseText("PROTO P [ field SFFloat a 1 ] { } PROTO P [ field SFInt32 b 2 ] { } P { }");
+    EXPECT_EQ(run.result, 0);
+    EXPECT_TRUE(contains(run.errors, "\nMessage:  PROTO P already defined\n"));
+    EXPECT_EQ(count(run.calls, "CreatePrototype(P,"), 1);
+    EXPECT_TRUE(run.called("SetNodeData(a,1,22,0,-,[])"));
+    EXPECT_FALSE(run.called("SetNodeData(b,2,24,0,-,[])"));
+}
+
+TEST(Protos, ProtosOfAFileLeaveWithIt) {
+    ParseRun run = parseText("PROTO P [ ] { } P { }");
+    EXPECT_EQ(run.result, 0);
+    // Each parse opens its own scope; a second file may declare P again.
+    ParseRun again = parseText("PROTO P [ ] { }");
+    EXPECT_FALSE(contains(again.errors, "already defined"));
+}
+
+TEST(Protos, NestingOf19ProtosIsReported) {
+    std::string text;
+    for (int i = 0; i < 20; ++i) text += "PROTO P" + std::to_string(i) + " [ ] { ";
+    for (int i = 0; i < 20; ++i) text += "} ";
+    ParseRun run = parseText(text);
+    EXPECT_EQ(run.result, 0);
+    EXPECT_TRUE(contains(run.errors, "\nAlert:  Parent nesting too deep!\n\n"));
+}
+
+TEST(Protos, NestingBeyondTheParentListStaysBounded) {
+    std::string text;
+    for (int i = 0; i < 45; ++i) text += "PROTO P" + std::to_string(i) + " [ ] { ";
+    text += "Group { }";
+    for (int i = 0; i < 45; ++i) text += " }";
+    ParseRun run = parseText(text);
+    EXPECT_EQ(run.result, 0);
+    // The node names its first 19 enclosing PROTOs only.
+    std::string parents = "[P0";
+    for (int i = 1; i < VrmlNodeType::kMaxParents - 1; ++i) parents += "/P" + std::to_string(i);
+    EXPECT_TRUE(run.called("CreateNode(Group,x00000+Group_0," + parents + "],0,0,0)"));
+}
+
+TEST(IsBindings, IsOutsideAProtoIsReported) {
+    ParseRun run = parseText("Node { sffloat IS x }");
+    EXPECT_EQ(run.result, 0);
+    EXPECT_TRUE(contains(run.errors, "Invalid IS field type: 0 for field sffloat\n"));
+}
+
+TEST(IsBindings, MismatchedTypeIsReported) {
+    ParseRun run = parseText("PROTO P [ field SFInt32 n 1 ] { Node { sffloat IS n } }");
+    EXPECT_TRUE(contains(run.errors, "Invalid IS field type: 275 for field sffloat\n"));
+    EXPECT_TRUE(run.called("SetNodeData(sffloat,IZZED,22,0,ev,[])"));
+}
+
+TEST(Routes, EventOutToEventInPassesWithSuffixesAndPrefixes) {
+    ParseRun run = parseText("DEF A Node { } DEF B Node { } ROUTE A.sffloat_changed TO B.sffloat");
+    EXPECT_EQ(run.calls.back(), "InsertRouteByName(Node,d00000+A,sffloat,Node,d00000+B,set_sffloat,[])");
+}
+
+TEST(Routes, RouteInsideANodeWaitsForTheNode) {
+    ParseRun run = parseText("DEF A Node { } Group { ROUTE A.sffloat TO A.set_sffloat }");
+    EXPECT_EQ(run.result, 0);
+    EXPECT_EQ(run.calls.back(), "InsertRouteByName(Node,d00000+A,sffloat,Node,d00000+A,set_sffloat,[])");
+}
+
+TEST(Routes, RouteInsideAProtoNamesItsParents) {
+    ParseRun run = parseText("PROTO P [ ] { DEF A Node { } ROUTE A.sffloat TO A.sffloat }");
+    EXPECT_TRUE(run.called("InsertRouteByName(Node,d00000+A,sffloat,Node,d00000+A,set_sffloat,[P])"));
+}
+
+TEST(Routes, UnknownNodeIsRefused) {
+    ParseRun run = parseText("DEF A Node { } ROUTE Z.sffloat TO A.sffloat");
+    EXPECT_TRUE(contains(run.errors, "\nMessage:  BAD ROUTE:  Unknown node type 'Z'\n"));
+    EXPECT_EQ(count(run.calls, "InsertRouteByName"), 0);
+}
+
+TEST(Routes, RouteBeforeItsNodeIsRefused) {
+    ParseRun run = parseText("ROUTE A.sffloat TO B.sffloat DEF A Node { } DEF B Node { }");
+    EXPECT_TRUE(contains(run.errors, "BAD ROUTE:  Unknown node type 'A'"));
+}
+
+TEST(Routes, NotAnEventOutIsRefused) {
+    ParseRun run = parseText("DEF A Node { } ROUTE A.nothing TO A.sffloat");
+    EXPECT_TRUE(contains(run.errors, "\nMessage:  BAD ROUTE:  nothing not an eventOut for d00000+A\n"));
+}
+
+TEST(Routes, NotAnEventInIsRefused) {
+    ParseRun run = parseText("DEF A Node { } ROUTE A.sffloat TO A.nothing");
+    EXPECT_TRUE(contains(run.errors, "\nMessage:  BAD ROUTE:  nothing not an eventIn for d00000+A\n"));
+}
+
+TEST(Routes, DifferentTypesGoThroughTheErrorReport) {
+    ParseRun run = parseText("DEF A Node { } DEF B Node { }\nROUTE A.sfbool TO B.sftime\n");
+    EXPECT_EQ(run.result, 0);
+    EXPECT_TRUE(contains(run.errors, "\nAlert:  Error in test.wrl near line 2: BAD ROUTE: SFBOOL and SFTIME are "
+                                     "different types\n\nParsing: "));
+    EXPECT_EQ(count(run.calls, "InsertRouteByName"), 0);
+}
+
+TEST(Limits, VeryLongDefNameIsCutInTheNameBuffer) {
+    const std::string name(300, 'n');
+    ParseRun run = parseText("Group { children DEF " + name + " Group { } }");
+    EXPECT_EQ(run.result, 0);
+    EXPECT_TRUE(contains(run.errors, "Node name cut to 211 characters"));
+}
