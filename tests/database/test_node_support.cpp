@@ -11,6 +11,9 @@
 #include "browser/zn_browser_intern.h"
 #include "database/zn_database_intern.h"
 #include "fields/zn_values.h"
+#include "loader/zn.h"
+#include "scripts/zn_cppsi.h"
+#include "scripts/zn_scriptinterfaces.h"
 #include "fields/zn_exception.h"
 #include "nodes/zn_nodetype.h"
 #include "parser/zn_parser.h"
@@ -23,20 +26,10 @@ using testing::internal::GetCapturedStderr;
 
 namespace {
 
-// Converts the vector and colour texts this file checks, so that defaults
-// can be read back whatever the browser's own conversion does yet.
-class VectorBrowser : public znBrowserIntern {
+// A browser of the loader's kind with no system object around it.
+class LoaderBrowser : public znBrowserIntern {
 public:
-    VectorBrowser() : znBrowserIntern(nullptr) { registerZNType(1); }
-    void vrml2data(void* data, FieldType type, const char* text) override {
-        if ((type == SFVec3fType || type == SFColorType) && text != nullptr) {
-            auto* value = static_cast<_znArray<float>*>(data);
-            float v[3] = {0, 0, 0};
-            if (std::sscanf(text, "%f %f %f", &v[0], &v[1], &v[2]) == 3) *value = _znArray<float>(v, 3);
-            return;
-        }
-        znBrowserIntern::vrml2data(data, type, text);
-    }
+    LoaderBrowser() : znBrowserIntern(nullptr) { registerZNType(1); }
 };
 
 znDatabaseIntern& databaseOf(znBrowserIntern& browser) {
@@ -61,10 +54,15 @@ znNodeType* typeNamed(znBrowserIntern& browser, const char* name) {
     return nullptr;
 }
 
+// A system object set up as the loader sets it up, with the Node Support
+// file read.
 struct Loaded {
-    VectorBrowser browser;
+    ZN system{0};
+    znBrowserIntern& browser;
     std::string errors;
-    Loaded() {
+    Loaded() : browser(*system.browser) {
+        system.scriptInterfaces->add(newZnCPPSI, "so", nullptr, nullptr, nullptr, nullptr, 1);
+        browser.registerZNType(1);
         wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
         CaptureStderr();
         browser.init();
@@ -117,7 +115,7 @@ TEST(NodeSupportFile, PseudoFieldsShapeTheType) {
 }
 
 TEST(NodeSupportFile, MissingVariableIsReported) {
-    VectorBrowser browser;
+    LoaderBrowser browser;
     wrltest::ScopedEnv builtins("ZNBUILTINS", nullptr);
     CaptureStderr();
     const int result = databaseOf(browser).ParseSystem(nullptr);
@@ -168,7 +166,7 @@ TEST(WorldFiles, SyntaxErrorReportsThenGivesUpTheFile) {
 }
 
 TEST(WorldFiles, OnlyTheFirstUrlIsTried) {
-    VectorBrowser browser;
+    LoaderBrowser browser;
     zn_URL_default url;
     znDatabaseIntern& db = databaseOf(browser);
     wrltest::ScopedEnv builtins("ZNBUILTINS", nullptr);
@@ -204,7 +202,7 @@ TEST(WorldFiles, ScriptNodeTypeIsNoSystemType) {
 }
 
 TEST(Records, NameLongerThanTheRecordFieldIsRefused) {
-    VectorBrowser browser;
+    LoaderBrowser browser;
     znDatabaseIntern& db = databaseOf(browser);
     std::string name(150, 'p');
     char* parents[1] = {nullptr};
@@ -219,7 +217,7 @@ TEST(Records, NameLongerThanTheRecordFieldIsRefused) {
 }
 
 TEST(Records, EmptyInterfaceReachesTheBrowserWithoutFields) {
-    VectorBrowser browser;
+    LoaderBrowser browser;
     znDatabaseIntern& db = databaseOf(browser);
     char name[] = "Empty";
     char* parents[1] = {nullptr};
