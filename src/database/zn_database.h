@@ -7,6 +7,7 @@
 #include <vector>
 
 class zn_URL;
+struct _zndbRoute;
 
 // One entry of a stored PROTO body, in order: a piece of text with a number
 // (kind 0), or the stored name of a body node (kind 1).
@@ -27,6 +28,15 @@ public:
     virtual int ParseSystem(zn_URL* url) = 0;
     // The body of the PROTO `typeName`, or null when it has none.
     virtual const std::vector<znProtoBodyEntry>* getProtoBody(const char* typeName) = 0;
+
+    // Routes: the reader takes the list over from its head, frees each
+    // record with free, and clears the head; GetAllRoutes restarts the
+    // counter so that the next route begins a new list.
+    virtual int GetAllRoutes() = 0;
+    virtual _zndbRoute* getRouteHead() = 0;
+    virtual void setRouteHead(_zndbRoute* head) = 0;
+    // Adds 1 to the route counter and answers the new value.
+    virtual int nextRouteID() = 0;
 };
 
 // Stands in until the database exists: holds nothing and reads nothing.
@@ -37,6 +47,13 @@ public:
     void DeleteDatabase() override {}
     int ParseSystem(zn_URL*) override { return 1; }
     const std::vector<znProtoBodyEntry>* getProtoBody(const char*) override { return nullptr; }
+    int GetAllRoutes() override { return 1; }
+    _zndbRoute* getRouteHead() override { return nullptr; }
+    void setRouteHead(_zndbRoute*) override {}
+    int nextRouteID() override { return ++routeCounter; }
+
+private:
+    int routeCounter = 0;
 };
 
 #endif
