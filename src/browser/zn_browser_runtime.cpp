@@ -184,7 +184,9 @@ int znBrowserIntern::loadURL() {
     try {
         readURL(urls, 0);
     } catch (InvalidVRMLSyntaxException&) {
-        // The throw has written "Couldn't load URL"; the world stays empty.
+        // The throw has written "Couldn't load URL". The request counts as
+        // a world: frames go on running, on an empty one.
+        worldLoaded = 1;
         return 0;
     }
     return 1;
