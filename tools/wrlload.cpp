@@ -1,5 +1,6 @@
-// wrlload [--json] FILE: loads a VRML 97 file through wrlLoad and prints the
-// scene graph that came back, as a tree or as one JSON document.
+// wrlload [--json | --vrml] FILE: loads a VRML 97 file through wrlLoad and
+// prints the scene graph that came back, as a tree or as one JSON document,
+// or writes the loaded runtime world back as VRML text.
 #include <unistd.h>
 
 #include <cstdio>
@@ -8,6 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "browser/zn_browser_intern.h"
+#include "loader/wrl_loader.h"
+#include "loader/zn.h"
 #include "scene_printer.h"
 #include "wrlLoader.h"
 
@@ -68,7 +72,7 @@ private:
 };
 
 int usage() {
-    std::cerr << "usage: wrlload [--json] FILE\n";
+    std::cerr << "usage: wrlload [--json | --vrml] FILE\n";
     return 2;
 }
 
@@ -76,7 +80,8 @@ int usage() {
 
 int main(int argc, char** argv) {
     bool json = argc == 3 && std::string(argv[1]) == "--json";
-    if (argc != 2 && !json) return usage();
+    bool vrml = argc == 3 && std::string(argv[1]) == "--vrml";
+    if (argc != 2 && !json && !vrml) return usage();
     std::string name = argv[argc - 1];
     defaultNodeSupportFile();
 
@@ -91,7 +96,12 @@ int main(int argc, char** argv) {
         std::cerr << "wrlload: " << name << ": not loaded\n";
         return 1;
     }
-    if (json)
+    if (vrml) {
+        // The world of this load stays alive in the system object.
+        if (_ZNmain == nullptr || _ZNmain->browser == nullptr) return 1;
+        _ZNmain->browser->writeURL(nullptr);
+        std::cout.flush();
+    } else if (json)
         printSceneJson(std::cout, scene);
     else
         printSceneTree(std::cout, scene);

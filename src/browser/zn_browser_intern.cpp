@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "browser/browser_messages.h"
+#include "browser/zn_sim_manager.h"
 #include "database/zn_database.h"
 #include "database/zn_database_intern.h"
 #include "fields/all.h"
@@ -44,7 +45,8 @@ znBrowserIntern::znBrowserIntern(ZN* sys)
     : worldURL(nullptr), description(nullptr), worldLoaded(0), unresolvedReference(0),
       urlFilter(nullptr), database(nullptr), addingType(0), urlPending(0), urlInterface(nullptr),
       system(sys), znType(-1), clockStarted(0), currentTime(0.0), frameRate(0.0),
-      simManager(nullptr), eventIndexCounter(0) {
+      simManager(nullptr) {
+    simManager = new znSimManager_default(this);
     database = new znDatabaseIntern(this);
 }
 
@@ -63,41 +65,13 @@ znBrowserIntern::~znBrowserIntern() {
 const char* znBrowserIntern::getName() { return kBrowserName; }
 const char* znBrowserIntern::getVersion() { return kBrowserVersion; }
 
-// --- Runtime world changes and the frame arrive with their own work; until
-// then they leave the world as it is. ------------------------------------------
+int znBrowserIntern::nextEventIndex() { return simManager->nextIndex(); }
 
-void znBrowserIntern::replaceWorld(std::vector<BaseNode>) {}
-void znBrowserIntern::replaceWorld(BaseNode*, int) {}
-std::vector<BaseNode>* znBrowserIntern::createVrmlFromString(const char*) { return new std::vector<BaseNode>; }
-int znBrowserIntern::createVrmlFromString(const char*, BaseNode** out) {
-    if (out) *out = nullptr;
-    return 0;
+void znBrowserIntern::replaceDatabase(znDatabase* db) {
+    if (!db || db == database) return;
+    delete database;
+    database = db;
 }
-void znBrowserIntern::createVrmlFromURL(std::vector<const char*>&, BaseNode&, const char*) {}
-void znBrowserIntern::createVrmlFromURL(const char**, BaseNode&, const char*) {}
-void znBrowserIntern::addRoute(BaseNode&, const char*, BaseNode&, const char*) {}
-void znBrowserIntern::deleteRoute(BaseNode&, const char*, BaseNode&, const char*) {}
-int znBrowserIntern::loadURL(std::vector<const char*>&, std::vector<const char*>&) { return 0; }
-int znBrowserIntern::loadURL(const char**, const char**) { return 0; }
-void znBrowserIntern::executeFrame(double) {}
-void znBrowserIntern::executeLoop() {}
-int znBrowserIntern::writeURL(char*) { return 0; }
-void znBrowserIntern::resetTime() {}
-void znBrowserIntern::getRoutes(std::vector<char*>&) {}
-void znBrowserIntern::postEventIn(int, Field&, double) {}
-void znBrowserIntern::postEventOut(int, Field&, double) {}
-
-void znBrowserIntern::setDescription(const char* text) {
-    std::free(description);
-    description = text ? strdup(text) : nullptr;
-}
-
-int znBrowserIntern::addSimManager(znSimManager* manager) {
-    simManager = manager;
-    return 0;
-}
-
-int znBrowserIntern::nextEventIndex() { return eventIndexCounter++; }
 
 int znBrowserIntern::setURLInterface(zn_URL* url) {
     urlInterface = url;
@@ -153,10 +127,12 @@ void znBrowserIntern::updateScene() {
     if (!topLevel.empty()) {
         SFTime time(-1.0);
         for (int nodeID : topLevel) {
+            simManager->postSensor(nodeID);
             auto found = nodes.find(nodeID);
             if (found != nodes.end() && found->second) found->second->action(time, 2, nullptr);
         }
     }
+    readRoutes(nullptr);
 }
 
 void znBrowserIntern::initializeNewNodes() {
@@ -183,7 +159,10 @@ void znBrowserIntern::initializeNewNodes() {
             node->initialize();
             node->makeDirty();
         }
-        if (node->isSensor()) node->action(time, 0, nullptr);
+        if (node->isSensor()) {
+            simManager->postSensor(node->getID());
+            node->action(time, 0, nullptr);
+        }
     }
     newNodes.clear();
 }
@@ -214,6 +193,10 @@ void znBrowserIntern::clearAll() {
     std::free(description);
     description = nullptr;
     database->DeleteDatabase();
+    // The manager lets go of the nodes before they are destroyed.
+    simManager->clearAllCascades();
+    simManager->clearAllRoutes();
+    simManager->clearAllEvents();
     clearNodeTables();
     for (auto it = types.begin(); it != types.end();) {
         znNodeType* type = it->second;
@@ -318,6 +301,9 @@ void znBrowserIntern::addToToplevelList(const char* name) {
     if (int nodeID = getNodeID(name)) topLevel.push_back(nodeID);
 }
 
-void znBrowserIntern::addTopLevel(BaseNode&) {}
+void znBrowserIntern::addTopLevel(BaseNode& node) { simManager->postSensor(node.getID()); }
 
-void znBrowserIntern::removeTopLevel(BaseNode& node) { getNode(node.getID())->setToplevel(3); }
+void znBrowserIntern::removeTopLevel(BaseNode& node) {
+    getNode(node.getID())->setToplevel(3);
+    simManager->removeSensor(node.getID());
+}

@@ -2,6 +2,7 @@
 #ifndef ZN_BROWSER_INTERN_H
 #define ZN_BROWSER_INTERN_H
 
+#include <iosfwd>
 #include <list>
 #include <map>
 #include <stack>
@@ -15,6 +16,10 @@ class znNodeType;
 class znNode;
 class znField;
 class znDatabase;
+class Event;
+class EventOut;
+class EventOutObserver;
+struct _zndbNode;
 
 // A node-valued field whose text named a node that did not exist yet.
 struct ResolveStackElem {
@@ -103,6 +108,32 @@ public:
     int newType(const char* name, std::vector<const char*>& urls, int sensor);
     int newType(const char* name, const char* url, int sensor);
 
+    // Nodes from the database and at run time (zn_browser_nodes.cpp).
+    // addNode answers 1 when every node and field of the chain entered.
+    int addNode(_zndbNode* first);
+    znNode* newNode(const char* name, znNodeType* type);
+    znNode* newNode(const char* name, int typeID);
+    // The runtime field inside a value that a script holds, or null.
+    static znField* fieldToZnField(Field* value);
+
+    // Routes and events (zn_browser_routes.cpp).
+    void addRouteByID(int routeID, int fromNode, int toNode, char* eventOut, char* eventIn);
+    void readRoutes(const char* unused);
+    void addObserver(Node& node, char* eventOut, EventOutObserver* observer, void* data, EventOut* out);
+    // What the browser gives the manager to deliver events to one node.
+    static int eventFun(znNode* node, int count, Event** events);
+
+    // The deferred half of loadURL, run by the next frame
+    // (zn_browser_runtime.cpp).
+    int loadURL();
+
+    // Output of the world as VRML text (zn_browser_output.cpp).
+    int writeURLtoStream(std::ostream& out);
+
+    znSimManager* getSimManager() { return simManager; }
+    // Takes `db` over and destroys the database in use; null is refused.
+    void replaceDatabase(znDatabase* db);
+
     // Text conversion helpers.
     void lfvrml2data(_znArray<float>& array, int count, const char* text);
     void lfdata2vrml(_znArray<float>& array, int count, char* out);
@@ -131,10 +162,10 @@ private:
     int clockStarted;
     double currentTime;
     double frameRate;
-    znSimManager* simManager;  // borrowed: never destroyed by the browser
+    // Owning for the default made by the constructor; one given through
+    // addSimManager replaces it and is the application's.
+    znSimManager* simManager;
     std::list<int> topLevel;
-    // Hands out event indexes while no simulation manager counts them.
-    int eventIndexCounter;
 };
 
 // Free helpers of the text conversion.

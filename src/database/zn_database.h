@@ -10,6 +10,7 @@
 
 class zn_URL;
 class znBrowserIntern;
+struct _zndbRoute;
 
 // One entry of a stored PROTO body, in order: a piece of text with a number
 // (kind 0), or the stored name of a body node (kind 1).
@@ -54,6 +55,15 @@ public:
     virtual const std::vector<znProtoBodyEntry>* getProtoBody(const char* typeName) = 0;
     // A USE at the top of a file puts the named node in the top-level list.
     virtual void createToplevelUSE(const char* name) = 0;
+
+    // Routes: the reader takes the list over from its head, frees each
+    // record with free, and clears the head; GetAllRoutes restarts the
+    // counter so that the next route begins a new list.
+    virtual int GetAllRoutes() = 0;
+    virtual _zndbRoute* getRouteHead() = 0;
+    virtual void setRouteHead(_zndbRoute* head) = 0;
+    // Adds 1 to the route counter and answers the new value.
+    virtual int nextRouteID() = 0;
 };
 
 // Holds nothing and reads nothing: for a browser that must run without
@@ -74,6 +84,13 @@ public:
     int ParseSystem(zn_URL*) override { return 1; }
     const std::vector<znProtoBodyEntry>* getProtoBody(const char*) override { return nullptr; }
     void createToplevelUSE(const char*) override {}
+    int GetAllRoutes() override { return 1; }
+    _zndbRoute* getRouteHead() override { return nullptr; }
+    void setRouteHead(_zndbRoute*) override {}
+    int nextRouteID() override { return ++routeCounter; }
+
+private:
+    int routeCounter = 0;
 };
 
 #endif

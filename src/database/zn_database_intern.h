@@ -67,7 +67,10 @@ public:
     const std::vector<znProtoBodyEntry>* getProtoBody(const char* typeName) override;
     void createToplevelUSE(const char* name) override;
 
-    int GetAllRoutes();
+    int GetAllRoutes() override;
+    _zndbRoute* getRouteHead() override { return routeHead; }
+    void setRouteHead(_zndbRoute* head) override { routeHead = head; }
+    int nextRouteID() override { return ++routeCounter; }
     // The type name of a node name, or null.
     const char* getProto(const char* instName);
     // Type IDs up to this number belong to the Node Support file.
@@ -101,6 +104,8 @@ private:
     int nameCounter = 0;
     int ownerCounter = 0;
     int routeCounter = 0;
+    // The routes read so far; the browser takes the list over.
+    _zndbRoute* routeHead = nullptr;  // owning until handed over
     int systemTypeCount = 0;
     // Set by a grouping node at the top of a PROTO body; read when the
     // PROTO's record is made.

@@ -1,0 +1,202 @@
+// Runtime nodes: from the database's node records, and made at run time.
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <list>
+#include <string>
+#include <vector>
+
+#include "browser/browser_messages.h"
+#include "browser/zn_browser_intern.h"
+#include "browser/zn_sim_manager.h"
+#include "database/zn_database_records.h"
+#include "fields/all.h"
+#include "fields/zn_exception.h"
+#include "loader/zn_interfaces.h"
+#include "nodes/zn_node.h"
+#include "nodes/zn_nodetype.h"
+
+namespace {
+// Where the plain name starts in a stored node name.
+constexpr size_t kPlainNameOffset = 7;
+
+// A record's fixed name field, which a careless writer may fill to the end.
+std::string recordText(const char (&field)[kDbRecordNameLength]) {
+    return std::string(field, strnlen(field, kDbRecordNameLength));
+}
+
+const char* plainName(const std::string& stored) {
+    return stored.size() > kPlainNameOffset ? stored.c_str() + kPlainNameOffset : "";
+}
+
+void report(void (*sink)(const char*), const char* format, const char* text) {
+    char message[512];
+    std::snprintf(message, sizeof message, format, text);
+    sink(message);
+}
+
+bool isNodeValued(int fieldType) { return fieldType == SFNodeType || fieldType == MFNodeType; }
+}  // namespace
+
+int znBrowserIntern::addNode(_zndbNode* first) {
+    if (!first) return 0;
+    int failed = 0;
+    // Prototype instances, and the nodes that stand at the top of a level:
+    // after the pass each instance is paired with its body's first node.
+    std::vector<znNode*> protoNodes;
+    std::vector<znNode*> depth0Nodes;
+
+    for (_zndbNode* record = first; record; record = record->next) {
+        const std::string name = recordText(record->name);
+        const std::string parentName = recordText(record->parentName);
+
+        znNodeType* type = nullptr;
+        try {
+            type = getType(record->typeId);
+        } catch (znInvalidNodeTypeIDException&) {
+            report(znAlert, kSkipNodeInvalidType, name.c_str());
+            continue;
+        }
+        if (!type) {
+            report(znAlert, kSkipNodeNullType, name.c_str());
+            continue;
+        }
+
+        // A node whose ID is taken cannot enter the world: nothing of it may
+        // reach the name map either, or the name would lead to the other node.
+        if (nodes.count(record->nodeId)) {
+            report(znMessage, kFailedInsertNode, plainName(name));
+            failed = 1;
+            break;
+        }
+
+        auto* node = new znNode(record->nodeId, name.c_str(), type, this);
+        node->setDepth(record->nesting);
+        node->setParent(parentName.c_str());
+        node->setFirstNodeID(0);
+        node->setUrlBase(getWorldURL());
+        node->setToplevel(record->isToplevel ? 1 : 0);
+
+        for (znNode* proto : protoNodes)
+            if (!proto->getFirstNode() && parentName == proto->getNodeType()->getType())
+                proto->setFirstNode(node);
+
+        // A type without behaviour of its own is a prototype: its nodes are
+        // instances, which the body's nodes stand for.
+        if (!type->getInterface()) {
+            type->printSupportMsg();
+            protoNodes.push_back(node);
+        }
+        node->setFirstNodeID(0);
+        if (record->nesting == 0) depth0Nodes.push_back(node);
+
+        // The latest node of a name wins the name.
+        if (!name.empty()) nodeIDs[name.substr(1)] = record->nodeId;
+        nodes[record->nodeId] = node;
+
+        for (_zndbNodeData* data = record->fields; data; data = data->next) {
+            const std::string fieldName = recordText(data->name);
+            const FieldType fieldType = static_cast<FieldType>(data->fieldType);
+            const DataType dataType = static_cast<DataType>(data->dataType);
+            FieldFlags flags = data->flags;
+            int dataID = -1;
+            if (data->isNodeId != 0) {
+                znNode* target = nullptr;
+                try {
+                    target = getNode(data->isNodeId);
+                } catch (znInvalidNodeIDException&) {
+                    report(znMessage, kErrorAddingField, fieldName.c_str());
+                    failed = 1;
+                    continue;
+                }
+                std::vector<znField*> targets;
+                if (data->isFields) {
+                    for (const char* isName : *data->isFields) {
+                        int index = target->getDataID(isName);
+                        if (index >= 0 && index < target->getFieldCount())
+                            targets.push_back(target->getZnField(index));
+                    }
+                }
+                if (dataType == eventIn) {
+                    int index = simManager->nextIndex();
+                    dataID = node->addData(fieldName.c_str(), fieldType, dataType, flags, &targets, index);
+                    simManager->addEventIn(node, dataID, data->name);
+                } else {
+                    dataID = node->addData(fieldName.c_str(), fieldType, dataType, flags, &targets, -1);
+                }
+                if (dataID != -1) node->getZnField(dataID)->addISNames(data->isFields);
+            } else if (dataType == eventIn) {
+                int index = simManager->nextIndex();
+                dataID = node->addData(fieldName.c_str(), fieldType, dataType, flags, index);
+                simManager->addEventIn(node, dataID, data->name);
+            } else {
+                const char* text = data->value ? data->value : "";
+                dataID = node->addData(fieldName.c_str(), fieldType, dataType, flags, text);
+                // Converting the text noted a name that no node has yet: the
+                // field is filled once every node of the load exists.
+                if (dataID != -1 && isNodeValued(fieldType) && dataType == field && unresolvedReference) {
+                    unresolvedReference = 0;
+                    pushUnresolved(node->getZnField(dataID), text);
+                }
+            }
+            if (dataID == -1) {
+                report(znMessage, kErrorAddingField, fieldName.c_str());
+                failed = 1;
+            }
+        }
+
+        if (record->isToplevel) topLevel.push_back(record->nodeId);
+        node->makeClean();
+        newNodes.push_back(node);
+    }
+
+    // Several instances of one prototype pair off with the bodies in file
+    // order; the mark keeps each body to one instance.
+    for (znNode* proto : protoNodes) {
+        for (znNode* candidate : depth0Nodes) {
+            const char* parent = candidate->getParent();
+            if (candidate->getFirstNodeID() == 0 && parent &&
+                std::strcmp(parent, proto->getNodeType()->getType()) == 0) {
+                proto->setFirstNode(candidate);
+                candidate->setFirstNodeID(1);
+                break;
+            }
+        }
+    }
+    return failed ? 0 : 1;
+}
+
+znNode* znBrowserIntern::newNode(const char* name, znNodeType* type) {
+    if (!name || !type) return nullptr;
+    const int id = nodes.empty() ? 1 : nodes.rbegin()->first + 1;
+    auto* node = new znNode(id, name, type, this);
+    if (!nodes.emplace(id, node).second) {
+        delete node;
+        return nullptr;
+    }
+    const char* stored = node->getName(nullptr);
+    const std::string key = stored[0] ? stored + 1 : "";
+    if (!nodeIDs.emplace(key, id).second) {
+        nodes.erase(id);
+        delete node;
+        return nullptr;
+    }
+    return node;
+}
+
+znNode* znBrowserIntern::newNode(const char* name, int typeID) {
+    try {
+        return newNode(name, getType(typeID));
+    } catch (znInvalidNodeTypeIDException&) {
+        return nullptr;
+    }
+}
+
+znField* znBrowserIntern::fieldToZnField(Field* value) {
+    if (!value) return nullptr;
+    // Both numberings of the field types name a runtime class; anything else
+    // is a plain value with no runtime side.
+    int type = value->getType();
+    if (type < 0 || type > kLastFieldType) return nullptr;
+    return dynamic_cast<znField*>(value);
+}

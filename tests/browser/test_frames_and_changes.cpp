@@ -1,0 +1,191 @@
+// The frame and the default manager's tick, requested and deferred loads,
+// worlds made from strings, and the world written back as text.
+#include <dirent.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+#include "browser_fixture.h"
+#include "test_support.h"
+
+using testing::internal::CaptureStderr;
+using testing::internal::GetCapturedStderr;
+using wrltest::BrowserFixture;
+using wrltest::NodeChain;
+
+namespace {
+
+class Frames : public BrowserFixture {};
+
+int filesIn(const std::string& dir) {
+    int count = 0;
+    if (DIR* d = opendir(dir.c_str())) {
+        while (dirent* entry = readdir(d))
+            if (entry->d_name[0] != '.' || std::string(entry->d_name).rfind(".zn", 0) == 0) ++count;
+        closedir(d);
+    }
+    return count;
+}
+
+int rejectAll(std::vector<const char*>&, std::vector<const char*>&) { return 1; }
+
+}  // namespace
+
+// --- The default manager ---------------------------------------------------------------
+
+TEST(DefaultManager, IndexesCountUpAndRestartAfterClearing) {
+    znBrowserIntern browser(nullptr);
+    znSimManager_default manager(&browser);
+    EXPECT_EQ(manager.nextIndex(), 0);
+    EXPECT_EQ(manager.nextIndex(), 1);
+    EXPECT_EQ(manager.addEventOut(), 1);
+    EXPECT_EQ(manager.addEventOut(), 1);
+    manager.clearAllEvents();
+    EXPECT_EQ(manager.nextIndex(), 0);
+}
+
+TEST_F(Frames, NodePostedTwiceIsTickedTwiceAndRemovedOnce) {
+    NodeChain chain;
+    thing(chain, 1, "d00000+a");
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    znNode* node = browser.getNode(1);
+    browser.addTopLevel(*node);
+    browser.addTopLevel(*node);
+    EXPECT_EQ(manager->getTopNodes().size(), 2u);
+    browser.removeTopLevel(*node);
+    EXPECT_EQ(manager->getTopNodes().size(), 1u);
+    EXPECT_EQ(node->isToplevel(), 3);
+}
+
+TEST_F(Frames, PostingAnUnknownNodeIsReported) {
+    CaptureStderr();
+    manager->postSensor(42);
+    manager->removeSensor(43);
+    EXPECT_EQ(GetCapturedStderr(),
+              "\nThrowing Exception: Invalid Node ID:  ID=42\n"
+              "\nAlert:  Could not post sensor with Invalid Node ID.  ID=42\n\n"
+              "\nThrowing Exception: Invalid Node ID:  ID=43\n"
+              "\nAlert:  Could not remove sensor with Invalid Node ID.  ID=43\n\n");
+    EXPECT_TRUE(manager->getTopNodes().empty());
+}
+
+TEST_F(Frames, NullManagerIsRefusedAndTheOldOneStays) {
+    EXPECT_EQ(browser.addSimManager(nullptr), 0);
+    EXPECT_EQ(browser.getSimManager(), manager);
+}
+
+// --- Frames ----------------------------------------------------------------------------------
+
+TEST_F(Frames, FrameWithoutAWorldOnlySetsTheTime) {
+    browser.executeFrame(2.25);
+    EXPECT_EQ(browser.getTime(), 2.25);
+    EXPECT_TRUE(manager->calls.empty());
+}
+
+TEST_F(Frames, FailedRequestedLoadStillIteratesTheEmptyWorld) {
+    const char* urls[] = {"/nonexistent/world.wrl", nullptr};
+    EXPECT_EQ(browser.loadURL(urls, nullptr), 1);
+    CaptureStderr();
+    browser.executeFrame(0.0);
+    EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Couldn't load URL\n");
+    ASSERT_EQ(manager->calls.size(), 2u);
+    EXPECT_EQ(manager->calls[0].time, 0.0);
+    EXPECT_EQ(manager->calls[1].time, -1.0);
+    // Nothing is pending any more.
+    EXPECT_EQ(browser.loadURL(), 0);
+}
+
+TEST_F(Frames, FilterThatTakesTheRequestLeavesNothingPending) {
+    browser.addUrlFilter(rejectAll);
+    const char* urls[] = {"x.wrl", nullptr};
+    EXPECT_EQ(browser.loadURL(urls, nullptr), 0);
+    browser.executeFrame(1.0);
+    EXPECT_TRUE(manager->calls.empty());
+}
+
+TEST_F(Frames, ResetTimeClearsTheClock) {
+    browser.executeFrame(7.0);
+    browser.resetTime();
+    EXPECT_EQ(browser.getTime(), 0.0);
+}
+
+// --- Worlds from strings ---------------------------------------------------------------------
+
+TEST_F(Frames, EmptyStringGivesAnEmptyListAndLeavesNoFile) {
+    wrltest::TempDir dir;
+    wrltest::ScopedEnv tmp("ZN_TMP_PATH", dir.path().c_str());
+    NodeChain chain;
+    thing(chain, 1, "d00000+a", 1);
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    CaptureStderr();
+    std::vector<BaseNode>* result = browser.createVrmlFromString("");
+    GetCapturedStderr();
+    EXPECT_TRUE(result->empty());
+    delete result;
+    EXPECT_EQ(browser.getTopLevel(), (std::list<int>{1}));
+    EXPECT_EQ(filesIn(dir.path()), 0);
+}
+
+TEST_F(Frames, ArrayFormCountsWhatWasRead) {
+    wrltest::TempDir dir;
+    wrltest::ScopedEnv tmp("ZN_TMP_PATH", dir.path().c_str());
+    BaseNode* out[4] = {};
+    CaptureStderr();
+    EXPECT_EQ(browser.createVrmlFromString("Thing {}", out), 0);
+    GetCapturedStderr();
+    EXPECT_EQ(filesIn(dir.path()), 0);
+}
+
+TEST_F(Frames, UnreadableURLDeliversAnEmptyListAtOnce) {
+    NodeChain chain;
+    thing(chain, 1, "d00000+a");
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    const char* urls[] = {"/nonexistent/more.wrl", nullptr};
+    BaseNode nobody;
+    CaptureStderr();
+    browser.createVrmlFromURL(urls, nobody, "set_children");
+    EXPECT_NE(GetCapturedStderr().find("Can not process event in CreateVrmlFromURL.. nodeID=0\n"),
+              std::string::npos);
+}
+
+TEST_F(Frames, ReplaceWorldChangesOnlyWhatIsTicked) {
+    NodeChain chain;
+    thing(chain, 1, "d00000+a", 1);
+    thing(chain, 2, "d00000+b", 1);
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    browser.updateScene();
+    EXPECT_EQ(manager->getTopNodes().size(), 2u);
+    BaseNode keep(*browser.getNode(2));
+    browser.replaceWorld(&keep, 1);
+    ASSERT_EQ(manager->getTopNodes().size(), 1u);
+    EXPECT_EQ(manager->getTopNodes()[0], browser.getNode(2));
+    EXPECT_EQ(browser.getTopLevel().size(), 2u);
+}
+
+// --- Output ------------------------------------------------------------------------------------
+
+TEST_F(Frames, EmptyWorldWritesTheHeaderAndThreeLineEnds) {
+    std::ostringstream out;
+    EXPECT_EQ(browser.writeURLtoStream(out), 1);
+    // The only type is a prototype without a body: it declares nothing.
+    std::string text = out.str();
+    EXPECT_EQ(text.rfind("\n#VRML V2.0 utf8 \n\n", 0), 0u);
+    EXPECT_EQ(text.substr(text.size() - 3), "\n\n\n");
+}
+
+TEST_F(Frames, WritingIntoAMissingDirectoryStillAnswersOne) {
+    char name[] = "/nonexistent/dir/world.wrl";
+    EXPECT_EQ(browser.writeURL(name), 1);
+}
+
+TEST_F(Frames, TopLevelNodesAreWrittenInOrder) {
+    NodeChain chain;
+    chain.node(1, 1, "d00000+second", "", 0, 1);
+    chain.node(1, 2, "d00000+first", "", 0, 0);
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    std::ostringstream out;
+    browser.writeURLtoStream(out);
+    EXPECT_NE(out.str().find("DEF second  Thing {"), std::string::npos);
+    EXPECT_EQ(out.str().find("DEF first"), std::string::npos);
+}

@@ -1,0 +1,217 @@
+// Nodes from the database's records: names, forward references, fields
+// with event indexes and IS bindings, prototype instances and their bodies.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "browser_fixture.h"
+
+using testing::internal::CaptureStderr;
+using testing::internal::GetCapturedStderr;
+using wrltest::BrowserFixture;
+using wrltest::NodeChain;
+
+namespace {
+
+class NodeCreation : public BrowserFixture {
+protected:
+    // A prototype type with no behaviour of its own.
+    znNodeType* protoType(int id, const char* name) {
+        std::vector<const char*> urls;
+        auto* t = new znNodeType(id, name, urls, &browser, 0, 0, nullptr);
+        browser.enterType(t);
+        return t;
+    }
+};
+
+}  // namespace
+
+// --- Names ------------------------------------------------------------------------
+
+TEST_F(NodeCreation, LaterNodeOfANameWinsTheName) {
+    NodeChain chain;
+    thing(chain, 1, "d00000+a");
+    thing(chain, 2, "d00000+a");
+    EXPECT_EQ(browser.addNode(chain.head), 1);
+    EXPECT_EQ(browser.getNodeID("u00000+a"), 2);
+    EXPECT_EQ(browser.getNode(1)->getID(), 1);
+    EXPECT_EQ(browser.getNode(2)->getID(), 2);
+}
+
+TEST_F(NodeCreation, TakenNodeIDStopsThePassAndReports) {
+    NodeChain first;
+    thing(first, 1, "d00000+a");
+    ASSERT_EQ(browser.addNode(first.head), 1);
+    NodeChain second;
+    thing(second, 1, "d00000+b");
+    thing(second, 2, "d00000+c");
+    CaptureStderr();
+    EXPECT_EQ(browser.addNode(second.head), 0);
+    EXPECT_EQ(GetCapturedStderr(), "\nMessage:  failed inserting node: b\n");
+    EXPECT_EQ(browser.getNodeID("u00000+a"), 1);
+    EXPECT_THROW(browser.getNode(2), znInvalidNodeIDException);
+}
+
+TEST_F(NodeCreation, UnknownTypeSkipsTheNodeAndGoesOn) {
+    NodeChain chain;
+    chain.node(99, 1, "d00000+z");
+    thing(chain, 2, "d00000+y");
+    CaptureStderr();
+    EXPECT_EQ(browser.addNode(chain.head), 1);
+    std::string err = GetCapturedStderr();
+    EXPECT_NE(err.find("\nAlert:  Skipping node d00000+z due to invalid NodeType ID.\n\n"), std::string::npos);
+    EXPECT_EQ(browser.getNode(2)->getID(), 2);
+}
+
+TEST_F(NodeCreation, NullChainIsAFailure) { EXPECT_EQ(browser.addNode(nullptr), 0); }
+
+// --- Fields -------------------------------------------------------------------------
+
+TEST_F(NodeCreation, UndeclaredFieldFailsButTheNodeStays) {
+    NodeChain chain;
+    chain.node(1, 1, "d00000+a");
+    chain.field("nope", SFFloatType, field, "2");
+    CaptureStderr();
+    EXPECT_EQ(browser.addNode(chain.head), 0);
+    std::string err = GetCapturedStderr();
+    EXPECT_NE(err.find("\nMessage:  error adding field: nope\n"), std::string::npos);
+    EXPECT_EQ(browser.getNode(1)->getID(), 1);
+}
+
+TEST_F(NodeCreation, EventInsTakeIndexesFromTheManagerInOrder) {
+    NodeChain chain;
+    thing(chain, 1, "d00000+a");
+    thing(chain, 2, "d00000+b");
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    znNode* a = browser.getNode(1);
+    znNode* b = browser.getNode(2);
+    EXPECT_EQ(a->getZnField(a->getDataID("set_value"))->getEventIndex(), 0);
+    EXPECT_EQ(b->getZnField(b->getDataID("set_value"))->getEventIndex(), 1);
+    EXPECT_EQ(a->getZnField(a->getDataID("value"))->getEventIndex(), -1);
+}
+
+TEST_F(NodeCreation, ForwardReferenceIsFilledAfterTheLoad) {
+    NodeChain chain;
+    chain.node(1, 1, "d00000+parent");
+    chain.field("child", SFNodeType, field, "u00000+kid");
+    chain.node(1, 2, "d00000+kid");
+    CaptureStderr();
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    GetCapturedStderr();
+    znNode* parent = browser.getNode(1);
+    auto* child = dynamic_cast<znSFNode*>(parent->getZnField(parent->getDataID("child")));
+    ASSERT_NE(child, nullptr);
+    EXPECT_EQ(child->getValue().getID(), 0);
+    browser.initializeNewNodes();
+    EXPECT_EQ(child->getValue().getID(), 2);
+}
+
+TEST_F(NodeCreation, EachNodeFieldNamingALaterNodeIsFilled) {
+    NodeChain chain;
+    chain.node(1, 1, "d00000+parent");
+    chain.field("child", SFNodeType, field, "u00000+kid");
+    chain.field("kids", MFNodeType, field, "[ u00000+kid ]");
+    chain.node(1, 2, "d00000+kid");
+    CaptureStderr();
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    GetCapturedStderr();
+    browser.initializeNewNodes();
+    znNode* parent = browser.getNode(1);
+    auto* child = dynamic_cast<znSFNode*>(parent->getZnField(parent->getDataID("child")));
+    auto* kids = dynamic_cast<znMFNode*>(parent->getZnField(parent->getDataID("kids")));
+    ASSERT_NE(child, nullptr);
+    ASSERT_NE(kids, nullptr);
+    EXPECT_EQ(child->getValue().getID(), 2);
+    ASSERT_EQ(kids->getSize(), 1);
+    EXPECT_EQ(kids->get1Value(0).getID(), 2);
+}
+
+TEST_F(NodeCreation, ISFieldStandsForTheTargetsField) {
+    NodeChain chain;
+    thing(chain, 1, "d00000+target");
+    chain.node(1, 2, "d00000+inner");
+    chain.field("value", SFFloatType, field, "", 1, {"value"});
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    znNode* inner = browser.getNode(2);
+    znField* bound = inner->getZnField(inner->getDataID("value"));
+    EXPECT_TRUE(bound->isVirtual());
+    std::vector<char*> names;
+    bound->getISNames(&names);
+    ASSERT_EQ(names.size(), 1u);
+    EXPECT_STREQ(names[0], "value");
+    for (char* n : names) std::free(n);
+}
+
+TEST_F(NodeCreation, ISFieldWithAMissingTargetFails) {
+    NodeChain chain;
+    chain.node(1, 2, "d00000+inner");
+    chain.field("value", SFFloatType, field, "", 77, {"value"});
+    CaptureStderr();
+    EXPECT_EQ(browser.addNode(chain.head), 0);
+    std::string err = GetCapturedStderr();
+    EXPECT_NE(err.find("\nMessage:  error adding field: value\n"), std::string::npos);
+}
+
+// --- Prototype instances --------------------------------------------------------------
+
+TEST_F(NodeCreation, InstancesPairWithTheirBodiesInFileOrder) {
+    protoType(2, "P");
+    NodeChain chain;
+    chain.node(2, 10, "d00000+one");
+    chain.node(1, 11, "d00000+one_body", "P", 0);
+    chain.node(2, 12, "d00000+two");
+    chain.node(1, 13, "d00000+two_body", "P", 0);
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    EXPECT_EQ(browser.getNode(10)->getFirstNode(), browser.getNode(11));
+    EXPECT_EQ(browser.getNode(12)->getFirstNode(), browser.getNode(13));
+}
+
+TEST_F(NodeCreation, InstanceWithoutBodyKeepsANullFirstNode) {
+    protoType(2, "P");
+    NodeChain chain;
+    chain.node(2, 10, "d00000+lonely");
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    EXPECT_EQ(browser.getNode(10)->getFirstNode(), nullptr);
+}
+
+TEST_F(NodeCreation, TopLevelRecordsJoinTheTopLevelListAndAreCleanUntilInitialised) {
+    NodeChain chain;
+    thing(chain, 1, "d00000+a", 1);
+    thing(chain, 2, "d00000+b", 0);
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    EXPECT_EQ(browser.getTopLevel(), (std::list<int>{1}));
+    EXPECT_EQ(browser.getNode(1)->isDirty(), 0);
+    EXPECT_EQ(browser.getNewNodes().size(), 2u);
+}
+
+// --- Run-time nodes --------------------------------------------------------------------
+
+TEST_F(NodeCreation, NewNodeTakesTheLargestIDPlusOne) {
+    NodeChain chain;
+    thing(chain, 7, "d00000+a");
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    znNode* made = browser.newNode("d00000+made", type);
+    ASSERT_NE(made, nullptr);
+    EXPECT_EQ(made->getID(), 8);
+    EXPECT_EQ(browser.getNodeID("u00000+made"), 8);
+    EXPECT_EQ(browser.newNode("d00000+first", 1)->getID(), 9);
+}
+
+TEST_F(NodeCreation, NewNodeRefusesATakenNameAndAnUnknownType) {
+    ASSERT_NE(browser.newNode("d00000+x", type), nullptr);
+    EXPECT_EQ(browser.newNode("d00000+x", type), nullptr);
+    EXPECT_THROW(browser.getNode(2), znInvalidNodeIDException);
+    CaptureStderr();
+    EXPECT_EQ(browser.newNode("d00000+y", 42), nullptr);
+    EXPECT_NE(GetCapturedStderr().find("Invalid Node Type ID:  ID=42"), std::string::npos);
+}
+
+TEST(FieldToZnField, RuntimeFieldAnswersItsBookkeepingSide) {
+    znSFFloat runtime(1.0f);
+    Field* asValue = &runtime;
+    EXPECT_EQ(znBrowserIntern::fieldToZnField(asValue), static_cast<znField*>(&runtime));
+    SFFloat plain(1.0f);
+    EXPECT_EQ(znBrowserIntern::fieldToZnField(&plain), nullptr);
+    EXPECT_EQ(znBrowserIntern::fieldToZnField(nullptr), nullptr);
+}
