@@ -41,8 +41,6 @@ inline constexpr const char* kCouldNotPostSensor = "Could not post sensor with I
 inline constexpr const char* kCouldNotRemoveSensor = "Could not remove sensor with Invalid Node ID.  ID=%d\n";
 
 // --- Runtime world changes ------------------------------------------------------
-inline constexpr const char* kTmpPathVariable = "ZN_TMP_PATH";
-inline constexpr const char* kDefaultTmpPath = "/tmp";
 // Directory and counter; the six Xs become a unique suffix.
 inline constexpr const char* kTmpFilePattern = "%s/.zn%02dXXXXXX";
 inline constexpr const char* kStringWorldFormat = "#VRML V2.0 utf8\n\n%s";

@@ -15,6 +15,7 @@
 #include "nodes/zn_node.h"
 #include "nodes/zn_nodetype.h"
 #include "scripts/zn_scriptinterface.h"
+#include "url/zn_URL_default.h"
 
 namespace {
 // Where the plain name starts in a stored node name.
@@ -74,7 +75,7 @@ void znBrowserIntern::replaceDatabase(znDatabase* db) {
 }
 
 int znBrowserIntern::setURLInterface(zn_URL* url) {
-    urlInterface = url;
+    urlInterface = url != nullptr ? url : new zn_URL_default;
     return 0;
 }
 
@@ -84,6 +85,7 @@ int znBrowserIntern::addUrlFilter(znUrlFilter filter) {
 }
 
 int znBrowserIntern::init() {
+    if (urlInterface == nullptr) urlInterface = new zn_URL_default;
     database->ParseSystem(urlInterface);
     return 1;
 }

@@ -19,6 +19,7 @@
 #include "fields/zn_exception.h"
 #include "loader/zn_interfaces.h"
 #include "nodes/zn_node.h"
+#include "url/zn_URL_files.h"
 
 namespace {
 // Counts the temporary files of this process; part of each name.
@@ -30,8 +31,8 @@ int tmpFileCounter = 0;
 class TemporaryWorldFile {
 public:
     explicit TemporaryWorldFile(const char* text) {
-        const char* dir = std::getenv(kTmpPathVariable);
-        if (!dir || !*dir) dir = kDefaultTmpPath;
+        const std::string tmp = znTmpPath();
+        const char* dir = tmp.c_str();
         ++tmpFileCounter;
         char pattern[4096];
         int n = std::snprintf(pattern, sizeof pattern, kTmpFilePattern, dir, tmpFileCounter);

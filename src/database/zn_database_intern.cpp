@@ -27,6 +27,13 @@ znDatabaseIntern::znDatabaseIntern(znBrowserIntern* owner) : browser(owner), par
 znDatabaseIntern::~znDatabaseIntern() {
     delete parser;
     clearProtoFields();
+    clearVirtualRecords();
+    freeNodeChain(nodeList);
+    for (_zndbRoute* route = routeHead; route != nullptr;) {
+        _zndbRoute* next = route->next;
+        std::free(route);
+        route = next;
+    }
     std::free(proto.url);
     for (char* text : keptTexts) std::free(text);
 }
@@ -65,9 +72,10 @@ int znDatabaseIntern::CreatePrototype(char* name, char** parents, char* url, int
     const char* typeName = name != nullptr ? name : "";
     if (hasParents(parents) && bodyProtos.count(typeName) == 0 && nestedProtos.count(typeName) == 0)
         nestedProtos.emplace(typeName, 0);
+    // The two counters go in step, so the number kept by name is the ID.
     ++protoCounter;
-    protoIds[typeName] = protoCounter;
     proto.id = ++protoIdCounter;
+    protoIds[typeName] = proto.id;
     std::free(proto.url);
     proto.url = copyOrEmpty(url);
     proto.flagA = flagA;
@@ -112,43 +120,11 @@ int znDatabaseIntern::EndPrototype() {
     return browser != nullptr ? browser->addType(&proto, proto.fields) : 1;
 }
 
-// --- nodes and routes -------------------------------------------------------
-// Only the name bookkeeping is done here yet; the node records and their
-// hand-over to the browser come with the node and route records.
-
-int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int grouping, int nesting,
-                                 int /*sensor*/) {
-    char checked[kDbNameLength];
-    if (!copyName(checked, instName) || !copyName(checked, type)) return 0;
-    const std::string typeName = type != nullptr ? type : "";
-    const std::string nodeName = instName != nullptr ? instName : "";
-    instanceTypes.emplace(nodeName, typeName);
-    if (hasParents(parents) && nesting == 0 && grouping) groupingMark = 1;
-    if (!hasParents(parents)) {
-        if (bodyProtos.count(typeName) != 0) pendingInstance = typeName;
-        isRealNode = 1;
-    } else {
-        for (char** parent = parents; *parent != nullptr; ++parent) {
-            if (bodyProtos.count(*parent) == 0) bodyProtos.emplace(*parent, ++ownerCounter);
-        }
-        isRealNode = 0;
-        return 1;
-    }
-    instanceIds.erase(nodeName);
-    instanceIds.emplace(nodeName, ++nameCounter);
-    return protoIds.count(typeName) != 0 ? 1 : 0;
+const std::vector<znProtoBodyEntry>* znDatabaseIntern::getProtoBody(const char* typeName) {
+    if (typeName == nullptr) return nullptr;
+    auto found = protoBodies.find(typeName);
+    return found != protoBodies.end() ? &found->second : nullptr;
 }
-
-int znDatabaseIntern::SetNodeData(char*, char*, char*, int, int, FieldFlags, std::vector<char*>*) { return 1; }
-
-void znDatabaseIntern::EndNode() {
-    isRealNode = 0;
-    pendingInstance.clear();
-}
-
-int znDatabaseIntern::InsertRouteByName(char*, char*, char*, char*, char*, char*, char**) { return 0; }
-
-const std::vector<znProtoBodyEntry>* znDatabaseIntern::getProtoBody(const char*) { return nullptr; }
 
 void znDatabaseIntern::createToplevelUSE(const char* name) {
     if (browser != nullptr) browser->addToToplevelList(name);
@@ -175,8 +151,10 @@ void znDatabaseIntern::DeleteDatabase() {
     instanceTypes.clear();
     instanceIds.clear();
     vnodeOwners.clear();
-    vnodes.clear();
+    clearVirtualRecords();
     expansions.clear();
+    usedVirtualIds.clear();
+    protoBodies.clear();
     pendingInstance.clear();
     // The Node Support file is read once: its types stay known, those of
     // the world go with it.
@@ -185,14 +163,48 @@ void znDatabaseIntern::DeleteDatabase() {
     }
 }
 
+void znDatabaseIntern::clearVirtualRecords() {
+    for (auto& entry : vnodes) {
+        for (_zndbVNode* node : entry.second) {
+            for (_zndbVNodeData* data : *node->fields) {
+                std::free(data->value);
+                if (data->isFields != nullptr) {
+                    for (char* name : *data->isFields) std::free(name);
+                    delete data->isFields;
+                }
+                delete data;
+            }
+            delete node->fields;
+            delete node->path;
+            delete node;
+        }
+    }
+    vnodes.clear();
+    for (auto& entry : vroutes) {
+        for (_zndbVRoute* route : entry.second) {
+            for (char* text : {route->owner, route->fromType, route->fromNode, route->fromField, route->toType,
+                               route->toNode, route->toField})
+                std::free(text);
+            delete route;
+        }
+    }
+    vroutes.clear();
+    currentVNode = nullptr;
+}
+
 void znDatabaseIntern::cleanupDatabase() {
     DeleteDatabase();
+    // Node IDs go on counting: a node of the old world that something still
+    // names can never be taken for a new one.
     instanceCounter = 0;
+    instanceNumber = 0;
     nameCounter = 0;
     ownerCounter = 0;
     routeCounter = 0;
     groupingMark = 0;
     isRealNode = 0;
+    currentNode = nullptr;
+    currentTopNodeId = 0;
 }
 
 int znDatabaseIntern::GetAllRoutes() {
@@ -200,8 +212,26 @@ int znDatabaseIntern::GetAllRoutes() {
     return 1;
 }
 
+void znDatabaseIntern::setRouteHead(_zndbRoute* head) {
+    routeHead = head;
+    routeTail = head;
+    while (routeTail != nullptr && routeTail->next != nullptr) routeTail = routeTail->next;
+}
+
 const char* znDatabaseIntern::getProto(const char* instName) {
     if (instName == nullptr) return nullptr;
     auto found = instanceTypes.find(instName);
     return found != instanceTypes.end() ? found->second.c_str() : nullptr;
+}
+
+int znDatabaseIntern::protoIdOf(const char* typeName) const {
+    if (typeName == nullptr) return 0;
+    auto found = protoIds.find(typeName);
+    return found != protoIds.end() ? found->second : 0;
+}
+
+int znDatabaseIntern::lookupInstanceId(const char* name) const {
+    if (name == nullptr) return 0;
+    auto found = instanceIds.find(name);
+    return found != instanceIds.end() ? found->second : 0;
 }

@@ -3,17 +3,21 @@
 #ifndef ZN_DATABASE_INTERN_H
 #define ZN_DATABASE_INTERN_H
 
+#include <iosfwd>
 #include <map>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "database/zn_database.h"
+#include "database/zn_database_records.h"
 
 class znParser;
 class znBrowserIntern;
 
 // Length of every fixed name field of the records, the end byte included.
-constexpr int kDbNameLength = 100;
+constexpr int kDbNameLength = kDbRecordNameLength;
 
 // One interface item of a type.
 struct _zndbData {
@@ -38,7 +42,45 @@ struct _zndbProto {
     _zndbData* fields;  // owning
 };
 
-struct _zndbVNode;
+// One item of a node of a PROTO body.
+struct _zndbVNodeData {
+    char name[kDbNameLength];
+    char* value;  // owning; the empty text when none
+    int fieldType;
+    int dataType;
+    FieldFlags flags;
+    int reserved;
+    // The owner key of the body when the item is bound by IS, else 0.
+    int isNode;
+    std::vector<char*>* isFields;  // owning, strings from strdup; null when none
+};
+
+// One node of a PROTO body, replayed for each instance.
+struct _zndbVNode {
+    int typeId;
+    int nodeId;
+    int reserved;
+    char name[kDbNameLength];
+    char typeName[kDbNameLength];
+    char owner[kDbNameLength];       // innermost enclosing PROTO
+    char outerOwner[kDbNameLength];  // outermost enclosing PROTO
+    std::vector<std::string>* path;  // owning: enclosing PROTOs, innermost first
+    int nesting;
+    int isToplevel;
+    int isVirtual;
+    std::vector<_zndbVNodeData*>* fields;  // owning
+};
+
+// One ROUTE of a PROTO body, by the names the parser gave.
+struct _zndbVRoute {
+    char* owner;  // owning, as are all the texts
+    char* fromType;
+    char* fromNode;
+    char* fromField;
+    char* toType;
+    char* toNode;
+    char* toField;
+};
 
 class znDatabaseIntern : public znDatabase {
 public:
@@ -69,18 +111,55 @@ public:
 
     int GetAllRoutes() override;
     _zndbRoute* getRouteHead() override { return routeHead; }
-    void setRouteHead(_zndbRoute* head) override { routeHead = head; }
+    void setRouteHead(_zndbRoute* head) override;
     int nextRouteID() override { return ++routeCounter; }
+
     // The type name of a node name, or null.
     const char* getProto(const char* instName);
     // Type IDs up to this number belong to the Node Support file.
     int getSystemTypeCount() const { return systemTypeCount; }
     znParser* getParser() { return parser; }
 
+    // PROTO bodies (zn_database_virtual.cpp).
+    int CreateVirtualNode(char* type, char* instName, char** parents, int grouping, int count, int toplevel,
+                          int nesting);
+    int SetVirtualNodeData(char* ignored, char* name, char* value, int fieldType, int dataType, FieldFlags flags,
+                           std::vector<char*>* isFields);
+    void addVirtualNodes();
+    // Replays the body of `protoName` behind the current chain; `suffix` is
+    // the virtual ID of the instance inside an enclosing body, 0 at the top.
+    int makeNodes(const char* protoName, int suffix);
+    int makeNodes(const char* name, _zndbVNode* node, int suffix);
+    int makeNode(_zndbVNode* node, int suffix, int instance);
+    // 2 for a PROTO declared inside a PROTO, 1 for a PROTO with a body, else 0.
+    int isProto(const char* instName);
+    // Every name of an MFNode text with "_<suffix>", as "[a_1,b_1,]"; the
+    // caller frees the result.
+    static char* addSuffix(const char* names, int suffix);
+    int createVirtualRoute(char* fromType, char* fromNode, char* fromField, char* toType, char* toNode,
+                           char* toField, char** parents);
+    int addVirtualRoutes(const char* protoName, int suffix);
+
+    // Chains of node records (zn_database_nodes.cpp).
+    static void ReverseList(_zndbNode** head);
+    static void DumpNodes(_zndbNode* head, std::ostream& out);
+    static void freeNodeChain(_zndbNode* head);
+
+    // What the last CreateNode made; for tests and diagnostics.
+    int lookupInstanceId(const char* name) const;
+    int getNodeIdCounter() const { return nodeIdCounter; }
+
 private:
     // Copies `text` into a name field; a text that does not fit is refused.
     static bool copyName(char (&field)[kDbNameLength], const char* text);
     void clearProtoFields();
+    void clearVirtualRecords();
+    void appendNode(_zndbNode* node);
+    void appendRoute(_zndbRoute* route);
+    // A new route record with the next ID, starting a new list when the
+    // reader took the last one over.
+    _zndbRoute* newRoute();
+    int protoIdOf(const char* typeName) const;
 
     znBrowserIntern* browser;  // back pointer to the owning browser
     znParser* parser;          // owning
@@ -88,24 +167,50 @@ private:
     // A prototype whose name did not fit: its items and its end are dropped.
     int protoRefused = 0;
 
-    std::map<std::string, int> protoIds;
-    std::map<std::string, int> bodyProtos;
-    std::map<std::string, int> nestedProtos;
-    std::map<std::string, std::string> instanceTypes;
-    std::map<std::string, int> instanceIds;
-    std::map<std::string, int> vnodeOwners;
-    std::map<int, std::vector<_zndbVNode*>> vnodes;
-    std::map<int, std::vector<int>> expansions;
+    std::unordered_map<std::string, int> protoIds;
+    std::unordered_map<std::string, int> bodyProtos;
+    std::unordered_map<std::string, int> nestedProtos;
+    std::unordered_map<std::string, std::string> instanceTypes;
+    // Node name to node ID; the running number of the records is the node
+    // ID, so a route can be resolved by name.
+    std::unordered_map<std::string, int> instanceIds;
+    std::unordered_map<std::string, int> vnodeOwners;
+    std::unordered_map<int, std::vector<_zndbVNode*>> vnodes;  // owning
+    // Virtual ID to the last real node made from it.
+    std::unordered_map<int, int> expansions;
+    // Virtual IDs that an expansion has taken as its own node IDs.
+    std::unordered_set<int> usedVirtualIds;
+    // Routes of PROTO bodies, by their innermost PROTO, in order.
+    std::unordered_map<std::string, std::vector<_zndbVRoute*>> vroutes;  // owning
+    // What a PROTO declaration prints as its body: the top nodes of the
+    // first instance.
+    std::map<std::string, std::vector<znProtoBodyEntry>> protoBodies;
 
     int protoCounter = 0;
     int protoIdCounter = 0;
     int nodeIdCounter = 0;
+    // Highest instance number given; instanceNumber is that of the
+    // expansion running now.
     int instanceCounter = 0;
+    int instanceNumber = 0;
     int nameCounter = 0;
     int ownerCounter = 0;
     int routeCounter = 0;
+
+    // The chain of real records that EndNode hands to the browser.
+    _zndbNode* nodeList = nullptr;  // owning until EndNode
+    _zndbNode* nodeListTail = nullptr;
+    _zndbNode* currentNode = nullptr;  // borrowed from nodeList; null for a refused node
+    _zndbNodeData* currentFields = nullptr;
+    _zndbNodeData* currentFieldsTail = nullptr;
+    int currentTopNodeId = 0;
+    // The body node being filled by SetVirtualNodeData.
+    _zndbVNode* currentVNode = nullptr;
+    int currentKey = 0;
+
     // The routes read so far; the browser takes the list over.
     _zndbRoute* routeHead = nullptr;  // owning until handed over
+    _zndbRoute* routeTail = nullptr;
     int systemTypeCount = 0;
     // Set by a grouping node at the top of a PROTO body; read when the
     // PROTO's record is made.

@@ -14,7 +14,10 @@ constexpr int kDbRecordNameLength = 100;
 // One field of a finished node.
 struct _zndbNodeData {
     char name[kDbRecordNameLength];
-    char* value;  // owning; the empty text when none
+    // The empty text when none. A node read from the file borrows the
+    // parser's text, which lives until EndNode returns: a mesh's values are
+    // never copied. An expanded node owns its texts (see valueOwned).
+    char* value;
     int fieldType;
     int dataType;
     FieldFlags flags;
@@ -23,6 +26,7 @@ struct _zndbNodeData {
     int isNodeId;
     std::vector<char*>* isFields;  // owning, strings from strdup
     _zndbNodeData* next;           // owning
+    int valueOwned;                // 1 when `value` is released with the record
 };
 
 // One finished node; a chain of them reaches the browser at once.

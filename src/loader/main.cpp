@@ -13,6 +13,7 @@
 #include "optimizer/gfx_opt.h"
 #include "scripts/zn_cppsi.h"
 #include "scripts/zn_scriptinterfaces.h"
+#include "url/zn_URL_web.h"
 
 #ifndef WRL_VERSION
 #define WRL_VERSION "unknown"
@@ -104,6 +105,9 @@ csNode* wrlLoader::actualLoad(char* filename) {
     _ZNmain->appInterfaces->add(new gfx_opt(_ZNmain));
 
     znBrowser* browser = _ZNmain->browser;
+    // The loader reads worlds, EXTERNPROTOs and textures from web servers as
+    // well as from files.
+    browser->setURLInterface(new_zn_URL_web());
     browser->registerZNType(1);
     browser->init();
 

@@ -14,6 +14,7 @@
 #include "scripts/script_messages.h"
 #include "scripts/zn_scriptinterfaces.h"
 #include "url/zn_URL.h"
+#include "url/zn_URL_files.h"
 
 namespace {
 
@@ -45,8 +46,8 @@ bool copyName(const char* name) {
 // no other process can slip in between naming and writing; false when no
 // name could be made.
 bool makeInlineFile() {
-    const char* dir = std::getenv(kTmpPathVariable);
-    if (!dir) dir = kDefaultTmpPath;
+    const std::string tmp = znTmpPath();
+    const char* dir = tmp.c_str();
     int n = std::snprintf(scriptFileName, sizeof scriptFileName, kInlineCachePattern, dir, inlineCounter++);
     if (n < 0 || n >= static_cast<int>(sizeof scriptFileName)) {
         scriptFileName[0] = '\0';

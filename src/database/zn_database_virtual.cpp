@@ -1,0 +1,279 @@
+// PROTO bodies: kept once as virtual records, replayed for each instance as
+// real records behind the instance node, with fresh names and IDs.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "browser/zn_browser_intern.h"
+#include "database/database_messages.h"
+#include "database/zn_database_intern.h"
+#include "loader/zn_interfaces.h"
+#include "parser/zn_lexer.h"
+
+namespace {
+
+constexpr int kMFNodeType = 34;
+constexpr int kSFNodeType = 25;
+constexpr int kFieldKind = 0;
+
+// The marker that the parser stores as the value of a field bound by IS.
+constexpr const char* kISMarker = "IZZED";
+
+// "%s_%d" of a name and a number, or false when it would not fit a record.
+bool suffixed(char (&out)[kDbNameLength], const char* name, int number) {
+    const int length = std::snprintf(out, sizeof out, "%s_%d", name, number);
+    if (length >= 0 && length < static_cast<int>(sizeof out)) return true;
+    char message[256];
+    std::snprintf(message, sizeof message, kNameTooLongForRecord, kDbNameLength - 1, name);
+    znMessage(message);
+    return false;
+}
+
+char* copyText(const char* text) { return znCopyText(text != nullptr ? text : ""); }
+
+}  // namespace
+
+int znDatabaseIntern::CreateVirtualNode(char* type, char* instName, char** parents, int /*grouping*/, int count,
+                                        int toplevel, int nesting) {
+    currentVNode = nullptr;
+    const char* nodeName = instName != nullptr ? instName : "";
+    instanceIds[nodeName] = ++nameCounter;
+    const int typeId = protoIdOf(type);
+    if (typeId == 0 || count <= 0) return 0;
+
+    const char* innermost = parents[count - 1];
+    auto owner = vnodeOwners.find(innermost);
+    if (owner == vnodeOwners.end()) owner = vnodeOwners.emplace(innermost, ++ownerCounter).first;
+    currentKey = owner->second;
+
+    auto* node = new _zndbVNode{};
+    if (!copyName(node->name, nodeName) || !copyName(node->typeName, type) || !copyName(node->owner, innermost) ||
+        !copyName(node->outerOwner, parents[0])) {
+        delete node;
+        return 0;
+    }
+    node->typeId = typeId;
+    node->nodeId = ++nodeIdCounter;
+    node->path = new std::vector<std::string>;
+    for (int i = count - 1; i >= 0; --i) node->path->emplace_back(parents[i]);
+    node->nesting = nesting;
+    node->isToplevel = toplevel;
+    node->isVirtual = 1;
+    node->fields = new std::vector<_zndbVNodeData*>;
+    vnodes[currentKey].push_back(node);
+    currentVNode = node;
+    return 1;
+}
+
+int znDatabaseIntern::SetVirtualNodeData(char* /*ignored*/, char* name, char* value, int fieldType, int dataType,
+                                         FieldFlags flags, std::vector<char*>* isFields) {
+    // Body node names are unique, so the node being read is the only record
+    // of its name under the current key.
+    if (currentVNode == nullptr) return 0;
+    auto* data = new _zndbVNodeData{};
+    if (!copyName(data->name, name)) {
+        delete data;
+        return 0;
+    }
+    data->value = copyText(value);
+    data->fieldType = fieldType;
+    data->dataType = dataType;
+    data->flags = flags;
+    if (isFields != nullptr && !isFields->empty()) {
+        data->isFields = new std::vector<char*>;
+        for (const char* field : *isFields) data->isFields->push_back(copyText(field));
+        data->isNode = currentKey;
+    }
+    currentVNode->fields->push_back(data);
+    return 1;
+}
+
+void znDatabaseIntern::addVirtualNodes() {
+    makeNodes(pendingInstance.c_str(), 0);
+    if (browser != nullptr) browser->addNode(nodeList);
+    pendingInstance.clear();
+}
+
+int znDatabaseIntern::isProto(const char* instName) {
+    const char* type = getProto(instName);
+    if (type == nullptr) return 0;
+    if (nestedProtos.count(type) != 0) return 2;
+    if (bodyProtos.count(type) != 0) return 1;
+    return 0;
+}
+
+int znDatabaseIntern::makeNodes(const char* protoName, int suffix) {
+    // Instance numbers are never given twice, also when a body holds
+    // instances of its own, so the names of two expansions cannot meet.
+    const int thisInstance = ++instanceCounter;
+    instanceNumber = thisInstance;
+    auto owner = vnodeOwners.find(protoName != nullptr ? protoName : "");
+    if (owner != vnodeOwners.end()) {
+        auto body = vnodes.find(owner->second);
+        if (body != vnodes.end()) {
+            // The vector may not grow while it is replayed: bodies are read
+            // before any instance of them.
+            for (_zndbVNode* node : body->second) {
+                const int kind = isProto(node->name);
+                if (kind != 0) {
+                    makeNode(node, suffix, thisInstance);
+                    if (kind == 1)
+                        makeNodes(node->typeName, node->nodeId);
+                    else
+                        makeNodes(node->typeName, suffix);
+                } else {
+                    makeNodes(node->typeName, node, suffix);
+                }
+                instanceNumber = thisInstance;
+            }
+        }
+    }
+    return addVirtualRoutes(protoName, thisInstance);
+}
+
+int znDatabaseIntern::makeNodes(const char* /*name*/, _zndbVNode* node, int suffix) {
+    if (isProto(node->name) != 0) return makeNodes(node->typeName, node->nodeId);
+    return makeNode(node, suffix, instanceNumber);
+}
+
+int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
+    auto* node = static_cast<_zndbNode*>(std::calloc(1, sizeof(_zndbNode)));
+    if (node == nullptr) znParserOutOfMemory();
+    if (!suffixed(node->name, v->name, instance)) {
+        std::free(node);
+        return 0;
+    }
+    node->typeId = v->typeId;
+    // The first instance takes the IDs of the body's records themselves.
+    const bool firstExpansion = usedVirtualIds.insert(v->nodeId).second;
+    if (firstExpansion) {
+        node->nodeId = v->nodeId;
+    } else {
+        node->nodeId = ++nodeIdCounter;
+        ++nameCounter;
+    }
+    instanceIds[node->name] = node->nodeId;
+    expansions[v->nodeId] = node->nodeId;
+    if (firstExpansion && v->nesting == 0) protoBodies[v->owner].push_back({1, node->name, 0});
+
+    node->nesting = v->nesting;
+    node->isToplevel = v->isToplevel;
+    node->isExpanded = 1;
+    std::memcpy(node->typeName, v->typeName, sizeof node->typeName);
+    std::memcpy(node->parentName, v->owner, sizeof node->parentName);
+
+    // IS inside an expansion points at the node that is the instance.
+    int isTarget = currentTopNodeId;
+    auto instanceNode = expansions.find(suffix);
+    if (instanceNode != expansions.end()) isTarget = instanceNode->second;
+
+    _zndbNodeData* tail = nullptr;
+    for (_zndbVNodeData* d : *v->fields) {
+        auto* data = static_cast<_zndbNodeData*>(std::calloc(1, sizeof(_zndbNodeData)));
+        if (data == nullptr) znParserOutOfMemory();
+        std::memcpy(data->name, d->name, sizeof data->name);
+        if (std::strcmp(d->value, kISMarker) == 0) d->value[0] = '\0';
+        const bool nodeName = d->dataType == kFieldKind && std::strcmp(d->value, "NULL") != 0;
+        if (d->fieldType == kMFNodeType && nodeName) {
+            data->value = addSuffix(d->value, instanceNumber);
+        } else if (d->fieldType == kSFNodeType && nodeName) {
+            if (d->value[0] == '\0') {
+                data->value = copyText("");
+            } else {
+                const int length = std::snprintf(nullptr, 0, "%s_%d", d->value, instanceNumber);
+                data->value = static_cast<char*>(std::malloc(static_cast<size_t>(length) + 1));
+                if (data->value == nullptr) znParserOutOfMemory();
+                std::snprintf(data->value, static_cast<size_t>(length) + 1, "%s_%d", d->value, instanceNumber);
+            }
+        } else {
+            data->value = copyText(d->value);
+        }
+        data->valueOwned = 1;
+        if (d->isFields != nullptr && !d->isFields->empty()) {
+            data->isFields = new std::vector<char*>;
+            for (const char* field : *d->isFields) data->isFields->push_back(copyText(field));
+            data->isNodeId = isTarget;
+        }
+        data->fieldType = d->fieldType;
+        data->dataType = d->dataType;
+        data->flags = d->flags;
+        if (tail != nullptr)
+            tail->next = data;
+        else
+            node->fields = data;
+        tail = data;
+    }
+    appendNode(node);
+    return 1;
+}
+
+char* znDatabaseIntern::addSuffix(const char* names, int suffix) {
+    const char* text = names != nullptr ? names : "";
+    constexpr const char* kSeparators = " [],\t\n\r\\";
+    char number[16];
+    const int digits = std::snprintf(number, sizeof number, "_%d,", suffix);
+    // Each word grows by its suffix and a comma: count the words first so
+    // that no list is too long for the result.
+    size_t words = 0;
+    for (const char* p = text; *p != '\0';) {
+        p += std::strspn(p, kSeparators);
+        if (*p == '\0') break;
+        ++words;
+        p += std::strcspn(p, kSeparators);
+    }
+    const size_t size = std::strlen(text) + words * static_cast<size_t>(digits) + 3;
+    char* out = static_cast<char*>(std::malloc(size));
+    if (out == nullptr) znParserOutOfMemory();
+    char* end = out;
+    *end++ = '[';
+    for (const char* p = text; *p != '\0';) {
+        p += std::strspn(p, kSeparators);
+        if (*p == '\0') break;
+        const size_t length = std::strcspn(p, kSeparators);
+        std::memcpy(end, p, length);
+        end += length;
+        std::memcpy(end, number, static_cast<size_t>(digits));
+        end += digits;
+        p += length;
+    }
+    *end++ = ']';
+    *end = '\0';
+    return out;
+}
+
+int znDatabaseIntern::createVirtualRoute(char* fromType, char* fromNode, char* fromField, char* toType,
+                                         char* toNode, char* toField, char** parents) {
+    int count = 0;
+    while (parents[count] != nullptr) ++count;
+    const char* owner = parents[count - 1];
+    auto* route = new _zndbVRoute{copyText(owner),  copyText(fromType), copyText(fromNode), copyText(fromField),
+                                  copyText(toType), copyText(toNode),   copyText(toField)};
+    vroutes[owner].push_back(route);
+    return 1;
+}
+
+int znDatabaseIntern::addVirtualRoutes(const char* protoName, int suffix) {
+    auto found = vroutes.find(protoName != nullptr ? protoName : "");
+    if (found == vroutes.end()) return 1;
+    for (_zndbVRoute* virtualRoute : found->second) {
+        _zndbRoute* route = newRoute();
+        char fromName[kDbNameLength];
+        char toName[kDbNameLength];
+        route->fromTypeId = protoIdOf(virtualRoute->fromType);
+        route->toTypeId = protoIdOf(virtualRoute->toType);
+        const bool named = suffixed(fromName, virtualRoute->fromNode, suffix) &&
+                           suffixed(toName, virtualRoute->toNode, suffix);
+        route->fromNodeId = named ? lookupInstanceId(fromName) : 0;
+        route->toNodeId = named ? lookupInstanceId(toName) : 0;
+        // The first route that does not resolve ends the routes of this
+        // instance.
+        if (route->fromTypeId == 0 || route->toTypeId == 0 || route->fromNodeId == 0 || route->toNodeId == 0 ||
+            !copyName(route->fromField, virtualRoute->fromField) || !copyName(route->toField, virtualRoute->toField)) {
+            std::free(route);
+            return 0;
+        }
+        appendRoute(route);
+    }
+    return 1;
+}
