@@ -3,6 +3,7 @@
 #include <sys/time.h>
 
 #include <map>
+#include <utility>
 
 #include "browser/browser_messages.h"
 #include "browser/zn_browser_event.h"
@@ -22,8 +23,8 @@ void znBrowserIntern::executeFrame(double time) {
         simManager->iterateEvents(eventFun, -1.0);
     }
     // Taken out first: a node told here may post again for the next frame.
-    std::map<int, znNode*> processed;
-    processed.swap(eventsProcessedMap);
+    std::map<int, znNode*> processed = std::move(eventsProcessedMap);
+    eventsProcessedMap.clear();
     for (auto& entry : processed) entry.second->eventsProcessed();
 }
 
