@@ -1,0 +1,84 @@
+// A compiled Script named by a world file: bound at load, ticked on the load
+// frame, and reached by events.
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+
+#include <string>
+
+#include "browser/zn_browser_intern.h"
+#include "fields/zn_values.h"
+#include "loader/wrl_loader.h"
+#include "loader/zn.h"
+#include "nodes/zn_node.h"
+#include "scripts/zn_event.h"
+#include "behaviour_world.h"
+#include "test_support.h"
+
+using testing::internal::CaptureStderr;
+using testing::internal::CaptureStdout;
+using testing::internal::GetCapturedStderr;
+using testing::internal::GetCapturedStdout;
+
+namespace {
+
+template <class F>
+F counterFn(const char* name) {
+    return reinterpret_cast<F>(dlsym(RTLD_DEFAULT, name));
+}
+
+}  // namespace
+
+TEST(ScriptLoads, CompiledScriptOfAWorldIsBoundTickedAndReached) {
+    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+    wrltest::TempDir dir;
+    // USE at the top puts the Script on the list of nodes that the load
+    // frame ticks.
+    std::string world = dir.write("script.wrl",
+                                  "#VRML V2.0 utf8\n"
+                                  "DEF S Script { url \"" COUNTER_SO "\"\n"
+                                  "  eventIn SFTime set_time }\n"
+                                  "USE S\n");
+    CaptureStderr();
+    CaptureStdout();
+    csNode* scene = wrlLoad(&world[0]);
+    GetCapturedStdout();
+    std::string err = GetCapturedStderr();
+    ASSERT_NE(scene, nullptr);
+    EXPECT_EQ(err.find("Warning"), std::string::npos) << err;
+
+    auto* node = dynamic_cast<znNode*>(_ZNmain->browser->getNode("S"));
+    ASSERT_NE(node, nullptr);
+    Builtin* script = node->getCPPScript();
+    ASSERT_NE(script, nullptr);
+    // The load's scene update, then the frame's tick of the top-level list.
+    EXPECT_EQ(counterFn<int (*)(Script*)>("counterActions")(script), 2);
+    EXPECT_EQ(counterFn<int (*)(Script*)>("counterLastMode")(script), 2);
+
+    SFTime now(3.0);
+    wrltest::TestEvent event("set_time", now);
+    node->processEvent(event);
+    EXPECT_EQ(counterFn<int (*)(Script*)>("counterEvents")(script), 1);
+    EXPECT_STREQ(counterFn<const char* (*)(Script*)>("counterLastEvent")(script), "set_time");
+}
+
+TEST(ScriptLoads, InlineScriptOfAnUnknownLanguageIsReportedAndLeftWithoutBehaviour) {
+    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+    wrltest::TempDir dir;
+    wrltest::ScopedEnv tmp("ZN_TMP_PATH", dir.path().c_str());
+    // A node's type is bound through the first URL of its list.
+    std::string world = dir.write("inline.wrl",
+                                  "#VRML V2.0 utf8\n"
+                                  "DEF J Script { url [ \"javascript:ignored()\" \"" COUNTER_SO "\" ] }\n");
+    CaptureStderr();
+    CaptureStdout();
+    ASSERT_NE(wrlLoad(&world[0]), nullptr);
+    GetCapturedStdout();
+    std::string err = GetCapturedStderr();
+    EXPECT_NE(err.find("SCRIPT INTERFACE WARNING:\n   \"javascript:\" inline script prefix not registered."),
+              std::string::npos)
+        << err;
+    auto* node = dynamic_cast<znNode*>(_ZNmain->browser->getNode("J"));
+    ASSERT_NE(node, nullptr);
+    EXPECT_EQ(node->getCPPScript(), nullptr);
+}

@@ -1,0 +1,73 @@
+// Built-in classes behind the nodes of loaded worlds.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "browser/zn_browser_intern.h"
+#include "loader/wrl_loader.h"
+#include "loader/zn.h"
+#include "nodes/zn_node.h"
+#include "test_support.h"
+#include "vrmlnodes/VRMLNodebase.h"
+
+using testing::internal::CaptureStderr;
+using testing::internal::CaptureStdout;
+using testing::internal::GetCapturedStderr;
+using testing::internal::GetCapturedStdout;
+
+namespace {
+
+std::string behaviourFile(const char* name) { return std::string(WRL_TEST_DATA_DIR) + "/behaviour/" + name; }
+
+// Loads through wrlLoad; answers what the load wrote on the error stream.
+std::string load(const std::string& path) {
+    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+    std::string copy = path;
+    CaptureStderr();
+    CaptureStdout();
+    csNode* scene = wrlLoad(&copy[0]);
+    GetCapturedStdout();
+    std::string err = GetCapturedStderr();
+    EXPECT_NE(scene, nullptr);
+    return err;
+}
+
+size_t occurrences(const std::string& text, const std::string& word) {
+    size_t count = 0;
+    for (size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1)) ++count;
+    return count;
+}
+
+}  // namespace
+
+TEST(BuiltinLoads, EveryBuiltInTypeOfAWorldHasItsObject) {
+    std::string err = load(behaviourFile("all_builtins.wrl"));
+    EXPECT_EQ(err.find("could not locate function"), std::string::npos) << err;
+    const char* const names[] = {"G",  "T",  "SH", "AP", "MA", "IT", "TT", "IFS", "CO", "CL", "NO",
+                                 "TC", "ILS", "PS", "BX", "CN", "CY", "SP", "TX",  "FS", "SW", "CO2"};
+    znBrowserIntern* browser = _ZNmain->browser;
+    std::set<std::string> types;
+    for (const char* name : names) {
+        SCOPED_TRACE(name);
+        auto* node = dynamic_cast<znNode*>(browser->getNode(name));
+        ASSERT_NE(node, nullptr);
+        auto* object = dynamic_cast<VRMLNode*>(node->getCPPScript());
+        ASSERT_NE(object, nullptr);
+        EXPECT_EQ(object->getID(), node->getID());
+        types.insert(node->getType());
+    }
+    EXPECT_EQ(types.size(), 22u);
+}
+
+TEST(BuiltinLoads, UnsupportedTypeAlertsOncePerTypeAndKeepsItsNodes) {
+    std::string err = load(behaviourFile("unsupported.wrl"));
+    EXPECT_EQ(occurrences(err, "TimeSensor nodes not supported in this version."), 1u) << err;
+    EXPECT_EQ(occurrences(err, "Fog nodes not supported in this version."), 1u) << err;
+    auto* clock = dynamic_cast<znNode*>(_ZNmain->browser->getNode("CLOCK2"));
+    ASSERT_NE(clock, nullptr);
+    EXPECT_EQ(clock->getCPPScript(), nullptr);
+    char loop[32] = "";
+    clock->getZnField(clock->getDataID("loop"))->getData(loop);
+    EXPECT_STREQ(loop, "TRUE");
+}
