@@ -4,6 +4,7 @@
 #include <new>
 
 #include "fields/zn_values.h"
+#include "loader/zn_text.h"
 
 std::map<int, znNode*> eventsProcessedMap;
 
@@ -27,4 +28,4 @@ Event* znEvent::clone() {
     return new (std::nothrow) znEvent(*this);
 }
 
-void znEvent::setName(const char* text) { std::snprintf(name, sizeof name, "%s", text ? text : ""); }
+void znEvent::setName(const char* text) { znCopyCut(name, text); }

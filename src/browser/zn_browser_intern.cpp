@@ -12,6 +12,7 @@
 #include "fields/all.h"
 #include "fields/zn_exception.h"
 #include "loader/zn_interfaces.h"
+#include "loader/zn_text.h"
 #include "nodes/zn_node.h"
 #include "nodes/zn_nodetype.h"
 #include "scripts/zn_scriptinterface.h"
@@ -179,7 +180,7 @@ void znBrowserIntern::pushUnresolved(znField* f, const char* text) {
                       static_cast<int>(sizeof element->value - 1), value);
         znMessage(message);
     }
-    std::snprintf(element->value, sizeof element->value, "%s", value);
+    znCopyCut(element->value, value);
     resolveStack.push(element);
 }
 

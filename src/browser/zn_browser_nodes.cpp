@@ -20,13 +20,9 @@ namespace {
 // Where the plain name starts in a stored node name.
 constexpr size_t kPlainNameOffset = 7;
 
-// A record's fixed name field, which a careless writer may fill to the end.
-std::string recordText(const char (&field)[kDbRecordNameLength]) {
-    return std::string(field, strnlen(field, kDbRecordNameLength));
-}
 
-const char* plainName(const std::string& stored) {
-    return stored.size() > kPlainNameOffset ? stored.c_str() + kPlainNameOffset : "";
+const char* plainName(const char* stored) {
+    return std::strlen(stored) > kPlainNameOffset ? stored + kPlainNameOffset : "";
 }
 
 void report(void (*sink)(const char*), const char* format, const char* text) {
@@ -36,6 +32,26 @@ void report(void (*sink)(const char*), const char* format, const char* text) {
 }
 
 bool isNodeValued(int fieldType) { return fieldType == SFNodeType || fieldType == MFNodeType; }
+
+// A record's fixed name field, which a careless writer may fill to the end:
+// such a text is read from a terminated copy in `spill`.
+const char* recordText(const char (&field)[kDbRecordNameLength], std::string& spill) {
+    if (std::memchr(field, '\0', kDbRecordNameLength) != nullptr) return field;
+    spill.assign(field, kDbRecordNameLength);
+    return spill.c_str();
+}
+
+// The type's own field of `name` when a node's field may take its value
+// from it rather than from text: the value was not given in the node, so
+// the text is the default the type was made from. Node-valued fields are
+// read as text, since reading a name may resolve a reference.
+znField* typeDefault(znNodeType* type, const char* name, FieldType fieldType, const FieldFlags& flags) {
+    if (flags.valueSet() || isNodeValued(fieldType)) return nullptr;
+    const int index = type->getDataID(name);
+    if (index < 0 || index >= type->getFieldCount()) return nullptr;
+    znField* field = type->getZnField(index);
+    return field != nullptr && field->getFieldType() == fieldType ? field : nullptr;
+}
 }  // namespace
 
 int znBrowserIntern::addNode(_zndbNode* first) {
@@ -46,19 +62,22 @@ int znBrowserIntern::addNode(_zndbNode* first) {
     std::vector<znNode*> protoNodes;
     std::vector<znNode*> depth0Nodes;
 
+    std::string nameSpill;
+    std::string parentSpill;
+    std::string fieldSpill;
     for (_zndbNode* record = first; record; record = record->next) {
-        const std::string name = recordText(record->name);
-        const std::string parentName = recordText(record->parentName);
+        const char* name = recordText(record->name, nameSpill);
+        const char* parentName = recordText(record->parentName, parentSpill);
 
         znNodeType* type = nullptr;
         try {
             type = getType(record->typeId);
         } catch (znInvalidNodeTypeIDException&) {
-            report(znAlert, kSkipNodeInvalidType, name.c_str());
+            report(znAlert, kSkipNodeInvalidType, name);
             continue;
         }
         if (!type) {
-            report(znAlert, kSkipNodeNullType, name.c_str());
+            report(znAlert, kSkipNodeNullType, name);
             continue;
         }
 
@@ -70,15 +89,15 @@ int znBrowserIntern::addNode(_zndbNode* first) {
             break;
         }
 
-        auto* node = new znNode(record->nodeId, name.c_str(), type, this);
+        auto* node = new znNode(record->nodeId, name, type, this);
         node->setDepth(record->nesting);
-        node->setParent(parentName.c_str());
+        node->setParent(parentName);
         node->setFirstNodeID(0);
         node->setUrlBase(getWorldURL());
         node->setToplevel(record->isToplevel ? 1 : 0);
 
         for (znNode* proto : protoNodes)
-            if (!proto->getFirstNode() && parentName == proto->getNodeType()->getType())
+            if (!proto->getFirstNode() && std::strcmp(parentName, proto->getNodeType()->getType()) == 0)
                 proto->setFirstNode(node);
 
         // A type without behaviour of its own is a prototype: its nodes are
@@ -91,11 +110,11 @@ int znBrowserIntern::addNode(_zndbNode* first) {
         if (record->nesting == 0) depth0Nodes.push_back(node);
 
         // The latest node of a name wins the name.
-        if (!name.empty()) nodeIDs[name.substr(1)] = record->nodeId;
+        if (name[0] != '\0') nodeIDs[name + 1] = record->nodeId;
         nodes[record->nodeId] = node;
 
         for (_zndbNodeData* data = record->fields; data; data = data->next) {
-            const std::string fieldName = recordText(data->name);
+            const char* fieldName = recordText(data->name, fieldSpill);
             const FieldType fieldType = static_cast<FieldType>(data->fieldType);
             const DataType dataType = static_cast<DataType>(data->dataType);
             FieldFlags flags = data->flags;
@@ -105,7 +124,7 @@ int znBrowserIntern::addNode(_zndbNode* first) {
                 try {
                     target = getNode(data->isNodeId);
                 } catch (znInvalidNodeIDException&) {
-                    report(znMessage, kErrorAddingField, fieldName.c_str());
+                    report(znMessage, kErrorAddingField, fieldName);
                     failed = 1;
                     continue;
                 }
@@ -119,19 +138,21 @@ int znBrowserIntern::addNode(_zndbNode* first) {
                 }
                 if (dataType == eventIn) {
                     int index = simManager->nextIndex();
-                    dataID = node->addData(fieldName.c_str(), fieldType, dataType, flags, &targets, index);
+                    dataID = node->addData(fieldName, fieldType, dataType, flags, &targets, index);
                     simManager->addEventIn(node, dataID, data->name);
                 } else {
-                    dataID = node->addData(fieldName.c_str(), fieldType, dataType, flags, &targets, -1);
+                    dataID = node->addData(fieldName, fieldType, dataType, flags, &targets, -1);
                 }
                 if (dataID != -1) node->getZnField(dataID)->addISNames(data->isFields);
             } else if (dataType == eventIn) {
                 int index = simManager->nextIndex();
-                dataID = node->addData(fieldName.c_str(), fieldType, dataType, flags, index);
+                dataID = node->addData(fieldName, fieldType, dataType, flags, index);
                 simManager->addEventIn(node, dataID, data->name);
+            } else if (znField* value = typeDefault(type, fieldName, fieldType, flags)) {
+                dataID = node->addData(fieldName, fieldType, dataType, flags, *value);
             } else {
                 const char* text = data->value ? data->value : "";
-                dataID = node->addData(fieldName.c_str(), fieldType, dataType, flags, text);
+                dataID = node->addData(fieldName, fieldType, dataType, flags, text);
                 // Converting the text noted a name that no node has yet: the
                 // field is filled once every node of the load exists.
                 if (dataID != -1 && isNodeValued(fieldType) && dataType == field && unresolvedReference) {
@@ -140,7 +161,7 @@ int znBrowserIntern::addNode(_zndbNode* first) {
                 }
             }
             if (dataID == -1) {
-                report(znMessage, kErrorAddingField, fieldName.c_str());
+                report(znMessage, kErrorAddingField, fieldName);
                 failed = 1;
             }
         }

@@ -7,6 +7,7 @@
 #include "browser/zn_browser_intern.h"
 #include "database/database_messages.h"
 #include "loader/zn_interfaces.h"
+#include "loader/zn_text.h"
 #include "parser/zn_lexer.h"
 #include "parser/zn_parser.h"
 
@@ -29,6 +30,8 @@ znDatabaseIntern::~znDatabaseIntern() {
     clearProtoFields();
     clearVirtualRecords();
     freeNodeChain(nodeList);
+    for (_zndbNode* node : spareNodes) std::free(node);
+    for (_zndbNodeData* data : spareData) std::free(data);
     for (_zndbRoute* route = routeHead; route != nullptr;) {
         _zndbRoute* next = route->next;
         std::free(route);
@@ -40,8 +43,7 @@ znDatabaseIntern::~znDatabaseIntern() {
 
 bool znDatabaseIntern::copyName(char (&field)[kDbNameLength], const char* text) {
     const char* source = text != nullptr ? text : "";
-    const int length = std::snprintf(field, sizeof field, "%s", source);
-    if (length < static_cast<int>(sizeof field)) return true;
+    if (znCopyCut(field, source) < sizeof field) return true;
     field[0] = '\0';
     char message[256];
     std::snprintf(message, sizeof message, kNameTooLongForRecord, kDbNameLength - 1, source);

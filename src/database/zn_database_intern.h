@@ -144,6 +144,8 @@ public:
     static void ReverseList(_zndbNode** head);
     static void DumpNodes(_zndbNode* head, std::ostream& out);
     static void freeNodeChain(_zndbNode* head);
+    // Puts a chain's records back for reuse; their owned texts go.
+    void recycleChain(_zndbNode* head);
 
     // What the last CreateNode made; for tests and diagnostics.
     int lookupInstanceId(const char* name) const;
@@ -155,6 +157,10 @@ private:
     void clearProtoFields();
     void clearVirtualRecords();
     void appendNode(_zndbNode* node);
+    // Cleared records, from those of earlier nodes where there are any:
+    // a file of many nodes would otherwise allocate a record per field.
+    _zndbNode* newNodeRecord();
+    _zndbNodeData* newDataRecord();
     void appendRoute(_zndbRoute* route);
     // A new route record with the next ID, starting a new list when the
     // reader took the last one over.
@@ -197,6 +203,8 @@ private:
     int ownerCounter = 0;
     int routeCounter = 0;
 
+    std::vector<_zndbNode*> spareNodes;     // owning
+    std::vector<_zndbNodeData*> spareData;  // owning
     // The chain of real records that EndNode hands to the browser.
     _zndbNode* nodeList = nullptr;  // owning until EndNode
     _zndbNode* nodeListTail = nullptr;

@@ -53,16 +53,15 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
     isRealNode = 1;
     currentNode = nullptr;
     currentFields = currentFieldsTail = nullptr;
-    freeNodeChain(nodeList);
+    recycleChain(nodeList);
     nodeList = nodeListTail = nullptr;
     ++nameCounter;
 
     const int typeId = protoIdOf(typeName);
     if (typeId == 0) return 0;
-    auto* node = static_cast<_zndbNode*>(std::calloc(1, sizeof(_zndbNode)));
-    if (node == nullptr) znParserOutOfMemory();
+    _zndbNode* node = newNodeRecord();
     if (!copyName(node->name, nodeName) || !copyName(node->typeName, typeName)) {
-        std::free(node);
+        spareNodes.push_back(node);
         return 0;
     }
     node->typeId = typeId;
@@ -90,10 +89,9 @@ int znDatabaseIntern::SetNodeData(char* ignored, char* name, char* value, int fi
                                   FieldFlags flags, std::vector<char*>* isFields) {
     if (!isRealNode) return SetVirtualNodeData(ignored, name, value, fieldType, dataType, flags, isFields);
     if (currentNode == nullptr) return 0;
-    auto* data = static_cast<_zndbNodeData*>(std::calloc(1, sizeof(_zndbNodeData)));
-    if (data == nullptr) znParserOutOfMemory();
+    _zndbNodeData* data = newDataRecord();
     if (!copyName(data->name, name)) {
-        std::free(data);
+        spareData.push_back(data);
         return 0;
     }
     // Borrowed: the parser's text outlives the record, which ends in EndNode.
@@ -125,7 +123,7 @@ void znDatabaseIntern::EndNode() {
     }
     pendingInstance.clear();
     currentNode = nullptr;
-    freeNodeChain(nodeList);
+    recycleChain(nodeList);
     nodeList = nodeListTail = nullptr;
 }
 
@@ -152,6 +150,48 @@ void znDatabaseIntern::freeNodeChain(_zndbNode* head) {
         }
         _zndbNode* next = head->next;
         std::free(head);
+        head = next;
+    }
+}
+
+_zndbNode* znDatabaseIntern::newNodeRecord() {
+    if (spareNodes.empty()) {
+        auto* node = static_cast<_zndbNode*>(std::calloc(1, sizeof(_zndbNode)));
+        if (node == nullptr) znParserOutOfMemory();
+        return node;
+    }
+    _zndbNode* node = spareNodes.back();
+    spareNodes.pop_back();
+    *node = _zndbNode{};
+    return node;
+}
+
+_zndbNodeData* znDatabaseIntern::newDataRecord() {
+    if (spareData.empty()) {
+        auto* data = static_cast<_zndbNodeData*>(std::calloc(1, sizeof(_zndbNodeData)));
+        if (data == nullptr) znParserOutOfMemory();
+        return data;
+    }
+    _zndbNodeData* data = spareData.back();
+    spareData.pop_back();
+    *data = _zndbNodeData{};
+    return data;
+}
+
+void znDatabaseIntern::recycleChain(_zndbNode* head) {
+    while (head != nullptr) {
+        for (_zndbNodeData* data = head->fields; data != nullptr;) {
+            _zndbNodeData* next = data->next;
+            if (data->isFields != nullptr) {
+                for (char* name : *data->isFields) std::free(name);
+                delete data->isFields;
+            }
+            if (data->valueOwned) std::free(data->value);
+            spareData.push_back(data);
+            data = next;
+        }
+        _zndbNode* next = head->next;
+        spareNodes.push_back(head);
         head = next;
     }
 }

@@ -9,6 +9,7 @@
 #include "database/database_messages.h"
 #include "database/zn_database_intern.h"
 #include "loader/zn_interfaces.h"
+#include "loader/zn_text.h"
 #include "parser/zn_lexer.h"
 
 namespace {
@@ -22,8 +23,16 @@ constexpr const char* kISMarker = "IZZED";
 
 // "%s_%d" of a name and a number, or false when it would not fit a record.
 bool suffixed(char (&out)[kDbNameLength], const char* name, int number) {
-    const int length = std::snprintf(out, sizeof out, "%s_%d", name, number);
-    if (length >= 0 && length < static_cast<int>(sizeof out)) return true;
+    const std::size_t length = std::strlen(name);
+    char digits[16];
+    const std::size_t count = static_cast<std::size_t>(znWriteDecimal(digits, number) - digits);
+    if (length + 1 + count < sizeof out) {
+        std::memcpy(out, name, length);
+        out[length] = '_';
+        std::memcpy(out + length + 1, digits, count);
+        out[length + 1 + count] = '\0';
+        return true;
+    }
     char message[256];
     std::snprintf(message, sizeof message, kNameTooLongForRecord, kDbNameLength - 1, name);
     znMessage(message);
@@ -138,10 +147,9 @@ int znDatabaseIntern::makeNodes(const char* /*name*/, _zndbVNode* node, int suff
 }
 
 int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
-    auto* node = static_cast<_zndbNode*>(std::calloc(1, sizeof(_zndbNode)));
-    if (node == nullptr) znParserOutOfMemory();
+    _zndbNode* node = newNodeRecord();
     if (!suffixed(node->name, v->name, instance)) {
-        std::free(node);
+        spareNodes.push_back(node);
         return 0;
     }
     node->typeId = v->typeId;
@@ -170,26 +178,27 @@ int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
 
     _zndbNodeData* tail = nullptr;
     for (_zndbVNodeData* d : *v->fields) {
-        auto* data = static_cast<_zndbNodeData*>(std::calloc(1, sizeof(_zndbNodeData)));
-        if (data == nullptr) znParserOutOfMemory();
+        _zndbNodeData* data = newDataRecord();
         std::memcpy(data->name, d->name, sizeof data->name);
         if (std::strcmp(d->value, kISMarker) == 0) d->value[0] = '\0';
         const bool nodeName = d->dataType == kFieldKind && std::strcmp(d->value, "NULL") != 0;
         if (d->fieldType == kMFNodeType && nodeName) {
             data->value = addSuffix(d->value, instanceNumber);
-        } else if (d->fieldType == kSFNodeType && nodeName) {
-            if (d->value[0] == '\0') {
-                data->value = copyText("");
-            } else {
-                const int length = std::snprintf(nullptr, 0, "%s_%d", d->value, instanceNumber);
-                data->value = static_cast<char*>(std::malloc(static_cast<size_t>(length) + 1));
-                if (data->value == nullptr) znParserOutOfMemory();
-                std::snprintf(data->value, static_cast<size_t>(length) + 1, "%s_%d", d->value, instanceNumber);
-            }
+            data->valueOwned = 1;
+        } else if (d->fieldType == kSFNodeType && nodeName && d->value[0] != '\0') {
+            const std::size_t length = std::strlen(d->value);
+            data->value = static_cast<char*>(std::malloc(length + 13));
+            if (data->value == nullptr) znParserOutOfMemory();
+            std::memcpy(data->value, d->value, length);
+            data->value[length] = '_';
+            *znWriteDecimal(data->value + length + 1, instanceNumber) = '\0';
+            data->valueOwned = 1;
         } else {
-            data->value = copyText(d->value);
+            // The body's own text serves every instance: the browser reads it
+            // before the records go.
+            data->value = d->value;
+            data->valueOwned = 0;
         }
-        data->valueOwned = 1;
         if (d->isFields != nullptr && !d->isFields->empty()) {
             data->isFields = new std::vector<char*>;
             for (const char* field : *d->isFields) data->isFields->push_back(copyText(field));
@@ -211,8 +220,10 @@ int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
 char* znDatabaseIntern::addSuffix(const char* names, int suffix) {
     const char* text = names != nullptr ? names : "";
     constexpr const char* kSeparators = " [],\t\n\r\\";
-    char number[16];
-    const int digits = std::snprintf(number, sizeof number, "_%d,", suffix);
+    char number[16] = "_";
+    char* numberEnd = znWriteDecimal(number + 1, suffix);
+    *numberEnd++ = ',';
+    const int digits = static_cast<int>(numberEnd - number);
     // Each word grows by its suffix and a comma: count the words first so
     // that no list is too long for the result.
     size_t words = 0;

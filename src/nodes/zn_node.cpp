@@ -12,6 +12,7 @@
 #include "fields/zn_values.h"
 #include "loader/zn.h"
 #include "loader/zn_interfaces.h"
+#include "loader/zn_text.h"
 #include "nodes/node_messages.h"
 #include "nodes/zn_nodetype.h"
 #include "scripts/zn_scriptinterfaces.h"
@@ -34,7 +35,7 @@ znNode::znNode(int nodeID, const char* nodeName, znNodeType* type, Browser* b)
     if (ZN* system = b->getZN()) scriptInterfaces = system->scriptInterfaces;
     scriptEnabled = scriptInterfaces ? scriptInterfaces->isEnabled(type->getScriptID()) : 1;
     type->setPaused(0);
-    std::snprintf(name, sizeof name, "%s", nodeName);
+    znCopyCut(name, nodeName);
     internal = new znInternal(b, this);
 }
 
@@ -168,9 +169,31 @@ int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldF
                     const char* value) {
     znField* f = znField::newField(browser, this, type, kind, flags, value, nullptr);
     if (!f) return -1;
+    const int index = addData(fieldName, f);
+    if (index != -1) return index;
+    // The report is made only now: the text may be a whole mesh.
     char message[512];
     std::snprintf(message, sizeof message, kCantAddData, value ? value : "");
-    return enter(fieldName, f, message);
+    znMessage(message);
+    delete f;
+    return -1;
+}
+
+int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags,
+                    const znField& value) {
+    znField* f = znField::newField(browser, this, type, kind, flags, nullptr, nullptr);
+    if (!f) return -1;
+    *f = value;
+    const int index = addData(fieldName, f);
+    if (index != -1) return index;
+    Field* side = f->toField();
+    char* text = side != nullptr ? side->toString() : nullptr;
+    char message[512];
+    std::snprintf(message, sizeof message, kCantAddData, text != nullptr ? text : "");
+    std::free(text);
+    znMessage(message);
+    delete f;
+    return -1;
 }
 
 int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags,
@@ -210,7 +233,8 @@ int znNode::addData(const char* fieldName, znField* f) {
     if (index == -1 || !f) return -1;
     if (index >= static_cast<int>(fields.size())) {
         znMemoryGuard guard;
-        fields.reserve(static_cast<size_t>(index) + 1);
+        // All the type's fields are coming, in whatever order.
+        fields.reserve(std::max(static_cast<size_t>(index) + 1, static_cast<size_t>(nodeType->getFieldCount())));
         while (static_cast<int>(fields.size()) <= index) fields.push_back(f);
     }
     fields[index] = f;

@@ -61,6 +61,9 @@ public:
 
     // Fields, indexed as in the node type.
     int addData(const char* name, FieldType type, DataType kind, FieldFlags& flags, const char* value);
+    // As with a text, with the value of `value`, a field of the same type:
+    // a node takes its type's defaults this way without reading them again.
+    int addData(const char* name, FieldType type, DataType kind, FieldFlags& flags, const znField& value);
     int addData(const char* name, FieldType type, DataType kind, FieldFlags& flags, int eventIndex);
     int addData(const char* name, FieldType type, DataType kind, FieldFlags& flags,
                 std::vector<znField*>* remote, int eventIndex);

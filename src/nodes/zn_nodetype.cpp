@@ -6,12 +6,14 @@
 #include <cstring>
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "browser/zn_browser_intern.h"
 #include "database/zn_database.h"
 #include "fields/zn_exception.h"
 #include "fields/zn_values.h"
 #include "loader/zn_interfaces.h"
+#include "loader/zn_text.h"
 #include "nodes/node_messages.h"
 #include "nodes/zn_node.h"
 #include "scripts/zn_scriptinterface.h"
@@ -34,7 +36,7 @@ znNodeType::znNodeType(int typeID, const char* typeName, std::vector<const char*
         std::snprintf(message, sizeof message, kNotSupported, typeName);
         znMessage(message);
     }
-    std::snprintf(name, sizeof name, "%s", typeName);
+    znCopyCut(name, typeName);
     std::memset(indentBuffer, ' ', sizeof indentBuffer);
     const bool noImplementation = urls.empty() || (urls.size() == 1 && (!urls[0] || !*urls[0]));
     if (!noImplementation) interface = znScriptInterface::newInterface(urls, *this);
@@ -59,13 +61,12 @@ int znNodeType::addData(const char* fieldName, FieldType type, DataType kind, Fi
 
 int znNodeType::getDataID(const char* fieldName) {
     if (!fieldName) return -1;
-    auto found = dataIDs.find(fieldName);
+    const std::string_view name(fieldName);
+    auto found = dataIDs.find(name);
     if (found != dataIDs.end()) return found->second;
-    std::string stem(fieldName);
-    size_t at = stem.find(kChangedSuffix);
-    if (at == std::string::npos) return -1;
-    stem.resize(at);
-    found = dataIDs.find(stem);
+    size_t at = name.find(kChangedSuffix);
+    if (at == std::string_view::npos) return -1;
+    found = dataIDs.find(name.substr(0, at));
     return found != dataIDs.end() ? found->second : -1;
 }
 

@@ -83,7 +83,8 @@ public:
     static constexpr int kIndentLevels = 20;
 
 private:
-    std::map<std::string, int> dataIDs;
+    // Looked up by plain texts without making a string of them.
+    std::map<std::string, int, std::less<>> dataIDs;
     std::vector<znField*> fields;  // owning, in declaration order
     int id;
     int systemProto;

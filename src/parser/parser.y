@@ -19,6 +19,7 @@
 #include <cstring>
 #include <string>
 
+#include "loader/zn_text.h"
 #include "parser/parser_messages.h"
 #include "parser/parser_trace.h"
 #include "parser/zn_lexer.h"
@@ -110,8 +111,8 @@ declaration
 m1
     : %empty {
         P->enterNode($0);
-        char suffix[16];
-        std::snprintf(suffix, sizeof suffix, "_%d", P->anonymousCount++);
+        char suffix[16] = "_";
+        *znWriteDecimal(suffix + 1, P->anonymousCount++) = '\0';
         P->suffixBuffer = suffix;
         const std::string name = std::string($0) + P->suffixBuffer;
         P->setName(P->makeDefName(name.c_str(), 0, 'x'));

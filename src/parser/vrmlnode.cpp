@@ -65,9 +65,12 @@ VrmlNodeType::VrmlNodeType(VrmlNodeType& other, znParser* p)
     name = znCopyText(other.name);
     other.useCount++;
     instanceNumber = other.useCount;
-    copyTable(other.eventIns, eventIns);
-    copyTable(other.eventOuts, eventOuts);
-    copyTable(other.fields, fields);
+    recordBlockSize = other.eventIns->size() + other.eventOuts->size() + other.fields->size();
+    recordBlock.reset(new NameTypeRec[recordBlockSize]);
+    NameTypeRec* next = recordBlock.get();
+    copyTable(other.eventIns, eventIns, next);
+    copyTable(other.eventOuts, eventOuts, next);
+    copyTable(other.fields, fields, next);
 }
 
 VrmlNodeType::~VrmlNodeType() {
@@ -123,7 +126,8 @@ int VrmlNodeType::hasExposedField(const char* nm) const {
 int VrmlNodeType::setField(const char* nm, const char* value) const {
     NameTypeRec* rec = lookUp(fields, nm);
     if (rec == nullptr) return 0;
-    std::free(rec->value);
+    if (!rec->sharedValue) std::free(rec->value);
+    rec->sharedValue = 0;
     rec->value = const_cast<char*>(value);
     rec->setmode = _setmode;
     return 1;
@@ -233,6 +237,14 @@ void VrmlNodeType::clearfields() {
     clearTable(eventIns);
     clearTable(eventOuts);
     clearTable(fields);
+    recordBlock.reset();
+    recordBlockSize = 0;
+}
+
+void VrmlNodeType::ownTexts() {
+    ownTable(eventIns);
+    ownTable(eventOuts);
+    ownTable(fields);
 }
 
 void VrmlNodeType::clearfielddata() {
@@ -277,29 +289,45 @@ int VrmlNodeType::setIS(Table* list, const char* nm, const char* nodeName, const
     return 1;
 }
 
-void VrmlNodeType::copyTable(const Table* from, Table* to) {
+void VrmlNodeType::copyTable(const Table* from, Table* to, NameTypeRec*& next) {
+    to->reserve(from->size());
     for (const NameTypeRec* rec : *from) {
-        auto* copy = new NameTypeRec;
-        copy->name = znCopyText(rec->name);
+        NameTypeRec* copy = next++;
+        copy->name = rec->name;
+        copy->sharedName = 1;
         copy->type = rec->type;
         copy->exposed = rec->exposed;
-        copy->value = copyOrNull(rec->value);
+        copy->value = rec->value;
+        copy->sharedValue = 1;
         to->push_back(copy);
     }
+}
+
+bool VrmlNodeType::inBlock(const NameTypeRec* rec) const {
+    return recordBlock != nullptr && rec >= recordBlock.get() && rec < recordBlock.get() + recordBlockSize;
 }
 
 void VrmlNodeType::clearTable(Table* list) {
     clearTableData(list);
     for (NameTypeRec* rec : *list) {
-        std::free(rec->name);
-        delete rec;
+        if (!rec->sharedName) std::free(rec->name);
+        if (!inBlock(rec)) delete rec;
     }
     list->clear();
 }
 
+void VrmlNodeType::ownTable(Table* list) {
+    for (NameTypeRec* rec : *list) {
+        if (rec->sharedName) rec->name = znCopyText(rec->name);
+        if (rec->sharedValue) rec->value = copyOrNull(rec->value);
+        rec->sharedName = rec->sharedValue = 0;
+    }
+}
+
 void VrmlNodeType::clearTableData(Table* list) {
     for (NameTypeRec* rec : *list) {
-        std::free(rec->value);
+        if (!rec->sharedValue) std::free(rec->value);
+        rec->sharedValue = 0;
         rec->value = nullptr;
         std::free(rec->isNode);
         rec->isNode = nullptr;

@@ -5,7 +5,7 @@
 #ifndef VRMLNODE_H
 #define VRMLNODE_H
 
-#include <list>
+#include <memory>
 #include <vector>
 
 class znParser;
@@ -21,19 +21,25 @@ public:
     static constexpr int kMaxParents = 20;
 
     struct NameTypeRec {
-        char* name = nullptr;   // owning
+        char* name = nullptr;   // owning unless sharedName
         int type = 0;           // field-type token, 271..290
-        char* value = nullptr;  // owning, may be null
+        char* value = nullptr;  // owning unless sharedValue, may be null
         char* isNode = nullptr; // owning, may be null
         std::vector<char*> isFields;  // owning
         int setmode = 0;
         char exposed = 0;
+        // An instance copy borrows the name and the default value of the
+        // type it was copied from, which outlives it: every node of a file
+        // is such a copy, and most of its values are the defaults.
+        char sharedName = 0;
+        char sharedValue = 0;
     };
-    using Table = std::list<NameTypeRec*>;
+    using Table = std::vector<NameTypeRec*>;
 
     VrmlNodeType(const char* nm, znParser* parser);
     // An instance copy: the interface and the default values of `other`,
-    // without its IS bindings. Counts the copy in `other`.
+    // without its IS bindings. Counts the copy in `other`. Names and default
+    // values are `other`'s own texts until ownTexts() is called.
     VrmlNodeType(VrmlNodeType& other, znParser* parser);
     ~VrmlNodeType();
     VrmlNodeType(const VrmlNodeType&) = delete;
@@ -74,6 +80,9 @@ public:
 
     void clearfields();
     void clearfielddata();
+    // Gives the record copies of the texts it shares, for a copy that must
+    // outlive the record it was made from.
+    void ownTexts();
 
     int parentCount = 0;
     char* parents[kMaxParents] = {};  // owning, null-terminated
@@ -91,13 +100,19 @@ public:
     znParser* parser;  // borrowed: the parser that made this record
 
 private:
+    // The records of an instance copy, made in one piece.
+    std::unique_ptr<NameTypeRec[]> recordBlock;
+    std::size_t recordBlockSize = 0;
+
     static void add(Table* list, const char* nm, int type, char exposed);
     static NameTypeRec* lookUp(const Table* list, const char* nm);
     static int has(const Table* list, const char* nm);
     static int setIS(Table* list, const char* nm, const char* nodeName, const char* protoField, int type);
-    static void copyTable(const Table* from, Table* to);
-    static void clearTable(Table* list);
+    static void copyTable(const Table* from, Table* to, NameTypeRec*& next);
+    void clearTable(Table* list);
     static void clearTableData(Table* list);
+    static void ownTable(Table* list);
+    bool inBlock(const NameTypeRec* rec) const;
 };
 
 // The parser's entry for a node being read.

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "loader/zn_interfaces.h"
+#include "loader/zn_text.h"
 #include "parser/parser.hpp"
 #include "parser/parser_messages.h"
 #include "parser/zn_lexer.h"
@@ -78,7 +79,13 @@ int znParser::fieldType(const char* type) {
 }
 
 const char* znParser::makeDefName(const char* name, int number, char kind) {
-    defNameBuffer = znParserFormat("%c%05d+%s", kind, number, name);
+    // "%c%05d+%s", written out: every node of a file passes here.
+    char head[24];
+    head[0] = kind;
+    char* end = znWriteDecimal(head + 1, number, 5);
+    *end++ = '+';
+    defNameBuffer.assign(head, end);
+    defNameBuffer.append(name != nullptr ? name : "");
     return defNameBuffer.c_str();
 }
 

@@ -79,6 +79,8 @@ void znParser::addToNameSpace(VrmlNodeType* type) {
         // Every Script node gets a type of its own, named after the node.
         const std::string scriptType = znParserFormat(kScriptTypeFormat, type->instName);
         auto* own = new VrmlNodeType(*type, this);
+        // The node's records are cleared below; its type keeps texts of its own.
+        own->ownTexts();
         own->setName(scriptType.c_str());
         for (VrmlNodeType* scope : protoStack) setParent(scope, own);
         own->print();
