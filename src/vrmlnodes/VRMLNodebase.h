@@ -41,6 +41,9 @@ public:
     void processEvent(Event&) override {}
 
     int isBuilt() const { return built; }
+    // The name of the node's back-end object: the DEF name of the node, or
+    // `unnamed` for a node without one.
+    const char* sceneName(const char* unnamed);
     gfx* getGraphics() { return graphics; }
 
     // Character `i` of an event name; '\0' at the end of the name and
