@@ -30,8 +30,7 @@ int optGroupingNode::action(SFTime& time, int mode, void* incoming) {
     optActionGuard guard(this);
     if (!guard.entered()) return 0;
     if (!state) {
-        state = new ActionState();
-        if (incoming) state->transforms = static_cast<ActionState*>(incoming)->transforms;
+        state = new ActionState(static_cast<ActionState*>(incoming));
         state->group = group;
         if (group && group->isOfType(csTransform::getClassType()))
             state->transforms.push_back(static_cast<csTransform*>(group));

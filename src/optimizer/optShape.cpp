@@ -76,10 +76,7 @@ int optShape::samplingFor(const char* quality) {
 int optShape::action(SFTime& time, int mode, void* incoming) {
     optActionGuard guard(this);
     if (!guard.entered()) return 0;
-    if (!state) {
-        state = new ActionState();
-        if (incoming) state->transforms = static_cast<ActionState*>(incoming)->transforms;
-    }
+    if (!state) state = new ActionState(static_cast<ActionState*>(incoming));
     if (appearanceDirty || geometryDirty) {
         if (appearanceDirty) buildAppearance(time);
         if (geometryDirty) buildGeometry(time);

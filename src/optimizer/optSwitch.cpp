@@ -26,8 +26,7 @@ int optSwitch::action(SFTime& time, int mode, void* incoming) {
 }
 
 void optSwitch::build(SFTime& time, void* incoming) {
-    state = new ActionState();
-    if (incoming) state->transforms = static_cast<ActionState*>(incoming)->transforms;
+    state = new ActionState(static_cast<ActionState*>(incoming));
     state->group = switchNode;
     for (Builtin* child : choiceObjects) {
         // Only nodes can stand in a switch; anything else is passed over.

@@ -44,11 +44,20 @@ public:
           bottom(exposedField<SFFloat>("bottom")),
           top(exposedField<SFFloat>("top")) {}
 
-    int action(SFTime&, int, void*) override {
+    int action(SFTime&, int, void* state) override {
         if (!built) build();
         built = 1;
+        seen = wrltest::SeenState();
+        if (auto* record = static_cast<ActionState*>(state)) {
+            seen.seen = true;
+            seen.group = record->group;
+            seen.transforms.assign(record->transforms.begin(), record->transforms.end());
+            seen.appearance = record->appearance;
+        }
         return optHandleTable::handleOf(object.get());
     }
+
+    wrltest::SeenState seen;
 
 private:
     void build() {
@@ -119,6 +128,17 @@ extern "C" Script* TestTextureInitialize(znInternal* pair) { return new TestText
 
 namespace wrltest {
 
+SeenState stateSeenBy(Builtin* testGeometry) {
+    auto* node = dynamic_cast<TestGeometry*>(testGeometry);
+    return node ? node->seen : SeenState();
+}
+
+void expectVec3(const csVec3f& v, float x, float y, float z) {
+    EXPECT_FLOAT_EQ(v[0], x);
+    EXPECT_FLOAT_EQ(v[1], y);
+    EXPECT_FLOAT_EQ(v[2], z);
+}
+
 std::string testNodeSupport() {
     std::string text = readFile(nodeSupportFile());
     size_t light = text.find("PROTO DirectionalLight");
@@ -146,6 +166,14 @@ csEnvironment* SceneLoad::load(const std::string& body) {
 Builtin* SceneLoad::builtinNamed(const char* name) {
     auto* node = dynamic_cast<znNode*>(_ZNmain->browser->getNode(name));
     return node ? node->getCPPScript() : nullptr;
+}
+
+MFNode SceneLoad::nodesNamed(std::initializer_list<const char*> names) {
+    std::vector<BaseNode> handles;
+    for (const char* name : names) handles.push_back(*dynamic_cast<BaseNode*>(builtinNamed(name)));
+    MFNode list;
+    list.setValue(handles);
+    return list;
 }
 
 }  // namespace wrltest

@@ -10,13 +10,18 @@
 #ifndef WRL_SCENE_WORLD_H
 #define WRL_SCENE_WORLD_H
 
+#include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "csEnvironment.h"
 #include "csGroup.h"
+#include "fields/zn_values.h"
 #include "test_support.h"
 
 class Builtin;
+class csAppearance;
+class csTransform;
 
 namespace wrltest {
 
@@ -41,6 +46,8 @@ public:
     csEnvironment* load(const std::string& body);
     // The built-in class behind the node DEF'd as `name` in the last load.
     Builtin* builtinNamed(const char* name);
+    // A list of the nodes DEF'd under `names` in the last load.
+    MFNode nodesNamed(std::initializer_list<const char*> names);
     // What the last load wrote on the error stream.
     const std::string& lastErrors() const { return errors; }
 
@@ -50,6 +57,18 @@ private:
     int count = 0;
     std::string errors;
 };
+
+// What a TestGeometry node was handed as state by its last action.
+struct SeenState {
+    bool seen = false;
+    csGroup* group = nullptr;
+    std::vector<csTransform*> transforms;
+    csAppearance* appearance = nullptr;
+};
+SeenState stateSeenBy(Builtin* testGeometry);
+
+// Three components of a colour or vector, each as a float.
+void expectVec3(const csVec3f& v, float x, float y, float z);
 
 // Child `index` of `group` as a T, or null when it is none or of another
 // class.

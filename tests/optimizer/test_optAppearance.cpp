@@ -18,15 +18,10 @@
 #include "scene_world.h"
 
 using wrltest::childAs;
+using wrltest::expectVec3;
 using wrltest::SceneLoad;
 
 namespace {
-
-void expectColour(const csVec3f& c, float r, float g, float b) {
-    EXPECT_FLOAT_EQ(c[0], r);
-    EXPECT_FLOAT_EQ(c[1], g);
-    EXPECT_FLOAT_EQ(c[2], b);
-}
 
 // The appearance of the top-level shape `index`.
 csAppearance* appearanceOf(csEnvironment* scene, int index) {
@@ -48,10 +43,10 @@ TEST(optMaterial, AmbientColourIsIntensityTimesDiffuse) {
     ASSERT_NE(look, nullptr);
     csMaterial* material = look->getMaterial();
     ASSERT_NE(material, nullptr);
-    expectColour(material->getAmbientColor(), 0.2f, 0.1f, 0.0f);
-    expectColour(material->getDiffuseColor(), 1.0f, 0.5f, 0.0f);
-    expectColour(material->getSpecularColor(), 0, 1, 0);
-    expectColour(material->getEmissiveColor(), 0, 0, 1);
+    expectVec3(material->getAmbientColor(), 0.2f, 0.1f, 0.0f);
+    expectVec3(material->getDiffuseColor(), 1.0f, 0.5f, 0.0f);
+    expectVec3(material->getSpecularColor(), 0, 1, 0);
+    expectVec3(material->getEmissiveColor(), 0, 0, 1);
     EXPECT_FLOAT_EQ(material->getShininess(), 0.5f) << "no scale is applied";
     EXPECT_TRUE(look->getLightEnable());
     EXPECT_FALSE(look->getTranspEnable()) << "no transparency leaves the enable alone";
@@ -60,7 +55,8 @@ TEST(optMaterial, AmbientColourIsIntensityTimesDiffuse) {
 TEST(optMaterial, ChangesReachTheSceneThroughTheRefreshPass) {
     SceneLoad world;
     csEnvironment* scene = world.load(
-        "DEF S Shape { appearance Appearance { material DEF M Material { ambientIntensity 0.5 } } }\n");
+        "DEF S Shape { appearance Appearance { material DEF M Material { ambientIntensity 0.5 } } }\n"
+        "DEF ROOT Group { children USE S }\n");
     csMaterial* material = appearanceOf(scene, 0)->getMaterial();
     auto* node = dynamic_cast<optMaterial*>(world.builtinNamed("M"));
     auto* shape = dynamic_cast<optShape*>(world.builtinNamed("S"));
@@ -71,19 +67,20 @@ TEST(optMaterial, ChangesReachTheSceneThroughTheRefreshPass) {
 
     SFColor red(1, 0, 0);
     node->set_diffuseColor(red, 1.0);
-    expectColour(material->getDiffuseColor(), 0.8f, 0.8f, 0.8f);  // not before the pass
+    expectVec3(material->getDiffuseColor(), 0.8f, 0.8f, 0.8f);  // not before the pass
     shape->action(time, kActionRefresh, nullptr);
-    expectColour(material->getDiffuseColor(), 1, 0, 0);
+    expectVec3(material->getDiffuseColor(), 1, 0, 0);
     // A new diffuse colour renews the ambient one.
-    expectColour(material->getAmbientColor(), 0.5f, 0, 0);
+    expectVec3(material->getAmbientColor(), 0.5f, 0, 0);
 
+    // The top-level pass of a frame reaches the material through the group.
     material->setDiffuseColor(0, 1, 0);  // a mark that only a diffuse refresh would wipe out
     SFFloat full(1.0f);
     node->set_ambientIntensity(full, 1.0);
-    shape->action(time, kActionRefresh, nullptr);
-    expectColour(material->getAmbientColor(), 1, 0, 0);
+    world.builtinNamed("ROOT")->action(time, kActionTopLevel, nullptr);
+    expectVec3(material->getAmbientColor(), 1, 0, 0);
     // A new intensity leaves the diffuse colour alone.
-    expectColour(material->getDiffuseColor(), 0, 1, 0);
+    expectVec3(material->getDiffuseColor(), 0, 1, 0);
 }
 
 TEST(optAppearance, WithoutAMaterialTheShapeGlowsWhite) {
@@ -94,8 +91,8 @@ TEST(optAppearance, WithoutAMaterialTheShapeGlowsWhite) {
         ASSERT_NE(look, nullptr);
         EXPECT_STREQ(look->getName(), "Unnamed Appearance Node");
         EXPECT_TRUE(look->getLightEnable());
-        expectColour(look->getMaterial()->getDiffuseColor(), 0, 0, 0);
-        expectColour(look->getMaterial()->getEmissiveColor(), 1, 1, 1);
+        expectVec3(look->getMaterial()->getDiffuseColor(), 0, 0, 0);
+        expectVec3(look->getMaterial()->getEmissiveColor(), 1, 1, 1);
     }
 }
 
@@ -133,12 +130,12 @@ TEST(optAppearance, TextureFormatsChooseTheCombination) {
     EXPECT_TRUE(rgb->getTexEnable());
     EXPECT_EQ(rgb->getTexEnv(), csContext::MODULATE_TENV);
     EXPECT_EQ(rgb->getTexMode(), csContext::NICE_TEX);
-    expectColour(rgb->getMaterial()->getDiffuseColor(), 0.8f, 0.8f, 0.8f);
+    expectVec3(rgb->getMaterial()->getDiffuseColor(), 0.8f, 0.8f, 0.8f);
 
     csAppearance* rgba = appearanceOf(scene, 1);
     ASSERT_NE(rgba, nullptr);
     EXPECT_EQ(rgba->getTexEnv(), csContext::DECAL_TENV);
-    expectColour(rgba->getMaterial()->getDiffuseColor(), 1, 0, 0);
+    expectVec3(rgba->getMaterial()->getDiffuseColor(), 1, 0, 0);
 
     csAppearance* none = appearanceOf(scene, 2);
     ASSERT_NE(none, nullptr);

@@ -7,6 +7,7 @@
 
 #include "csCollision.h"
 #include "csDirectionalLight.h"
+#include "csShape.h"
 #include "csTransform.h"
 #include "fields/zn_values.h"
 #include "optimizer/optCollision.h"
@@ -15,26 +16,8 @@
 #include "scene_world.h"
 
 using wrltest::childAs;
+using wrltest::expectVec3;
 using wrltest::SceneLoad;
-
-namespace {
-
-void expectVector(const csVec3f& v, float x, float y, float z) {
-    EXPECT_FLOAT_EQ(v[0], x);
-    EXPECT_FLOAT_EQ(v[1], y);
-    EXPECT_FLOAT_EQ(v[2], z);
-}
-
-// An MFNode of the nodes DEF'd under `names`.
-MFNode nodesNamed(SceneLoad& world, std::initializer_list<const char*> names) {
-    std::vector<BaseNode> handles;
-    for (const char* name : names) handles.push_back(*dynamic_cast<BaseNode*>(world.builtinNamed(name)));
-    MFNode list;
-    list.setValue(handles);
-    return list;
-}
-
-}  // namespace
 
 TEST(optTransform, HierarchyWithDefAndUseSharesTheObjects) {
     SceneLoad world;
@@ -53,7 +36,7 @@ DEF ROOT Transform {
     auto* root = childAs<csTransform>(scene, 0);
     ASSERT_NE(root, nullptr);
     EXPECT_STREQ(root->getName(), "ROOT");
-    expectVector(root->getTranslation(), 0, 0, -5);
+    expectVec3(root->getTranslation(), 0, 0, -5);
     EXPECT_FLOAT_EQ(root->getRotation()[1], 1.0f);
     EXPECT_FLOAT_EQ(root->getRotation()[3], 0.5f);
     ASSERT_EQ(root->getChildCount(), 3);
@@ -61,11 +44,11 @@ DEF ROOT Transform {
     auto* arm = childAs<csTransform>(root, 0);
     ASSERT_NE(arm, nullptr);
     EXPECT_STREQ(arm->getName(), "ARM");
-    expectVector(arm->getScale(), 0.5f, 0.5f, 0.5f);
+    expectVec3(arm->getScale(), 0.5f, 0.5f, 0.5f);
     auto* other = childAs<csTransform>(root, 1);
     ASSERT_NE(other, nullptr);
     EXPECT_STREQ(other->getName(), "Unnamed Transform Node");
-    expectVector(other->getCenter(), 0, 1, 0);
+    expectVec3(other->getCenter(), 0, 1, 0);
     EXPECT_FLOAT_EQ(other->getScaleOrientation()[3], 0.25f);
     EXPECT_EQ(other->getChild(0), arm->getChild(0)) << "USE BALL is the same axis transform";
     auto* group = childAs<csGroup>(root, 2);
@@ -103,6 +86,33 @@ DEF FLAT Transform { scale 0 1 1 rotation 0 0 0 1 }
     for (int i = 0; i < 4; ++i)
         for (int j = 0; j < 4; ++j) m[i][j] = flat->getMatrix()[i][j];
     EXPECT_TRUE(inverse.invert(m));
+}
+
+TEST(optGroupingNode, ChildrenAreHandedTheTransformsAboveThem) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(R"(
+Transform { children [
+  Transform { children [
+    Shape { appearance Appearance { } geometry DEF G TestGeometry { kind 2 } }
+    Switch { whichChoice 0 choice Transform { children Shape { geometry DEF H TestGeometry { kind 2 } } } }
+  ] }
+] }
+)");
+    auto* outer = childAs<csTransform>(scene, 0);
+    auto* inner = childAs<csTransform>(outer, 0);
+    ASSERT_NE(inner, nullptr);
+    wrltest::SeenState seen = wrltest::stateSeenBy(world.builtinNamed("G"));
+    ASSERT_TRUE(seen.seen);
+    EXPECT_EQ(seen.group, nullptr) << "a shape's record has no group";
+    EXPECT_EQ(seen.transforms, (std::vector<csTransform*>{outer, inner})) << "outermost first";
+    auto* axis = childAs<csTransform>(inner, 0);
+    ASSERT_NE(axis, nullptr);
+    EXPECT_EQ(seen.appearance, static_cast<csShape*>(axis->getChild(0))->getAppearance());
+
+    auto* choice = childAs<csTransform>(childAs<csGroup>(inner, 1), 0);
+    ASSERT_NE(choice, nullptr);
+    seen = wrltest::stateSeenBy(world.builtinNamed("H"));
+    EXPECT_EQ(seen.transforms, (std::vector<csTransform*>{outer, inner, choice}));
 }
 
 TEST(optGroupingNode, FirstDirectionalLightIsScopedToItsSiblings) {
@@ -163,7 +173,7 @@ DEF C Shape { }
     ASSERT_NE(node, nullptr);
     SFTime time(1.0);
 
-    MFNode reordered = nodesNamed(world, {"B", "C", "A"});
+    MFNode reordered = world.nodesNamed({"B", "C", "A"});
     node->set_children(reordered, 1.0);
     EXPECT_EQ(group->getChildCount(), 2) << "nothing changes before the pass";
     node->action(time, kActionRefresh, nullptr);
@@ -173,7 +183,7 @@ DEF C Shape { }
     EXPECT_EQ(a->getRefCount(), 3) << "its shape, the child list and the group's own";
 
     // removeChildren takes as many from the front as it is given.
-    MFNode last = nodesNamed(world, {"A"});
+    MFNode last = world.nodesNamed({"A"});
     node->removeChildren(last, 1.0);
     node->action(time, kActionRefresh, nullptr);
     ASSERT_EQ(group->getChildCount(), 2);
@@ -210,8 +220,8 @@ Post { at 2 0 0 }
     auto* right = childAs<csTransform>(scene, 1);
     ASSERT_NE(left, nullptr);
     ASSERT_NE(right, nullptr);
-    expectVector(left->getTranslation(), -2, 0, 0);
-    expectVector(right->getTranslation(), 2, 0, 0);
+    expectVec3(left->getTranslation(), -2, 0, 0);
+    expectVec3(right->getTranslation(), 2, 0, 0);
     EXPECT_NE(left->getChild(0), right->getChild(0)) << "each instance has a body of its own";
 }
 

@@ -14,17 +14,12 @@
 #include "scene_world.h"
 
 using wrltest::childAs;
+using wrltest::expectVec3;
 using wrltest::SceneLoad;
 
 namespace {
 
 constexpr float kQuarterTurnBack = -1.5707964f;
-
-void expectColour(const csVec3f& c, float r, float g, float b) {
-    EXPECT_FLOAT_EQ(c[0], r);
-    EXPECT_FLOAT_EQ(c[1], g);
-    EXPECT_FLOAT_EQ(c[2], b);
-}
 
 void expectRotation(const csTransform* t, float x, float y, float z, float angle) {
     ASSERT_NE(t, nullptr);
@@ -69,8 +64,8 @@ TEST(optShape, ShapeWithoutFieldsIsAnEmptyRepWithTheGlowingDefaultAppearance) {
     ASSERT_NE(look, nullptr);
     EXPECT_TRUE(look->getLightEnable());
     ASSERT_NE(look->getMaterial(), nullptr);
-    expectColour(look->getMaterial()->getDiffuseColor(), 0, 0, 0);
-    expectColour(look->getMaterial()->getEmissiveColor(), 1, 1, 1);
+    expectVec3(look->getMaterial()->getDiffuseColor(), 0, 0, 0);
+    expectVec3(look->getMaterial()->getEmissiveColor(), 1, 1, 1);
 }
 
 TEST(optShape, OnlyATopLevelShapeGetsATopGroup) {
@@ -139,13 +134,13 @@ TEST(optShape, ColouredFacesWithoutMaterialAreUnlitGrey) {
         csAppearance* look = repOf(topShape(scene, i))->getAppearance();
         EXPECT_TRUE(look->getMaterialModeEnable()) << i;
         EXPECT_FALSE(look->getLightEnable()) << i;
-        expectColour(look->getMaterial()->getDiffuseColor(), 0.8f, 0.8f, 0.8f);
-        expectColour(look->getMaterial()->getEmissiveColor(), 0, 0, 0);
+        expectVec3(look->getMaterial()->getDiffuseColor(), 0.8f, 0.8f, 0.8f);
+        expectVec3(look->getMaterial()->getEmissiveColor(), 0, 0, 0);
     }
     csAppearance* lit = repOf(topShape(scene, 2))->getAppearance();
     EXPECT_TRUE(lit->getMaterialModeEnable());
     EXPECT_TRUE(lit->getLightEnable());
-    expectColour(lit->getMaterial()->getDiffuseColor(), 1, 0, 0);
+    expectVec3(lit->getMaterial()->getDiffuseColor(), 1, 0, 0);
     csAppearance* plain = repOf(topShape(scene, 3))->getAppearance();
     EXPECT_FALSE(plain->getMaterialModeEnable());
     EXPECT_TRUE(plain->getLightEnable());

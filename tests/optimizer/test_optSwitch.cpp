@@ -45,9 +45,7 @@ TEST(optSwitch, WhichChoiceTakesEffectAtOnceAndChoiceEmptiesTheSwitch) {
     node->set_whichChoice(second, 1.0);
     EXPECT_EQ(shown->getWhichChild(), 1);
 
-    std::vector<BaseNode> handles{*dynamic_cast<BaseNode*>(world.builtinNamed("OTHER"))};
-    MFNode choice;
-    choice.setValue(handles);
+    MFNode choice = world.nodesNamed({"OTHER"});
     node->set_choice(choice, 1.0);
     EXPECT_EQ(shown->getChildCount(), 0);
     SFTime time(1.0);
