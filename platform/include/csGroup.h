@@ -18,6 +18,10 @@ class csGroup : public csNode {
     // Removes the first occurrence and unrefs it; false when absent.
     bool removeChild(csNode* child);
     bool removeChild(int index);
+    // Cuts the child list to `count` children, unreffing those cut off from
+    // the end. The list never grows here: a count at or above the present
+    // one changes nothing, and a negative count empties the group.
+    void setChildCount(int count);
     // Replaces child `index`; the old child is held until the new one is in.
     bool replaceChild(int index, csNode* child);
     int findChild(const csNode* child) const;

@@ -13,6 +13,11 @@ bool csGroup::removeChild(csNode* child) { return removeChild(findChild(child));
 
 bool csGroup::removeChild(int index) { return _children.removeIndex(index); }
 
+void csGroup::setChildCount(int count) {
+    if (count < 0) count = 0;
+    while (getChildCount() > count) _children.removeIndex(getChildCount() - 1);
+}
+
 bool csGroup::replaceChild(int index, csNode* child) {
     if (child == nullptr || index < 0 || index >= getChildCount()) return false;
     _children.set(index, child);

@@ -29,20 +29,32 @@ void Appearance::processEvent(Event& event) {
         deliver(this, &Appearance::set_textureTransform, event);
 }
 
+int Appearance::action(SFTime& time, int mode, void* state) {
+    if (materialObject) materialObject->action(time, mode, state);
+    if (textureObject) textureObject->action(time, mode, state);
+    if (textureTransformObject) textureTransformObject->action(time, mode, state);
+    return 0;
+}
+
+// Each setter also marks the node built: the appearance object exists from
+// construction, and a change only asks for a part of it to be redone.
 void Appearance::set_material(SFNode& value, double) {
     assign(material, value);
     materialObject = childOf(material);
     materialDirty = 1;
+    built = 1;
 }
 
 void Appearance::set_texture(SFNode& value, double) {
     assign(texture, value);
     textureObject = childOf(texture);
     textureDirty = 1;
+    built = 1;
 }
 
 void Appearance::set_textureTransform(SFNode& value, double) {
     assign(textureTransform, value);
     textureTransformObject = childOf(textureTransform);
     textureTransformDirty = 1;
+    built = 1;
 }

@@ -13,6 +13,12 @@ public:
     void set_material(SFNode& value, double time);
     void set_texture(SFNode& value, double time);
     void set_textureTransform(SFNode& value, double time);
+    // Passes the call on to material, texture and texture transform, in
+    // that order, as it came. Answers 0.
+    int action(SFTime& time, int mode, void* state) override;
+
+    // The built-in behind the material field, or null.
+    Builtin* getMaterialObject() const { return materialObject; }
 
 protected:
     SFNode* material;  // borrowed: the node's own field

@@ -4,13 +4,13 @@
 
 #include "vrmlnodes/GroupingNode.h"
 
-class Collision : public GroupingNode {
+class Collision : public virtual GroupingNode {
 public:
     explicit Collision(znInternal* pair);
     ~Collision() override = default;
     void processEvent(Event& event) override;
 
-    void set_collide(SFBool& value, double time);
+    virtual void set_collide(SFBool& value, double time);
 
 protected:
     SFBool* collide;  // borrowed: the node's own field

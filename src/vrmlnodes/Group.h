@@ -4,13 +4,11 @@
 
 #include "vrmlnodes/GroupingNode.h"
 
-class Group : public GroupingNode {
+class Group : public virtual GroupingNode {
 public:
     explicit Group(znInternal* pair);
     ~Group() override = default;
     void processEvent(Event& event) override;
-
-protected:
 };
 
 #endif

@@ -2,11 +2,11 @@
 
 Material::Material(znInternal* pair)
     : BaseNode(pair),
-      ambientIntensity(exposedField<SFFloat>("ambientIntensity")),
       diffuseColor(exposedField<SFColor>("diffuseColor")),
+      ambientIntensity(exposedField<SFFloat>("ambientIntensity")),
+      specularColor(exposedField<SFColor>("specularColor")),
       emissiveColor(exposedField<SFColor>("emissiveColor")),
       shininess(exposedField<SFFloat>("shininess")),
-      specularColor(exposedField<SFColor>("specularColor")),
       transparency(exposedField<SFFloat>("transparency")) {}
 
 void Material::processEvent(Event& event) {
@@ -27,30 +27,30 @@ void Material::processEvent(Event& event) {
 
 void Material::set_diffuseColor(SFColor& value, double) {
     assign(diffuseColor, value);
-    materialDirty = 1;
+    diffuseDirty = 1;
 }
 
 void Material::set_ambientIntensity(SFFloat& value, double) {
     assign(ambientIntensity, value);
-    materialDirty = 1;
-}
-
-void Material::set_emissiveColor(SFColor& value, double) {
-    assign(emissiveColor, value);
-    materialDirty = 1;
-}
-
-void Material::set_transparency(SFFloat& value, double) {
-    assign(transparency, value);
-    materialDirty = 1;
+    ambientDirty = 1;
 }
 
 void Material::set_specularColor(SFColor& value, double) {
     assign(specularColor, value);
-    materialDirty = 1;
+    specularDirty = 1;
+}
+
+void Material::set_emissiveColor(SFColor& value, double) {
+    assign(emissiveColor, value);
+    emissiveDirty = 1;
 }
 
 void Material::set_shininess(SFFloat& value, double) {
     assign(shininess, value);
-    materialDirty = 1;
+    shininessDirty = 1;
+}
+
+void Material::set_transparency(SFFloat& value, double) {
+    assign(transparency, value);
+    transparencyDirty = 1;
 }

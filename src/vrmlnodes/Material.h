@@ -10,21 +10,27 @@ public:
     ~Material() override = default;
     void processEvent(Event& event) override;
 
+    // Each setter stores the value and raises its own flag only.
     void set_diffuseColor(SFColor& value, double time);
     void set_ambientIntensity(SFFloat& value, double time);
-    void set_emissiveColor(SFColor& value, double time);
-    void set_transparency(SFFloat& value, double time);
     void set_specularColor(SFColor& value, double time);
+    void set_emissiveColor(SFColor& value, double time);
     void set_shininess(SFFloat& value, double time);
+    void set_transparency(SFFloat& value, double time);
 
 protected:
+    SFColor* diffuseColor;      // borrowed: the node's own field
     SFFloat* ambientIntensity;  // borrowed: the node's own field
-    SFColor* diffuseColor;  // borrowed: the node's own field
-    SFColor* emissiveColor;  // borrowed: the node's own field
-    SFFloat* shininess;  // borrowed: the node's own field
-    SFColor* specularColor;  // borrowed: the node's own field
-    SFFloat* transparency;  // borrowed: the node's own field
-    unsigned char materialDirty = 1;
+    SFColor* specularColor;     // borrowed: the node's own field
+    SFColor* emissiveColor;     // borrowed: the node's own field
+    SFFloat* shininess;         // borrowed: the node's own field
+    SFFloat* transparency;      // borrowed: the node's own field
+    unsigned char ambientDirty = 1;
+    unsigned char diffuseDirty = 1;
+    unsigned char specularDirty = 1;
+    unsigned char emissiveDirty = 1;
+    unsigned char shininessDirty = 1;
+    unsigned char transparencyDirty = 1;
 };
 
 #endif

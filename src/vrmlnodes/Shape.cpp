@@ -16,6 +16,12 @@ void Shape::processEvent(Event& event) {
         deliver(this, &Shape::set_geometry, event);
 }
 
+int Shape::action(SFTime& time, int, void* state) {
+    if (appearanceObject) appearanceObject->action(time, kActionRefresh, state);
+    if (geometryObject) geometryObject->action(time, kActionRefresh, state);
+    return 0;
+}
+
 void Shape::set_appearance(SFNode& value, double) {
     assign(appearance, value);
     appearanceObject = childOf(appearance);

@@ -12,6 +12,9 @@ public:
 
     void set_appearance(SFNode& value, double time);
     void set_geometry(SFNode& value, double time);
+    // The refresh pass: appearance, then geometry, each with mode 1 and
+    // `state`. Answers 0.
+    int action(SFTime& time, int mode, void* state) override;
 
 protected:
     SFNode* appearance;  // borrowed: the node's own field

@@ -12,8 +12,8 @@ public:
     ~Switch() override = default;
     void processEvent(Event& event) override;
 
-    void set_choice(MFNode& value, double time);
-    void set_whichChoice(SFInt32& value, double time);
+    virtual void set_choice(MFNode& value, double time);
+    virtual void set_whichChoice(SFInt32& value, double time);
 
     const std::vector<Builtin*>& getChoiceObjects() const { return choiceObjects; }
 

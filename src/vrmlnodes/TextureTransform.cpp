@@ -2,10 +2,10 @@
 
 TextureTransform::TextureTransform(znInternal* pair)
     : BaseNode(pair),
-      center(exposedField<SFVec2f>("center")),
+      translation(exposedField<SFVec2f>("translation")),
       rotation(exposedField<SFFloat>("rotation")),
       scale(exposedField<SFVec2f>("scale")),
-      translation(exposedField<SFVec2f>("translation")) {}
+      center(exposedField<SFVec2f>("center")) {}
 
 void TextureTransform::processEvent(Event& event) {
     const char* name = event.getName();
@@ -19,22 +19,24 @@ void TextureTransform::processEvent(Event& event) {
     }
 }
 
-void TextureTransform::set_center(SFVec2f& value, double) {
-    assign(center, value);
-    transformDirty = 1;
-}
-
 void TextureTransform::set_translation(SFVec2f& value, double) {
     assign(translation, value);
-    transformDirty = 1;
+    setMatrix();
 }
 
 void TextureTransform::set_rotation(SFFloat& value, double) {
     assign(rotation, value);
-    transformDirty = 1;
+    setMatrix();
 }
 
 void TextureTransform::set_scale(SFVec2f& value, double) {
     assign(scale, value);
-    transformDirty = 1;
+    setMatrix();
 }
+
+void TextureTransform::set_center(SFVec2f& value, double) {
+    assign(center, value);
+    setMatrix();
+}
+
+void TextureTransform::setMatrix() { transformDirty = 1; }

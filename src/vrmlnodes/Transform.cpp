@@ -1,12 +1,44 @@
 #include "vrmlnodes/Transform.h"
 
+#include <cmath>
+
+#include "math/math_quaternion.h"
+
+namespace {
+
+// Components below this are taken as zero when an axis is checked.
+constexpr float kAxisEpsilon = 0.0001f;
+constexpr float kSmallestScale = 0.0001f;
+
+// The axis and angle of a rotation field; the VRML default without one.
+void readRotation(SFRotation* field, float axis[3], float& angle) {
+    axis[0] = field ? field->getAxisX() : 0.0f;
+    axis[1] = field ? field->getAxisY() : 0.0f;
+    axis[2] = field ? field->getAxisZ() : 1.0f;
+    angle = field ? field->getRotation() : 0.0f;
+    if (std::fabs(axis[0]) < kAxisEpsilon && std::fabs(axis[1]) < kAxisEpsilon && std::fabs(axis[2]) < kAxisEpsilon)
+        axis[2] = 1.0f;
+    else
+        ml_vecUnitize(axis);
+}
+
+void readVector(SFVec3f* field, float out[3], float fallback) {
+    out[0] = field ? field->getX() : fallback;
+    out[1] = field ? field->getY() : fallback;
+    out[2] = field ? field->getZ() : fallback;
+}
+
+}  // namespace
+
 Transform::Transform(znInternal* pair)
     : BaseNode(pair),
-      center(exposedField<SFVec3f>("center")),
+      translation(exposedField<SFVec3f>("translation")),
       rotation(exposedField<SFRotation>("rotation")),
       scale(exposedField<SFVec3f>("scale")),
       scaleOrientation(exposedField<SFRotation>("scaleOrientation")),
-      translation(exposedField<SFVec3f>("translation")) {}
+      center(exposedField<SFVec3f>("center")) {
+    ml_IDToMat(matrix);
+}
 
 void Transform::processEvent(Event& event) {
     const char* name = event.getName();
@@ -48,4 +80,32 @@ void Transform::set_scaleOrientation(SFRotation& value, double) {
 void Transform::set_center(SFVec3f& value, double) {
     assign(center, value);
     transformDirty = 1;
+}
+
+void Transform::recalc_Matrix() {
+    float s[3], axis[3], angle, orientationAxis[3], orientationAngle;
+    readVector(scale, s, 1.0f);
+    readRotation(rotation, axis, angle);
+    readRotation(scaleOrientation, orientationAxis, orientationAngle);
+    for (float& component : s)
+        if (component == 0.0f) component = kSmallestScale;
+
+    float t[3], c[3], minusC[3], minusAxis[3];
+    readVector(translation, t, 0.0f);
+    readVector(center, c, 0.0f);
+    for (int i = 0; i < 3; ++i) {
+        minusC[i] = -c[i];
+        minusAxis[i] = -orientationAxis[i];
+    }
+    // Each step is multiplied in from the front, so the last one acts
+    // first on a point: -C, -SR, S, SR, R, C, T.
+    ml_IDToMat(matrix);
+    ml_matTranslate(matrix, t);
+    ml_matTranslate(matrix, c);
+    ml_matRotate(matrix, axis, angle);
+    ml_matRotate(matrix, orientationAxis, orientationAngle);
+    ml_matScale(matrix, s);
+    ml_matRotate(matrix, minusAxis, orientationAngle);
+    ml_matTranslate(matrix, minusC);
+    transformDirty = 0;
 }

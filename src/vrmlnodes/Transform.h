@@ -4,25 +4,34 @@
 
 #include "vrmlnodes/GroupingNode.h"
 
-class Transform : public GroupingNode {
+class Transform : public virtual GroupingNode {
 public:
     explicit Transform(znInternal* pair);
     ~Transform() override = default;
     void processEvent(Event& event) override;
 
+    // Each setter stores the value and raises the dirty byte.
     void set_translation(SFVec3f& value, double time);
     void set_rotation(SFRotation& value, double time);
     void set_scale(SFVec3f& value, double time);
     void set_scaleOrientation(SFRotation& value, double time);
     void set_center(SFVec3f& value, double time);
 
+    // Computes `matrix` from the fields by the VRML transform rule, for row
+    // vectors, and lowers the dirty byte. A zero rotation axis counts as the
+    // z axis and a zero scale component as 0.0001, so that the matrix stays
+    // invertible.
+    void recalc_Matrix();
+    const float (&getMatrix() const)[4][4] { return matrix; }
+
 protected:
-    SFVec3f* center;  // borrowed: the node's own field
-    SFRotation* rotation;  // borrowed: the node's own field
-    SFVec3f* scale;  // borrowed: the node's own field
+    SFVec3f* translation;          // borrowed: the node's own field
+    SFRotation* rotation;          // borrowed: the node's own field
+    SFVec3f* scale;                // borrowed: the node's own field
     SFRotation* scaleOrientation;  // borrowed: the node's own field
-    SFVec3f* translation;  // borrowed: the node's own field
+    SFVec3f* center;               // borrowed: the node's own field
     unsigned char transformDirty = 0;
+    float matrix[4][4];
 };
 
 #endif

@@ -26,6 +26,12 @@ enum : int {
 // What a parent hands down through `action`. The node that made a record
 // owns it for as long as the node lives.
 struct ActionState {
+    ActionState() = default;
+    // A record below `parent` (none: the root) starts from its transforms.
+    explicit ActionState(const ActionState* parent) {
+        if (parent) transforms = parent->transforms;
+    }
+
     csGroup* group = nullptr;              // borrowed: the making grouping node's group
     std::list<csTransform*> transforms;    // borrowed, outermost first
     csAppearance* appearance = nullptr;    // borrowed: set only in a shape's record
@@ -41,6 +47,9 @@ public:
     void processEvent(Event&) override {}
 
     int isBuilt() const { return built; }
+    // The name of the node's back-end object: the DEF name of the node, or
+    // `unnamed` for a node without one.
+    const char* sceneName(const char* unnamed);
     gfx* getGraphics() { return graphics; }
 
     // Character `i` of an event name; '\0' at the end of the name and

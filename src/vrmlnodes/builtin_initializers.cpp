@@ -24,6 +24,14 @@
 #include "vrmlnodes/TextureCoordinate.h"
 #include "vrmlnodes/TextureTransform.h"
 #include "vrmlnodes/Transform.h"
+#include "optimizer/optAppearance.h"
+#include "optimizer/optCollision.h"
+#include "optimizer/optGroup.h"
+#include "optimizer/optMaterial.h"
+#include "optimizer/optShape.h"
+#include "optimizer/optSwitch.h"
+#include "optimizer/optTextureTransform.h"
+#include "optimizer/optTransform.h"
 
 namespace {
 
@@ -40,12 +48,30 @@ public:
     }
 };
 
+// The class that a type's Initialize makes: its back-end class where one
+// exists, else the stand-in.
+template <class T>
+struct BackEnd {
+    using type = VRMLLevel<T>;
+};
+template <> struct BackEnd<Appearance> { using type = optAppearance; };
+template <> struct BackEnd<Collision> { using type = optCollision; };
+template <> struct BackEnd<Group> { using type = optGroup; };
+template <> struct BackEnd<Material> { using type = optMaterial; };
+template <> struct BackEnd<Shape> { using type = optShape; };
+template <> struct BackEnd<Switch> { using type = optSwitch; };
+template <> struct BackEnd<TextureTransform> { using type = optTextureTransform; };
+template <> struct BackEnd<Transform> { using type = optTransform; };
+
+template <class T>
+using BackEndOf = typename BackEnd<T>::type;
+
 }  // namespace
 
 extern "C" {
 #define WRL_DEFINE_INITIALIZER(Type)                                     \
     Script* Type##Initialize(znInternal* pair) {                        \
-        return static_cast<Script*>(new (std::nothrow) VRMLLevel<Type>(pair)); \
+        return static_cast<Script*>(new (std::nothrow) BackEndOf<Type>(pair)); \
     }
 WRL_BUILTIN_TYPES(WRL_DEFINE_INITIALIZER)
 #undef WRL_DEFINE_INITIALIZER

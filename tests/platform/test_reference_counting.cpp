@@ -76,6 +76,26 @@ TEST(csGroup, ReplaceChildKeepsANewChildThatOnlyTheOldOneHeld) {
     EXPECT_EQ(destroyed, 2);
 }
 
+TEST(csGroup, SetChildCountCutsFromTheEndAndNeverGrows) {
+    destroyed = 0;
+    csGroup* parent = new csGroup();
+    parent->ref();
+    csGroup* first = new CountedGroup();
+    parent->addChild(first);
+    parent->addChild(new CountedGroup());
+    parent->addChild(new CountedGroup());
+    parent->setChildCount(5);
+    EXPECT_EQ(parent->getChildCount(), 3);
+    parent->setChildCount(1);
+    EXPECT_EQ(parent->getChildCount(), 1);
+    EXPECT_EQ(parent->getChild(0), first);
+    EXPECT_EQ(destroyed, 2);
+    parent->setChildCount(-1);
+    EXPECT_EQ(parent->getChildCount(), 0);
+    EXPECT_EQ(destroyed, 3);
+    parent->unref();
+}
+
 TEST(csGroup, NullChildIsRefused) {
     csGroup* parent = new csGroup();
     parent->ref();

@@ -1,0 +1,93 @@
+#include "optimizer/optAppearance.h"
+
+#include <cstdlib>
+
+#include "csAppearance.h"
+#include "csMaterial.h"
+#include "csTexture.h"
+#include "optimizer/optActionGuard.h"
+#include "optimizer/optHandleTable.h"
+
+namespace {
+
+constexpr const char* kTranspModeVariable = "ZN_TRANSP_MODE";
+constexpr int kDefaultTranspSetting = 2;
+
+// A three-component texture shows over a light grey rather than over
+// whatever the material said.
+constexpr float kUnderTextureGrey = 0.8f;
+
+}  // namespace
+
+optAppearance::optAppearance(znInternal* pair) : BaseNode(pair), Appearance(pair) {
+    appearance.reset(new csAppearance());
+    appearance->setName(sceneName("Unnamed Appearance Node"));
+    built = 1;
+}
+
+optAppearance::~optAppearance() = default;
+
+csContext::TranspModeEnum optAppearance::transpModeFor(const char* setting) {
+    switch (setting ? std::atoi(setting) : kDefaultTranspSetting) {
+        case 0: return csContext::BLEND_TRANSP;
+        case 1: return csContext::NICE_TRANSP;
+        case 2: return csContext::FAST_TRANSP;
+        default: return csContext::SCREEN_DOOR_TRANSP;
+    }
+}
+
+int optAppearance::action(SFTime& time, int mode, void* state) {
+    optActionGuard guard(this);
+    if (!guard.entered()) return 0;
+    if (materialDirty) buildMaterial(time, state);
+    if (textureDirty) buildTexture(time, state);
+    if (textureTransformDirty) buildTextureTransform(time, state);
+    if (mode == kActionRefresh) Appearance::action(time, kActionRefresh, state);
+    return optHandleTable::handleOf(appearance.get());
+}
+
+void optAppearance::buildMaterial(SFTime& time, void* state) {
+    material.reset(nullptr);
+    csMaterial* fetched = nullptr;
+    if (materialObject)
+        fetched = optHandleTable::objectOf<csMaterial>(materialObject->action(time, kActionFetch, state));
+    if (!fetched) {
+        // Without a Material the shape glows white, as VRML asks.
+        fetched = new csMaterial();
+        fetched->setDiffuseColor(0.0f, 0.0f, 0.0f);
+        fetched->setEmissiveColor(1.0f, 1.0f, 1.0f);
+    } else if (fetched->getTransparency() != 0.0f) {
+        appearance->setTranspEnable(1);
+        appearance->setTranspMode(transpModeFor(std::getenv(kTranspModeVariable)));
+    }
+    appearance->setLightEnable(1);
+    material.reset(fetched);
+    appearance->setMaterial(fetched);
+    materialDirty = 0;
+}
+
+void optAppearance::buildTexture(SFTime& time, void* state) {
+    texture.reset(nullptr);
+    csTexture* fetched = nullptr;
+    if (textureObject)
+        fetched = optHandleTable::objectOf<csTexture>(textureObject->action(time, kActionFetch, state));
+    if (fetched) {
+        texture.reset(fetched);
+        appearance->setTexture(fetched);
+        appearance->setTexEnable(1);
+        appearance->setTexEnv(csContext::MODULATE_TENV);
+        appearance->setTexMode(csContext::NICE_TEX);
+        if (fetched->getFormat() == csTexture::RGB && material)
+            material->setDiffuseColor(kUnderTextureGrey, kUnderTextureGrey, kUnderTextureGrey);
+        if (fetched->getFormat() == csTexture::RGBA) appearance->setTexEnv(csContext::DECAL_TENV);
+    }
+    textureDirty = 0;
+}
+
+void optAppearance::buildTextureTransform(SFTime& time, void* state) {
+    texTransform = textureTransformObject
+                       ? optHandleTable::matrixOf(textureTransformObject->action(time, kActionFetch, state))
+                       : nullptr;
+    if (texTransform) appearance->setTexTransform(*texTransform);
+    textureTransformDirty = 0;
+}

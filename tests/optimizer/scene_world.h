@@ -1,0 +1,84 @@
+// Worlds for the back-end tests: whole loads through wrlLoad under a Node
+// Support file that adds test types, and the scene graph walked by name.
+//
+// The test types, bound to classes of this program:
+//   DirectionalLight  answers a csDirectionalLight.
+//   TestGeometry      field `kind` picks what it answers (see GeometryKind);
+//                     face and line sets span x and z over [-5, 5] and y
+//                     over [bottom, top].
+//   TestTexture       answers a csTexture of `components` components.
+#ifndef WRL_SCENE_WORLD_H
+#define WRL_SCENE_WORLD_H
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "csEnvironment.h"
+#include "csGroup.h"
+#include "fields/zn_values.h"
+#include "test_support.h"
+
+class Builtin;
+class csAppearance;
+class csTransform;
+
+namespace wrltest {
+
+enum GeometryKind {
+    kNoGeometry = 0,
+    kColouredFaces = 1,
+    kPlainFaces = 2,
+    kSphere = 3,
+    kCuboid = 4,
+    kLines = 5,
+    kNotGeometry = 6,  // a csMaterial
+    kCone = 7,
+};
+
+// The shipped Node Support file with the test types added.
+std::string testNodeSupport();
+
+class SceneLoad {
+public:
+    SceneLoad();
+    // Loads the VRML text (header added) and answers the scene, or null.
+    csEnvironment* load(const std::string& body);
+    // The built-in class behind the node DEF'd as `name` in the last load.
+    Builtin* builtinNamed(const char* name);
+    // A list of the nodes DEF'd under `names` in the last load.
+    MFNode nodesNamed(std::initializer_list<const char*> names);
+    // What the last load wrote on the error stream.
+    const std::string& lastErrors() const { return errors; }
+
+private:
+    TempDir dir;
+    ScopedEnv builtins;
+    int count = 0;
+    std::string errors;
+};
+
+// What a TestGeometry node was handed as state by its last action.
+struct SeenState {
+    bool seen = false;
+    csGroup* group = nullptr;
+    std::vector<csTransform*> transforms;
+    csAppearance* appearance = nullptr;
+};
+SeenState stateSeenBy(Builtin* testGeometry);
+
+// Three components of a colour or vector, each as a float.
+void expectVec3(const csVec3f& v, float x, float y, float z);
+
+// Child `index` of `group` as a T, or null when it is none or of another
+// class.
+template <class T>
+T* childAs(csNode* group, int index) {
+    if (!group || !group->isOfType(csGroup::getClassType())) return nullptr;
+    csNode* child = static_cast<csGroup*>(group)->getChild(index);
+    return child && child->isOfType(T::getClassType()) ? static_cast<T*>(child) : nullptr;
+}
+
+}  // namespace wrltest
+
+#endif

@@ -1,0 +1,195 @@
+// Appearance, Material and TextureTransform: colours, transparency modes,
+// texture formats, texture matrices and refreshes after a change.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "csAppearance.h"
+#include "csMaterial.h"
+#include "csTexture.h"
+#include "csTransform.h"
+#include "fields/zn_values.h"
+#include "opRep.h"
+#include "optimizer/optAppearance.h"
+#include "optimizer/optHandleTable.h"
+#include "optimizer/optMaterial.h"
+#include "optimizer/optShape.h"
+#include "optimizer/optTextureTransform.h"
+#include "scene_world.h"
+
+using wrltest::childAs;
+using wrltest::expectVec3;
+using wrltest::SceneLoad;
+
+namespace {
+
+// The appearance of the top-level shape `index`.
+csAppearance* appearanceOf(csEnvironment* scene, int index) {
+    auto* axis = childAs<csTransform>(childAs<csGroup>(scene, index), 0);
+    auto* rep = childAs<opRep>(axis, 0);
+    return rep ? rep->getAppearance() : nullptr;
+}
+
+std::string shapeWith(const std::string& appearance) { return "Shape { appearance " + appearance + " }\n"; }
+
+}  // namespace
+
+TEST(optMaterial, AmbientColourIsIntensityTimesDiffuse) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(shapeWith(
+        "Appearance { material Material { ambientIntensity 0.2 diffuseColor 1 0.5 0 specularColor 0 1 0 "
+        "emissiveColor 0 0 1 shininess 0.5 transparency 0 } }"));
+    csAppearance* look = appearanceOf(scene, 0);
+    ASSERT_NE(look, nullptr);
+    csMaterial* material = look->getMaterial();
+    ASSERT_NE(material, nullptr);
+    expectVec3(material->getAmbientColor(), 0.2f, 0.1f, 0.0f);
+    expectVec3(material->getDiffuseColor(), 1.0f, 0.5f, 0.0f);
+    expectVec3(material->getSpecularColor(), 0, 1, 0);
+    expectVec3(material->getEmissiveColor(), 0, 0, 1);
+    EXPECT_FLOAT_EQ(material->getShininess(), 0.5f) << "no scale is applied";
+    EXPECT_TRUE(look->getLightEnable());
+    EXPECT_FALSE(look->getTranspEnable()) << "no transparency leaves the enable alone";
+}
+
+TEST(optMaterial, ChangesReachTheSceneThroughTheRefreshPass) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "DEF S Shape { appearance Appearance { material DEF M Material { ambientIntensity 0.5 } } }\n"
+        "DEF ROOT Group { children USE S }\n");
+    csMaterial* material = appearanceOf(scene, 0)->getMaterial();
+    auto* node = dynamic_cast<optMaterial*>(world.builtinNamed("M"));
+    auto* shape = dynamic_cast<optShape*>(world.builtinNamed("S"));
+    ASSERT_NE(node, nullptr);
+    ASSERT_NE(shape, nullptr);
+    EXPECT_EQ(node->getMaterial(), material);
+    SFTime time(1.0);
+
+    SFColor red(1, 0, 0);
+    node->set_diffuseColor(red, 1.0);
+    expectVec3(material->getDiffuseColor(), 0.8f, 0.8f, 0.8f);  // not before the pass
+    shape->action(time, kActionRefresh, nullptr);
+    expectVec3(material->getDiffuseColor(), 1, 0, 0);
+    // A new diffuse colour renews the ambient one.
+    expectVec3(material->getAmbientColor(), 0.5f, 0, 0);
+
+    // The top-level pass of a frame reaches the material through the group.
+    material->setDiffuseColor(0, 1, 0);  // a mark that only a diffuse refresh would wipe out
+    SFFloat full(1.0f);
+    node->set_ambientIntensity(full, 1.0);
+    world.builtinNamed("ROOT")->action(time, kActionTopLevel, nullptr);
+    expectVec3(material->getAmbientColor(), 1, 0, 0);
+    // A new intensity leaves the diffuse colour alone.
+    expectVec3(material->getDiffuseColor(), 0, 1, 0);
+}
+
+TEST(optAppearance, WithoutAMaterialTheShapeGlowsWhite) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(shapeWith("Appearance { }") + shapeWith("Appearance { material Box { } }"));
+    for (int i = 0; i < 2; ++i) {
+        csAppearance* look = appearanceOf(scene, i);
+        ASSERT_NE(look, nullptr);
+        EXPECT_STREQ(look->getName(), "Unnamed Appearance Node");
+        EXPECT_TRUE(look->getLightEnable());
+        expectVec3(look->getMaterial()->getDiffuseColor(), 0, 0, 0);
+        expectVec3(look->getMaterial()->getEmissiveColor(), 1, 1, 1);
+    }
+}
+
+TEST(optAppearance, TransparencyModeFollowsTheEnvironment) {
+    EXPECT_EQ(optAppearance::transpModeFor(nullptr), csContext::FAST_TRANSP);
+    EXPECT_EQ(optAppearance::transpModeFor("0"), csContext::BLEND_TRANSP);
+    EXPECT_EQ(optAppearance::transpModeFor("1"), csContext::NICE_TRANSP);
+    EXPECT_EQ(optAppearance::transpModeFor("2"), csContext::FAST_TRANSP);
+    EXPECT_EQ(optAppearance::transpModeFor("7"), csContext::SCREEN_DOOR_TRANSP);
+    EXPECT_EQ(optAppearance::transpModeFor("-1"), csContext::SCREEN_DOOR_TRANSP);
+    EXPECT_EQ(optAppearance::transpModeFor("abc"), csContext::BLEND_TRANSP) << "text reads as 0";
+
+    SceneLoad world;
+    const std::string glass = shapeWith("Appearance { material Material { transparency 0.5 } }");
+    csAppearance* standard = appearanceOf(world.load(glass), 0);
+    ASSERT_NE(standard, nullptr);
+    EXPECT_TRUE(standard->getTranspEnable());
+    EXPECT_EQ(standard->getTranspMode(), csContext::FAST_TRANSP);
+    EXPECT_FLOAT_EQ(standard->getMaterial()->getTransparency(), 0.5f);
+
+    wrltest::ScopedEnv blend("ZN_TRANSP_MODE", "0");
+    csAppearance* blended = appearanceOf(world.load(glass), 0);
+    EXPECT_EQ(blended->getTranspMode(), csContext::BLEND_TRANSP);
+}
+
+TEST(optAppearance, TextureFormatsChooseTheCombination) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        shapeWith("Appearance { material Material { diffuseColor 1 0 0 } texture TestTexture { components 3 } }") +
+        shapeWith("Appearance { material Material { diffuseColor 1 0 0 } texture TestTexture { components 4 } }") +
+        shapeWith("Appearance { texture ImageTexture { url \"absent.png\" } }"));
+    csAppearance* rgb = appearanceOf(scene, 0);
+    ASSERT_NE(rgb, nullptr);
+    ASSERT_NE(rgb->getTexture(), nullptr);
+    EXPECT_TRUE(rgb->getTexEnable());
+    EXPECT_EQ(rgb->getTexEnv(), csContext::MODULATE_TENV);
+    EXPECT_EQ(rgb->getTexMode(), csContext::NICE_TEX);
+    expectVec3(rgb->getMaterial()->getDiffuseColor(), 0.8f, 0.8f, 0.8f);
+
+    csAppearance* rgba = appearanceOf(scene, 1);
+    ASSERT_NE(rgba, nullptr);
+    EXPECT_EQ(rgba->getTexEnv(), csContext::DECAL_TENV);
+    expectVec3(rgba->getMaterial()->getDiffuseColor(), 1, 0, 0);
+
+    csAppearance* none = appearanceOf(scene, 2);
+    ASSERT_NE(none, nullptr);
+    EXPECT_EQ(none->getTexture(), nullptr) << "image textures fetch nothing yet";
+    EXPECT_FALSE(none->getTexEnable());
+}
+
+TEST(optTextureTransform, MatrixTranslatesThenTurnsAndScalesAboutTheCentre) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "DEF S Shape { appearance Appearance { textureTransform DEF TT TextureTransform {\n"
+        "  translation 0.5 0  rotation 1.5707964  scale 2 2  center 1 0 } } }\n");
+    csAppearance* look = appearanceOf(scene, 0);
+    ASSERT_NE(look, nullptr);
+    // (0, 0) moves by the translation, by minus the centre, turns a
+    // quarter, is scaled twice and moved back by the centre.
+    csVec3f p = look->getTexTransform().xformPt(csVec3f(0, 0, 0));
+    EXPECT_NEAR(p[0], 1.0f, 1e-5f);
+    EXPECT_NEAR(p[1], -1.0f, 1e-5f);
+
+    auto* node = dynamic_cast<optTextureTransform*>(world.builtinNamed("TT"));
+    auto* shape = dynamic_cast<optShape*>(world.builtinNamed("S"));
+    ASSERT_NE(node, nullptr);
+    ASSERT_NE(shape, nullptr);
+    SFVec2f none(0, 0);
+    SFFloat still(0);
+    SFVec2f unit(1, 1);
+    node->set_translation(none, 1.0);
+    node->set_rotation(still, 1.0);
+    node->set_scale(unit, 1.0);
+    SFTime time(1.0);
+    shape->action(time, kActionRefresh, nullptr);
+    EXPECT_TRUE(look->getTexTransform().almostEqual(csMatrix4f(), 1e-6f)) << "the refresh hands the new matrix on";
+}
+
+TEST(optHandleTable, HandlesStandForOneKindOfObjectEach) {
+    EXPECT_EQ(optHandleTable::handleOf(static_cast<csObject*>(nullptr)), 0);
+    EXPECT_EQ(optHandleTable::objectOf(0), nullptr);
+    EXPECT_EQ(optHandleTable::objectOf(-3), nullptr);
+    EXPECT_EQ(optHandleTable::objectOf(1 << 30), nullptr);
+
+    csMaterial* material = new csMaterial();
+    material->ref();
+    csMatrix4f matrix;
+    int first = optHandleTable::handleOf(material);
+    EXPECT_NE(first, 0);
+    EXPECT_EQ(optHandleTable::handleOf(material), first) << "one object, one handle";
+    EXPECT_EQ(optHandleTable::objectOf(first), material);
+    EXPECT_EQ(optHandleTable::objectOf<csMaterial>(first), material);
+    EXPECT_EQ(optHandleTable::objectOf<csAppearance>(first), nullptr);
+    EXPECT_EQ(optHandleTable::matrixOf(first), nullptr) << "an object is never taken for a matrix";
+    int second = optHandleTable::handleOf(&matrix);
+    EXPECT_NE(second, first);
+    EXPECT_EQ(optHandleTable::matrixOf(second), &matrix);
+    EXPECT_EQ(optHandleTable::objectOf(second), nullptr);
+    material->unref();
+}

@@ -1,0 +1,194 @@
+// Shapes through whole loads: default appearance, primitives upright and
+// tessellated, coloured face sets, top-level groups, replaced geometry.
+#include <gtest/gtest.h>
+
+#include <climits>
+
+#include "csAppearance.h"
+#include "csIndexedFaceSet.h"
+#include "csMaterial.h"
+#include "csTransform.h"
+#include "opRep.h"
+#include "opSphere.h"
+#include "optimizer/optShape.h"
+#include "scene_world.h"
+
+using wrltest::childAs;
+using wrltest::expectVec3;
+using wrltest::SceneLoad;
+
+namespace {
+
+constexpr float kQuarterTurnBack = -1.5707964f;
+
+void expectRotation(const csTransform* t, float x, float y, float z, float angle) {
+    ASSERT_NE(t, nullptr);
+    const csVec4f& r = t->getRotation();
+    EXPECT_FLOAT_EQ(r[0], x);
+    EXPECT_FLOAT_EQ(r[1], y);
+    EXPECT_FLOAT_EQ(r[2], z);
+    EXPECT_FLOAT_EQ(r[3], angle);
+}
+
+// The axis transform of the shape at top level `index`.
+csTransform* topShape(csEnvironment* scene, int index = 0) {
+    auto* top = childAs<csGroup>(scene, index);
+    return top ? childAs<csTransform>(top, 0) : nullptr;
+}
+
+opRep* repOf(csTransform* axis) { return childAs<opRep>(axis, 0); }
+
+std::string geometryShape(int kind, const char* extra = "") {
+    return std::string("Shape { geometry TestGeometry { kind ") + std::to_string(kind) + " " + extra + " } }\n";
+}
+
+}  // namespace
+
+TEST(optShape, ShapeWithoutFieldsIsAnEmptyRepWithTheGlowingDefaultAppearance) {
+    SceneLoad world;
+    csEnvironment* scene = world.load("Shape { }\n");
+    ASSERT_NE(scene, nullptr);
+    ASSERT_EQ(scene->getChildCount(), 1) << "one top group, though the load frame passes the top level twice";
+    auto* top = childAs<csGroup>(scene, 0);
+    ASSERT_NE(top, nullptr);
+    EXPECT_STREQ(top->getName(), "VRML Toplevel Node");
+    csTransform* axis = topShape(scene);
+    ASSERT_NE(axis, nullptr);
+    EXPECT_STREQ(axis->getName(), "Platform to VRML axis conversion");
+    EXPECT_TRUE(axis->getMatrix().almostEqual(csMatrix4f(), 0.0f));
+    opRep* rep = repOf(axis);
+    ASSERT_NE(rep, nullptr);
+    EXPECT_STREQ(rep->getName(), "Unnamed Shape Node");
+    EXPECT_EQ(rep->getGeometryCount(), 0);
+    csAppearance* look = rep->getAppearance();
+    ASSERT_NE(look, nullptr);
+    EXPECT_TRUE(look->getLightEnable());
+    ASSERT_NE(look->getMaterial(), nullptr);
+    expectVec3(look->getMaterial()->getDiffuseColor(), 0, 0, 0);
+    expectVec3(look->getMaterial()->getEmissiveColor(), 1, 1, 1);
+}
+
+TEST(optShape, OnlyATopLevelShapeGetsATopGroup) {
+    SceneLoad world;
+    csEnvironment* scene = world.load("Shape { }\nGroup { children Shape { } }\n");
+    ASSERT_EQ(scene->getChildCount(), 2);
+    EXPECT_STREQ(childAs<csGroup>(scene, 0)->getName(), "VRML Toplevel Node");
+    auto* group = childAs<csGroup>(scene, 1);
+    ASSERT_NE(group, nullptr);
+    EXPECT_STREQ(group->getName(), "Unnamed Group Node");
+    auto* axis = childAs<csTransform>(group, 0);
+    ASSERT_NE(axis, nullptr) << "the shape in the group hangs straight under it";
+    EXPECT_STREQ(axis->getName(), "Platform to VRML axis conversion");
+}
+
+TEST(optShape, PrimitivesAreTurnedUprightAndTessellated) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(geometryShape(wrltest::kSphere) + geometryShape(wrltest::kCone) +
+                                      geometryShape(wrltest::kCuboid) + geometryShape(wrltest::kPlainFaces));
+    ASSERT_EQ(scene->getChildCount(), 4) << world.lastErrors();
+    expectRotation(topShape(scene, 0), 1, 0, 0, kQuarterTurnBack);
+    expectRotation(topShape(scene, 1), 1, 0, 0, kQuarterTurnBack);
+    expectRotation(topShape(scene, 2), 0, 0, 1, kQuarterTurnBack);
+    expectRotation(topShape(scene, 3), 0, 0, 1, 0);
+    for (int i = 0; i < 3; ++i) {
+        opRep* rep = repOf(topShape(scene, i));
+        ASSERT_NE(rep, nullptr) << world.lastErrors();
+        EXPECT_TRUE(rep->isTessellated()) << i;
+        EXPECT_EQ(rep->getGeometryCount(), 1) << i;
+    }
+    // A primitive is its own shape and keeps its own name; a face set gets
+    // a new shape named for the Shape node.
+    EXPECT_EQ(repOf(topShape(scene, 0))->getName(), nullptr);
+    EXPECT_STREQ(repOf(topShape(scene, 3))->getName(), "Unnamed Shape Node");
+}
+
+TEST(optShape, SamplingFollowsTessQuality) {
+    EXPECT_EQ(optShape::samplingFor(nullptr), 15);
+    EXPECT_EQ(optShape::samplingFor("10"), 30);
+    EXPECT_EQ(optShape::samplingFor("0"), 0);
+    EXPECT_EQ(optShape::samplingFor("1"), 3);
+    EXPECT_EQ(optShape::samplingFor("fine"), 0);
+    EXPECT_EQ(optShape::samplingFor("nan"), 0);
+    EXPECT_EQ(optShape::samplingFor("1e30"), INT_MAX);
+    EXPECT_EQ(optShape::samplingFor("-1e30"), INT_MIN);
+
+    SceneLoad world;
+    wrltest::ScopedEnv quality("TESS_QUALITY", "10");
+    csEnvironment* scene = world.load(geometryShape(wrltest::kSphere));
+    opRep* rep = repOf(topShape(scene));
+    ASSERT_NE(rep, nullptr);
+    ASSERT_EQ(rep->getGeometryCount(), 1);
+    auto* faces = static_cast<csIndexedFaceSet*>(rep->getGeometry(0));
+    EXPECT_EQ(faces->getPrimCount(), 2 * 30 * 29) << "a sphere of sampling n has 2n(n-1) triangles";
+}
+
+TEST(optShape, ColouredFacesWithoutMaterialAreUnlitGrey) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(geometryShape(wrltest::kColouredFaces) +
+                                      "Shape { appearance Appearance { } geometry TestGeometry { kind 1 } }\n"
+                                      "Shape { appearance Appearance { material Material { diffuseColor 1 0 0 } }\n"
+                                      "        geometry TestGeometry { kind 1 } }\n" +
+                                      geometryShape(wrltest::kPlainFaces));
+    ASSERT_EQ(scene->getChildCount(), 4);
+    for (int i = 0; i < 2; ++i) {
+        csAppearance* look = repOf(topShape(scene, i))->getAppearance();
+        EXPECT_TRUE(look->getMaterialModeEnable()) << i;
+        EXPECT_FALSE(look->getLightEnable()) << i;
+        expectVec3(look->getMaterial()->getDiffuseColor(), 0.8f, 0.8f, 0.8f);
+        expectVec3(look->getMaterial()->getEmissiveColor(), 0, 0, 0);
+    }
+    csAppearance* lit = repOf(topShape(scene, 2))->getAppearance();
+    EXPECT_TRUE(lit->getMaterialModeEnable());
+    EXPECT_TRUE(lit->getLightEnable());
+    expectVec3(lit->getMaterial()->getDiffuseColor(), 1, 0, 0);
+    csAppearance* plain = repOf(topShape(scene, 3))->getAppearance();
+    EXPECT_FALSE(plain->getMaterialModeEnable());
+    EXPECT_TRUE(plain->getLightEnable());
+}
+
+TEST(optShape, UnusableGeometryLeavesTheAxisTransformEmpty) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(geometryShape(wrltest::kNotGeometry) + "Shape { geometry Box { } }\n");
+    ASSERT_EQ(scene->getChildCount(), 2);
+    EXPECT_EQ(topShape(scene, 0)->getChildCount(), 0);
+    // A geometry node without a back-end yet answers null: an empty shape.
+    opRep* rep = repOf(topShape(scene, 1));
+    ASSERT_NE(rep, nullptr);
+    EXPECT_EQ(rep->getGeometryCount(), 0);
+}
+
+TEST(optShape, BackEndObjectsAreNamedAfterDefNames) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "DEF BALL Shape { appearance DEF LOOK Appearance { material DEF PAINT Material { } } }\n");
+    opRep* rep = repOf(topShape(scene));
+    ASSERT_NE(rep, nullptr);
+    EXPECT_STREQ(rep->getName(), "BALL");
+    EXPECT_STREQ(rep->getAppearance()->getName(), "LOOK");
+    EXPECT_STREQ(rep->getAppearance()->getMaterial()->getName(), "PAINT");
+}
+
+TEST(optShape, ReplacedGeometryEmptiesTheOldShapeAndIsNotAttached) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "DEF S Shape { geometry TestGeometry { kind 2 } }\n"
+        "DEF OTHER TestGeometry { kind 2 }\n");
+    csTransform* axis = topShape(scene);
+    opRep* first = repOf(axis);
+    ASSERT_NE(first, nullptr);
+    ASSERT_EQ(first->getGeometryCount(), 1);
+
+    auto* shape = dynamic_cast<optShape*>(world.builtinNamed("S"));
+    ASSERT_NE(shape, nullptr);
+    SFNode other(*dynamic_cast<BaseNode*>(world.builtinNamed("OTHER")));
+    shape->set_geometry(other, 1.0);
+    SFTime time(1.0);
+    shape->action(time, kActionRefresh, nullptr);
+    EXPECT_EQ(first->getGeometryCount(), 0);
+    EXPECT_EQ(first->getAppearance(), nullptr);
+    ASSERT_EQ(axis->getChildCount(), 1);
+    EXPECT_EQ(axis->getChild(0), first) << "a later set_geometry has no visible effect";
+    ASSERT_NE(shape->getShape(), nullptr);
+    EXPECT_NE(shape->getShape(), first);
+    EXPECT_EQ(shape->getShape()->getGeometryCount(), 1);
+}
