@@ -3,11 +3,13 @@
 #ifndef ZN_FIELD_H
 #define ZN_FIELD_H
 
+#include <cstddef>
 #include <cstdint>
 #include <iosfwd>
 #include <vector>
 
 #include "browser/zn_browser.h"
+#include "fields/zn_field_pool.h"
 
 class Field;
 class znNode;
@@ -45,6 +47,10 @@ class znField {
 public:
     explicit znField(Browser* browser = nullptr);
     znField(const znField& other);
+
+    // Every runtime field lives in the field pool.
+    static void* operator new(std::size_t size) { return znFieldPool::allocate(size); }
+    static void operator delete(void* block, std::size_t size) { znFieldPool::release(block, size); }
 
     // Makes the runtime field of `type` (20 to 39, or 0 to 19); answers null
     // for any other number.

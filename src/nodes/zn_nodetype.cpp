@@ -55,19 +55,20 @@ int znNodeType::addData(const char* fieldName, FieldType type, DataType kind, Fi
     fields.push_back(f);
     int index = static_cast<int>(fields.size()) - 1;
     // A second entry of one name keeps the first index.
-    dataIDs.emplace(fieldName ? fieldName : "", index);
+    auto entry = dataIDs.emplace(fieldName ? fieldName : "", index);
+    if (entry.second) dataIndex.emplace(entry.first->first, index);
     return index;
 }
 
 int znNodeType::getDataID(const char* fieldName) {
     if (!fieldName) return -1;
     const std::string_view name(fieldName);
-    auto found = dataIDs.find(name);
-    if (found != dataIDs.end()) return found->second;
+    auto found = dataIndex.find(name);
+    if (found != dataIndex.end()) return found->second;
     size_t at = name.find(kChangedSuffix);
     if (at == std::string_view::npos) return -1;
-    found = dataIDs.find(name.substr(0, at));
-    return found != dataIDs.end() ? found->second : -1;
+    found = dataIndex.find(name.substr(0, at));
+    return found != dataIndex.end() ? found->second : -1;
 }
 
 const char* znNodeType::getDataName(int index) {

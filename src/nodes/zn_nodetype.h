@@ -6,6 +6,8 @@
 #include <iosfwd>
 #include <map>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "fields/zn_field.h"
@@ -83,8 +85,10 @@ public:
     static constexpr int kIndentLevels = 20;
 
 private:
-    // Looked up by plain texts without making a string of them.
     std::map<std::string, int, std::less<>> dataIDs;
+    // The same entries hashed, over the map's own keys: every field of every
+    // node of a world is found by name, often more than once.
+    std::unordered_map<std::string_view, int> dataIndex;
     std::vector<znField*> fields;  // owning, in declaration order
     int id;
     int systemProto;
