@@ -190,6 +190,7 @@ m6
 externproto
     : EXTERNPROTO IDENTIFIER '[' externInterfaceDeclarations ']' m5 fieldValue m6 declarations EXTPROTOCREATED {
         P->endExternProto();
+        P->endStandIn();
         std::free($2);
         std::free($7);
     }

@@ -141,6 +141,14 @@ void znParser::beginExternProto(const char* name, const char* urlList) {
     lexer->push_buffer();
 }
 
+void znParser::endStandIn() {
+    if (externProtoDepth <= 0) return;
+    extProtoInfo& info = externInfo[externProtoDepth];
+    if (info.wanted != 1) return;
+    info.wanted = 0;
+    info.created = 1;
+}
+
 void znParser::endExternProto() {
     if (externProtoDepth <= 0) return;
     lexer->pop_buffer();

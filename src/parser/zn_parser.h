@@ -138,6 +138,9 @@ public:
     void endProto();
     void beginExternProto(const char* name, const char* urlList);
     void endExternProto();
+    // After an EXTERNPROTO that stood in for the PROTO sought by the file
+    // holding it: that PROTO now exists, so the file's reading ends too.
+    void endStandIn();
     void inScript();
     void setRoute(const char* fromNode, const char* fromField, const char* toNode,
                   const char* toField);
