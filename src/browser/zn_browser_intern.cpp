@@ -257,7 +257,8 @@ znNode* znBrowserIntern::getNode(int id) {
 
 int znBrowserIntern::getNodeID(const char* name) {
     if (!name || !*name) return 0;
-    auto found = nodeIDs.find(name + 1);
+    lookupKey.assign(name + 1);
+    auto found = nodeIDs.find(lookupKey);
     if (found != nodeIDs.end()) return found->second;
     int n = 0;
     size_t stemEnd = 0;

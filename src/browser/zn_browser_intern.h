@@ -7,6 +7,7 @@
 #include <map>
 #include <stack>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "browser/zn_browser.h"
@@ -145,7 +146,10 @@ private:
     char* description;   // owning, strdup
     int worldLoaded;
     std::map<std::string, int> typeIDs;
-    std::map<std::string, int> nodeIDs;
+    // Nothing walks the names in order, and a world has one per node.
+    std::unordered_map<std::string, int> nodeIDs;
+    // Holds the key of a look-up, so that finding a name allocates nothing.
+    std::string lookupKey;
     std::map<int, znNodeType*> types;  // owning
     std::map<int, znNode*> nodes;      // owning
     std::list<znNode*> newNodes;       // borrowed from `nodes`

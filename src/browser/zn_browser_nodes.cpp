@@ -59,8 +59,12 @@ int znBrowserIntern::addNode(_zndbNode* first) {
     int failed = 0;
     // Prototype instances, and the nodes that stand at the top of a level:
     // after the pass each instance is paired with its body's first node.
-    std::vector<znNode*> protoNodes;
-    std::vector<znNode*> depth0Nodes;
+    // Kept from call to call: a world hands over a chain per node, and the
+    // lists are short. addNode never runs inside itself.
+    static std::vector<znNode*> protoNodes;
+    static std::vector<znNode*> depth0Nodes;
+    protoNodes.clear();
+    depth0Nodes.clear();
 
     std::string nameSpill;
     std::string parentSpill;
