@@ -24,6 +24,10 @@
 #include "vrmlnodes/TextureCoordinate.h"
 #include "vrmlnodes/TextureTransform.h"
 #include "vrmlnodes/Transform.h"
+#include "optimizer/optColor.h"
+#include "optimizer/optCoordinate.h"
+#include "optimizer/optNormal.h"
+#include "optimizer/optTextureCoordinate.h"
 
 namespace {
 
@@ -40,12 +44,23 @@ public:
     }
 };
 
+// The class that a type's initialiser makes: its back-end class where there
+// is one, otherwise the stand-in above.
+template <class T>
+struct BackEnd {
+    using type = VRMLLevel<T>;
+};
+template <> struct BackEnd<Color> { using type = optColor; };
+template <> struct BackEnd<Coordinate> { using type = optCoordinate; };
+template <> struct BackEnd<Normal> { using type = optNormal; };
+template <> struct BackEnd<TextureCoordinate> { using type = optTextureCoordinate; };
+
 }  // namespace
 
 extern "C" {
 #define WRL_DEFINE_INITIALIZER(Type)                                     \
     Script* Type##Initialize(znInternal* pair) {                        \
-        return static_cast<Script*>(new (std::nothrow) VRMLLevel<Type>(pair)); \
+        return static_cast<Script*>(new (std::nothrow) BackEnd<Type>::type(pair)); \
     }
 WRL_BUILTIN_TYPES(WRL_DEFINE_INITIALIZER)
 #undef WRL_DEFINE_INITIALIZER
