@@ -7,6 +7,9 @@
 
 namespace {
 constexpr const char* kGraphicsClass = "gfx";
+// A stored node name is kind, five digits and '+' before the VRML name; the
+// kinds 'd' and 'u' mark a DEF name and its uses.
+constexpr size_t kVrmlNameOffset = 7;
 }
 
 VRMLNode::VRMLNode() {
@@ -17,3 +20,10 @@ VRMLNode::VRMLNode() {
 }
 
 void VRMLNode::shutdown() { delete this; }
+
+const char* VRMLNode::getDefName() {
+    const char* stored = getName(nullptr);
+    if (!stored || std::strlen(stored) <= kVrmlNameOffset) return nullptr;
+    if (stored[0] != 'd' && stored[0] != 'u') return nullptr;
+    return stored + kVrmlNameOffset;
+}

@@ -41,6 +41,9 @@ public:
     void processEvent(Event&) override {}
 
     int isBuilt() const { return built; }
+    // The name the file gave the node with DEF, or null for a node without
+    // one: the part of the stored name after its kind and number.
+    const char* getDefName();
     gfx* getGraphics() { return graphics; }
 
     // Character `i` of an event name; '\0' at the end of the name and

@@ -26,6 +26,7 @@
 #include "vrmlnodes/Transform.h"
 #include "optimizer/optColor.h"
 #include "optimizer/optCoordinate.h"
+#include "optimizer/optIndexedFaceSet.h"
 #include "optimizer/optNormal.h"
 #include "optimizer/optTextureCoordinate.h"
 
@@ -52,6 +53,7 @@ struct BackEnd {
 };
 template <> struct BackEnd<Color> { using type = optColor; };
 template <> struct BackEnd<Coordinate> { using type = optCoordinate; };
+template <> struct BackEnd<IndexedFaceSet> { using type = optIndexedFaceSet; };
 template <> struct BackEnd<Normal> { using type = optNormal; };
 template <> struct BackEnd<TextureCoordinate> { using type = optTextureCoordinate; };
 
