@@ -333,19 +333,20 @@ void optIndexedFaceSet::generateNormals() {
         ++inFace;
     }
 
-    // The corners of each point, in processing order.
+    // The corners of each point, in processing order. Walked from the last
+    // corner down, each point's end moves back to its start.
     for (int v = 0; v < points; ++v) start[static_cast<size_t>(v) + 1] += start[static_cast<size_t>(v)];
     std::vector<int> cornersAt(static_cast<size_t>(start[static_cast<size_t>(points)]));
-    std::vector<int> fill(start.begin(), start.end() - 1);
-    corner = 0;
-    for (int i = 0; i < walked; ++i) {
+    for (int i = walked - 1; i >= 0; --i) {
         int e = entry(i);
         if (e < kTerminator || e >= points) e = mended(e, points);
         if (e == kTerminator) continue;
-        if (e < points) cornersAt[static_cast<size_t>(fill[static_cast<size_t>(e)]++)] = corner;
-        ++corner;
+        --corner;
+        if (e < points) cornersAt[static_cast<size_t>(--start[static_cast<size_t>(e) + 1])] = corner;
     }
-    std::vector<int>().swap(fill);
+    // Point v's corners now run from start[v + 1] to start[v + 2]; shift back.
+    start.erase(start.begin());
+    start.push_back(static_cast<int>(cornersAt.size()));
 
     // Smoothing reads the face normals only, never a normal smoothed before.
     const CreaseTest crease(creaseAngle ? creaseAngle->getValue() : 0.0f);
@@ -479,7 +480,34 @@ void optIndexedFaceSet::recalcFromIndexField(MFInt32* field, bool perVertex, Bou
     recalcBoundIndex(&list, which);
 }
 
+std::vector<int> optIndexedFaceSet::listOrCorners(MFInt32* field) const {
+    std::vector<int> list = listOf(field);
+    if (list.empty()) list = listOf(coordIndex);
+    return list;
+}
+
 // ---- Building and refreshing ---------------------------------------------------------
+
+// A data set whose flag or node field is dirty is taken again from its node,
+// with its index list unless that list is about to be refreshed on its own;
+// without a node it is generated.
+template <class Set>
+void optIndexedFaceSet::refreshSet(unsigned char& setDirty, Field* values, Builtin* child, unsigned char indexDirty,
+                                   MFInt32* indexField, void (optIndexedFaceSet::*recalc)(Set*),
+                                   void (optIndexedFaceSet::*recalcIndex)(std::vector<int>*), SFTime& time) {
+    if (!setDirty && !dirty(values)) return;
+    if (!child) {
+        (this->*recalc)(nullptr);
+    } else {
+        (this->*recalc)(fetch<Set>(child, time));
+        if (!indexDirty) {
+            std::vector<int> list = listOrCorners(indexField);
+            (this->*recalcIndex)(&list);
+        }
+    }
+    setDirty = 0;
+    clean(values);
+}
 
 int optIndexedFaceSet::action(SFTime& time, int mode, void* state) {
     znMemoryGuard guard;
@@ -517,6 +545,8 @@ void optIndexedFaceSet::build(SFTime& time, const ActionState* state) {
         recalcTexCoordIndex(texList.empty() ? &corners : &texList);
 
         csNormalSet3f* normalSet = fetch<csNormalSet3f>(normalObject, time);
+        // Generated normals read the field itself: the copy can go first.
+        if (!normalSet) std::vector<int>().swap(corners);
         recalcNormal(normalSet);
         if (normalSet) {
             std::vector<int> list = listOf(normalIndex);
@@ -576,24 +606,10 @@ void optIndexedFaceSet::refresh(SFTime& time) {
     }
 
     TextureCoordinate* texCoordinate = texCoordNode();
-    MFVec2f* texPoints = texCoordinate ? texCoordinate->getPoint() : nullptr;
-    if (texCoordDirty || dirty(texPoints)) {
-        if (!texCoordObject) {
-            recalcTexCoord(nullptr);
-        } else {
-            recalcTexCoord(fetch<csTexCoordSet2f>(texCoordObject, time));
-            if (!texCoordIndexDirty) {
-                std::vector<int> list = listOf(texCoordIndex);
-                if (list.empty()) list = listOf(coordIndex);
-                recalcTexCoordIndex(&list);
-            }
-        }
-        texCoordDirty = 0;
-        clean(texPoints);
-    }
+    refreshSet(texCoordDirty, texCoordinate ? texCoordinate->getPoint() : nullptr, texCoordObject, texCoordIndexDirty,
+               texCoordIndex, &optIndexedFaceSet::recalcTexCoord, &optIndexedFaceSet::recalcTexCoordIndex, time);
     if (texCoordIndexDirty) {
-        std::vector<int> list = listOf(texCoordIndex);
-        if (list.empty()) list = listOf(coordIndex);
+        std::vector<int> list = listOrCorners(texCoordIndex);
         recalcTexCoordIndex(&list);
         texCoordIndexDirty = 0;
     }
@@ -605,21 +621,8 @@ void optIndexedFaceSet::refresh(SFTime& time) {
     }
 
     Normal* normalValues = normalNode();
-    MFVec3f* vectors = normalValues ? normalValues->getVector() : nullptr;
-    if (normalDirty || dirty(vectors)) {
-        if (!normalObject) {
-            recalcNormal(nullptr);
-        } else {
-            recalcNormal(fetch<csNormalSet3f>(normalObject, time));
-            if (!normalIndexDirty) {
-                std::vector<int> list = listOf(normalIndex);
-                if (list.empty()) list = listOf(coordIndex);
-                recalcNormalIndex(&list);
-            }
-        }
-        normalDirty = 0;
-        clean(vectors);
-    }
+    refreshSet(normalDirty, normalValues ? normalValues->getVector() : nullptr, normalObject, normalIndexDirty, normalIndex,
+               &optIndexedFaceSet::recalcNormal, &optIndexedFaceSet::recalcNormalIndex, time);
     if (normalIndexDirty) {
         recalcFromIndexField(normalIndex, flagOf(normalPerVertex, true), Bound::normal);
         normalIndexDirty = 0;
@@ -647,8 +650,7 @@ void optIndexedFaceSet::refreshColor(SFTime& time) {
         else
             recalcColor(fetch<csColorSet4f>(colorObject, time));
         if (!colorIndexDirty) {
-            std::vector<int> list = listOf(colorIndex);
-            if (list.empty()) list = listOf(coordIndex);
+            std::vector<int> list = listOrCorners(colorIndex);
             recalcColorIndex(&list);
         }
     }

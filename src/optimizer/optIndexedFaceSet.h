@@ -48,6 +48,12 @@ private:
     void refreshColor(SFTime& time);
     void recalcBoundIndex(std::vector<int>* list, Bound which);
     void recalcFromIndexField(MFInt32* field, bool perVertex, Bound which);
+    // The field's list, or the coordinate list when the field is empty.
+    std::vector<int> listOrCorners(MFInt32* field) const;
+    template <class Set>
+    void refreshSet(unsigned char& setDirty, Field* values, Builtin* child, unsigned char indexDirty, MFInt32* indexField,
+                    void (optIndexedFaceSet::*recalc)(Set*), void (optIndexedFaceSet::*recalcIndex)(std::vector<int>*),
+                    SFTime& time);
     void generateNormals();
     void generateTexCoords();
     void replaceColorsWithGrey();
