@@ -488,22 +488,17 @@ std::vector<int> optIndexedFaceSet::listOrCorners(MFInt32* field) const {
 
 // ---- Building and refreshing ---------------------------------------------------------
 
-// A data set whose flag or node field is dirty is taken again from its node,
-// with its index list unless that list is about to be refreshed on its own;
-// without a node it is generated.
-template <class Set>
-void optIndexedFaceSet::refreshSet(unsigned char& setDirty, Field* values, Builtin* child, unsigned char indexDirty,
-                                   MFInt32* indexField, void (optIndexedFaceSet::*recalc)(Set*),
-                                   void (optIndexedFaceSet::*recalcIndex)(std::vector<int>*), SFTime& time) {
+// A data set whose flag or node field is dirty is taken again from its node
+// and then bound by `indexStep`; without a node it is generated.
+template <class Set, class IndexStep>
+void optIndexedFaceSet::refreshSet(unsigned char& setDirty, Field* values, Builtin* child,
+                                   void (optIndexedFaceSet::*recalc)(Set*), IndexStep indexStep, SFTime& time) {
     if (!setDirty && !dirty(values)) return;
     if (!child) {
         (this->*recalc)(nullptr);
     } else {
         (this->*recalc)(fetch<Set>(child, time));
-        if (!indexDirty) {
-            std::vector<int> list = listOrCorners(indexField);
-            (this->*recalcIndex)(&list);
-        }
+        indexStep();
     }
     setDirty = 0;
     clean(values);
@@ -605,9 +600,14 @@ void optIndexedFaceSet::refresh(SFTime& time) {
         if (!normalIndexDirty) recalcNormalIndex(nullptr);
     }
 
+    // An index list about to be refreshed on its own is left to that step.
     TextureCoordinate* texCoordinate = texCoordNode();
-    refreshSet(texCoordDirty, texCoordinate ? texCoordinate->getPoint() : nullptr, texCoordObject, texCoordIndexDirty,
-               texCoordIndex, &optIndexedFaceSet::recalcTexCoord, &optIndexedFaceSet::recalcTexCoordIndex, time);
+    refreshSet(texCoordDirty, texCoordinate ? texCoordinate->getPoint() : nullptr, texCoordObject,
+               &optIndexedFaceSet::recalcTexCoord, [this] {
+                   if (texCoordIndexDirty) return;
+                   std::vector<int> list = listOrCorners(texCoordIndex);
+                   recalcTexCoordIndex(&list);
+               }, time);
     if (texCoordIndexDirty) {
         std::vector<int> list = listOrCorners(texCoordIndex);
         recalcTexCoordIndex(&list);
@@ -621,16 +621,19 @@ void optIndexedFaceSet::refresh(SFTime& time) {
     }
 
     Normal* normalValues = normalNode();
-    refreshSet(normalDirty, normalValues ? normalValues->getVector() : nullptr, normalObject, normalIndexDirty, normalIndex,
-               &optIndexedFaceSet::recalcNormal, &optIndexedFaceSet::recalcNormalIndex, time);
+    refreshSet(normalDirty, normalValues ? normalValues->getVector() : nullptr, normalObject,
+               &optIndexedFaceSet::recalcNormal, [this] {
+                   if (!normalIndexDirty) recalcFromIndexField(normalIndex, flagOf(normalPerVertex, true), Bound::normal);
+               }, time);
     if (normalIndexDirty) {
         recalcFromIndexField(normalIndex, flagOf(normalPerVertex, true), Bound::normal);
         normalIndexDirty = 0;
     }
 }
 
-// Too few colours for the binding switch colour off and leave the set as it
-// was; a three-component texture replaces them with grey.
+// Too few colours for the binding switch colour off, leaving the set and its
+// index as they were until enough come; a three-component texture replaces
+// them with grey. New colours bind as a new colour index would.
 void optIndexedFaceSet::refreshColor(SFTime& time) {
     Color* color = colorNode();
     MFColor* values = color ? color->getColor() : nullptr;
@@ -645,13 +648,11 @@ void optIndexedFaceSet::refreshColor(SFTime& time) {
         Coordinate* coordinate = coordNode();
         const int coordCount = coordinate && coordinate->getPoint() ? coordinate->getPoint()->getSize() : 0;
         const bool perVertex = flagOf(colorPerVertex, true);
-        if ((perVertex && colorCount < coordCount) || (!perVertex && colorCount < geometry->getPrimCount()))
+        if ((perVertex && colorCount < coordCount) || (!perVertex && colorCount < geometry->getPrimCount())) {
             geometry->setColorBind(csGeoSet::OFF);
-        else
+        } else {
             recalcColor(fetch<csColorSet4f>(colorObject, time));
-        if (!colorIndexDirty) {
-            std::vector<int> list = listOrCorners(colorIndex);
-            recalcColorIndex(&list);
+            if (!colorIndexDirty) recalcFromIndexField(colorIndex, perVertex, Bound::color);
         }
     }
     colorDirty = 0;

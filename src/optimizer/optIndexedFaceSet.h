@@ -50,10 +50,9 @@ private:
     void recalcFromIndexField(MFInt32* field, bool perVertex, Bound which);
     // The field's list, or the coordinate list when the field is empty.
     std::vector<int> listOrCorners(MFInt32* field) const;
-    template <class Set>
-    void refreshSet(unsigned char& setDirty, Field* values, Builtin* child, unsigned char indexDirty, MFInt32* indexField,
-                    void (optIndexedFaceSet::*recalc)(Set*), void (optIndexedFaceSet::*recalcIndex)(std::vector<int>*),
-                    SFTime& time);
+    template <class Set, class IndexStep>
+    void refreshSet(unsigned char& setDirty, Field* values, Builtin* child, void (optIndexedFaceSet::*recalc)(Set*),
+                    IndexStep indexStep, SFTime& time);
     void generateNormals();
     void generateTexCoords();
     void replaceColorsWithGrey();

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "browser/zn_browser_event.h"
 #include "csAppearance.h"
 #include "csTexture.h"
 #include "face_set_world.h"
@@ -344,4 +345,30 @@ TEST(optIndexedFaceSet, NothingIsBuiltBeforeTheFirstFetch) {
     EXPECT_EQ(faces->getCoordSet(), nullptr);
     EXPECT_EQ(world.messages, "");
     EXPECT_EQ(world.object<optIndexedFaceSet>("F")->isBuilt(), 0);
+}
+
+TEST(optIndexedFaceSet, CoordinatesFromAPrototypeAreFetchedAndWatched) {
+    FaceSetWorld world("PROTO Points [ ] { DEF C Coordinate { point [ 0 0 0, 1 0 0, 0 1 0 ] } }\n" +
+                       std::string("DEF F IndexedFaceSet { coord Points { } coordIndex [ 0 1 2 ] }\n"));
+    csIndexedFaceSet* faces = world.faces();
+    ASSERT_NE(faces->getCoordSet(), nullptr);
+    EXPECT_EQ(faces->getCoordSet()->point().get(1), csVec3f(1, 0, 0));
+    expectVec(normalAt(faces, 0), 0, 0, 1);
+    // The body's field was seen at the build: a refresh leaves the normals be.
+    csNormalSet3f* normals = faces->getNormalSet();
+    EXPECT_EQ(world.refresh()->getNormalSet(), normals);
+}
+
+TEST(optIndexedFaceSet, TooFewNewColoursSwitchColourOffAndKeepTheOldOnes) {
+    FaceSetWorld world(faceSet(kTriangleAndSquare, "color DEF K Color { color [ 1 0 0, 0 1 0, 0 0 1 ] } "
+                                                   "colorPerVertex FALSE coordIndex [ 0 1 2 -1 3 4 5 6 ]"));
+    csIndexedFaceSet* faces = world.faces();
+    csColorSet4f* before = faces->getColorSet();
+    std::vector<float> one{1, 1, 1};
+    MFColor color(static_cast<int>(one.size()), one.data());
+    znEvent event("set_color", 0.0, color);
+    world.node("K")->processEvent(event);
+    world.refresh();
+    EXPECT_EQ(faces->getColorBind(), csGeoSet::OFF);
+    EXPECT_EQ(faces->getColorSet(), before);
 }
