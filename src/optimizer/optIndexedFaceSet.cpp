@@ -150,12 +150,11 @@ int mended(int e, int points) {
 
 }  // namespace
 
-optIndexedFaceSet::optIndexedFaceSet(znInternal* pair) : BaseNode(pair), IndexedFaceSet(pair) {
-    geometry.reset(new csIndexedFaceSet());
-    geometry->setName(objectName());
-}
+optIndexedFaceSet::optIndexedFaceSet(znInternal* pair) : BaseNode(pair), IndexedFaceSet(pair) { makeGeometry(); }
 
-optIndexedFaceSet::optIndexedFaceSet(int) : IndexedFaceSet(0) {
+optIndexedFaceSet::optIndexedFaceSet(int) : IndexedFaceSet(0) { makeGeometry(); }
+
+void optIndexedFaceSet::makeGeometry() {
     geometry.reset(new csIndexedFaceSet());
     geometry->setName(objectName());
 }

@@ -43,6 +43,7 @@ private:
     // The two index lists that bind per face or per vertex.
     enum class Bound { color, normal };
 
+    void makeGeometry();
     void build(SFTime& time, const ActionState* state);
     void refresh(SFTime& time);
     void refreshColor(SFTime& time);

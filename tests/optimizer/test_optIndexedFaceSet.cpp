@@ -372,3 +372,40 @@ TEST(optIndexedFaceSet, TooFewNewColoursSwitchColourOffAndKeepTheOldOnes) {
     EXPECT_EQ(faces->getColorBind(), csGeoSet::OFF);
     EXPECT_EQ(faces->getColorSet(), before);
 }
+
+TEST(optIndexedFaceSet, AFaceSetNoFileDeclaresStartsAtTheDefaults) {
+    optIndexedFaceSet own(0);
+    csIndexedFaceSet* faces = own.getGeometry();
+    EXPECT_STREQ(faces->getName(), "Unnamed IndexedFaceSet Node");
+    auto* points = new csCoordSet3f(3);
+    points->point().set(1, csVec3f(1, 0, 0));
+    points->point().set(2, csVec3f(0, 1, 0));
+    own.recalcCoord(points);
+    std::vector<int> list{0, 1, 2};
+    MFInt32 field(list);
+    own.set_coordIndex(field, 0.0);
+    own.recalcCoordIndex(&list);
+    EXPECT_THAT(list, ElementsAre(0, 1, 2, -1));  // counter-clockwise: closed, not reversed
+    own.recalcNormal(nullptr);  // from the field just set
+    expectVec(normalAt(faces, 2), 0, 0, 1);
+    EXPECT_TRUE(faces->getSolid());
+}
+
+TEST(optIndexedFaceSet, HostileIndexListsBuildWithoutHarm) {
+    const char* const lists[] = {
+        "coordIndex [ -1 -1 -1 ]",
+        "ccw FALSE coordIndex [ -1 -1 ]",
+        "ccw FALSE coordIndex [ 0 1 2 -1 -1 ] normal Normal { vector [ 0 0 1 ] }",
+        "coordIndex [ 2147483647 -2147483648 0 1 ] creaseAngle 3.2",
+        "colorPerVertex FALSE color Color { color [ 1 0 0 ] } colorIndex [ 5 -7 ] coordIndex [ 0 1 2 ]",
+        "normalPerVertex FALSE normal Normal { vector [ 0 0 1 ] } normalIndex [ 9 ] coordIndex [ 0 1 2 -1 0 2 3 ]",
+        "texCoord TextureCoordinate { } texCoordIndex [ -1 4 ] coordIndex [ 0 0 0 0 ]",
+    };
+    for (const char* fields : lists) {
+        SCOPED_TRACE(fields);
+        FaceSetWorld world(faceSet(kTriangleAndSquare, fields));
+        csIndexedFaceSet* faces = world.faces();
+        ASSERT_NE(faces, nullptr);
+        EXPECT_EQ(faces->getPrimCount(), faces->faceLength().getCount());
+    }
+}
