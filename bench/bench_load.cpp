@@ -5,10 +5,6 @@
 // bytes_per_second (file size over load time), peak_MB (the child's maximum
 // resident size) and peak_per_file (that over the file size).
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <cstdio>
@@ -17,6 +13,7 @@
 #include <map>
 #include <string>
 
+#include "child_process.h"
 #include "scene_generators.h"
 #include "wrlLoader.h"
 
@@ -29,34 +26,17 @@ struct LoadFigures {
 };
 
 LoadFigures loadInChild(const std::string& path) {
-    int fds[2];
-    if (pipe(fds) != 0) return {};
-    pid_t pid = fork();
-    if (pid == 0) {
-        close(fds[0]);
-        int devnull = open("/dev/null", O_WRONLY);
-        if (devnull >= 0) dup2(devnull, STDOUT_FILENO);  // the loader's banner
+    return wrlbench::inChild<LoadFigures>([&] {
         std::string name = path;
         auto start = std::chrono::steady_clock::now();
         csNode* scene = wrlLoad(name.data());
         auto stop = std::chrono::steady_clock::now();
-        rusage usage{};
-        getrusage(RUSAGE_SELF, &usage);
         LoadFigures f;
         f.seconds = std::chrono::duration<double>(stop - start).count();
-        f.peakBytes = static_cast<double>(usage.ru_maxrss) * 1024.0;
+        f.peakBytes = wrlbench::peakResidentBytes();
         f.loaded = scene != nullptr;
-        ssize_t ignored = write(fds[1], &f, sizeof f);
-        (void)ignored;
-        _exit(0);
-    }
-    close(fds[1]);
-    LoadFigures f;
-    if (read(fds[0], &f, sizeof f) != static_cast<ssize_t>(sizeof f)) f = {};
-    close(fds[0]);
-    int status = 0;
-    waitpid(pid, &status, 0);
-    return f;
+        return f;
+    });
 }
 
 // Worlds are made once per kind and size and removed at exit.

@@ -35,7 +35,7 @@ void appendInts(std::string& out, long a, long b, long c, long d) {
 
 }  // namespace
 
-std::string bigFaceSet(std::size_t targetBytes, bool withNormals) {
+std::string bigFaceSet(std::size_t targetBytes, bool withNormals, bool inShape) {
     // Bytes per grid vertex: about 26 of coordinates, 22 of normals, 15 of
     // texture coordinates and 30 of indices (one quad per vertex).
     const double perVertex = withNormals ? 93.0 : 71.0;
@@ -44,7 +44,8 @@ std::string bigFaceSet(std::size_t targetBytes, bool withNormals) {
     std::string out;
     out.reserve(targetBytes + targetBytes / 8);
     out += kHeader;
-    out += "Shape {\n appearance Appearance { material Material { } }\n geometry IndexedFaceSet {\n";
+    out += inShape ? "Shape {\n appearance Appearance { material Material { } }\n geometry IndexedFaceSet {\n"
+                   : "DEF F IndexedFaceSet {\n";
     if (!withNormals) out += "  creaseAngle 0.5\n";
     out += "  coord Coordinate { point [\n";
     for (long j = 0; j < side; ++j)
@@ -74,7 +75,7 @@ std::string bigFaceSet(std::size_t targetBytes, bool withNormals) {
             long v = j * side + i;
             appendInts(out, v, v + side, v + side + 1, v + 1);
         }
-    out += "  ]\n }\n}\n";
+    out += inShape ? "  ]\n }\n}\n" : "  ]\n}\n";
     return out;
 }
 

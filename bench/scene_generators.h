@@ -10,7 +10,9 @@ namespace wrlbench {
 // One IndexedFaceSet: a grid of quads with coordinates, per-vertex normals
 // and texture coordinates. With `withNormals` false the Normal node is left
 // out and a creaseAngle of 0.5 is given, so the loader generates normals.
-std::string bigFaceSet(std::size_t targetBytes, bool withNormals);
+// With `inShape` false the face set stands alone at the top, DEF'd as F, so
+// that loading leaves it unbuilt until someone fetches it.
+std::string bigFaceSet(std::size_t targetBytes, bool withNormals, bool inShape = true);
 
 // Many small shapes: a few DEF'd appearances and geometries, then one
 // Transform per shape that USEs them.

@@ -47,6 +47,21 @@ public:
 
     bool isOfType(const csType* type) const;
 
+    // A nonzero 32-bit number that stands for this object while it lives,
+    // for interfaces that pass objects as int. Made on the first request
+    // and the same on every later one; never handed to another object while
+    // this one lives.
+    int getHandle();
+    // The live object behind `handle`; null for 0, for a number never
+    // handed out and for one whose object has died.
+    static csObject* fromHandle(int handle);
+    // As fromHandle, and null too when the object is no T.
+    template <class T>
+    static T* fromHandleAs(int handle) {
+        csObject* object = fromHandle(handle);
+        return object != nullptr && object->isOfType(T::getClassType()) ? static_cast<T*>(object) : nullptr;
+    }
+
     void setName(const char* name);
     const char* getName() const { return _name; }
 
@@ -62,6 +77,7 @@ private:
     int _refCount;
     unsigned _alive;  // pattern set while the object lives, checked by ref/unref
     char* _name;      // owning: strdup copy, or null
+    int _handle;      // 0 until getHandle is first asked
 };
 
 #endif

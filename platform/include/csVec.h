@@ -2,6 +2,7 @@
 #ifndef CS_VEC_H
 #define CS_VEC_H
 
+#include <cmath>
 #include <cstddef>
 #include <vector>
 
@@ -28,15 +29,29 @@ public:
         return vec[0] == o.vec[0] && vec[1] == o.vec[1] && vec[2] == o.vec[2];
     }
 
+    // The arithmetic is inline: geometry code runs it once per corner.
     float dot(const csVec3f& o) const { return vec[0] * o.vec[0] + vec[1] * o.vec[1] + vec[2] * o.vec[2]; }
-    float length() const;
+    float length() const { return std::sqrt(dot(*this)); }
     // Scales to unit length and answers the old length; a zero vector stays
     // zero, so that a degenerate normal never becomes NaN.
-    float normalize();
-    // This vector becomes a x b.
-    void cross(const csVec3f& a, const csVec3f& b);
-    void add(const csVec3f& a, const csVec3f& b);
-    void sub(const csVec3f& a, const csVec3f& b);
+    float normalize() {
+        float len = length();
+        if (len > 0.0f) {
+            vec[0] /= len;
+            vec[1] /= len;
+            vec[2] /= len;
+        }
+        return len;
+    }
+    // This vector becomes a x b; `a` or `b` may be this vector.
+    void cross(const csVec3f& a, const csVec3f& b) {
+        float x = a.vec[1] * b.vec[2] - a.vec[2] * b.vec[1];
+        float y = a.vec[2] * b.vec[0] - a.vec[0] * b.vec[2];
+        float z = a.vec[0] * b.vec[1] - a.vec[1] * b.vec[0];
+        set(x, y, z);
+    }
+    void add(const csVec3f& a, const csVec3f& b) { set(a.vec[0] + b.vec[0], a.vec[1] + b.vec[1], a.vec[2] + b.vec[2]); }
+    void sub(const csVec3f& a, const csVec3f& b) { set(a.vec[0] - b.vec[0], a.vec[1] - b.vec[1], a.vec[2] - b.vec[2]); }
     void scale(float s, const csVec3f& v);
     bool almostEqual(const csVec3f& o, float tolerance) const;
 

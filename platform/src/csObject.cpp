@@ -1,8 +1,10 @@
 #include "csObject.h"
 
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <unordered_map>
 
 #include "csMessages.h"
 
@@ -11,6 +13,14 @@ namespace {
 // message instead of silent corruption.
 constexpr unsigned kAlivePattern = 0x0b1ec7u;
 constexpr unsigned kDeadPattern = 0xdeadu;
+
+// The objects that were asked for a handle, by handle. Entries leave with
+// their objects, so a number outliving its object finds nothing.
+std::unordered_map<int, csObject*>& handleTable() {
+    static auto* table = new std::unordered_map<int, csObject*>();  // never freed: objects may die at exit
+    return *table;
+}
+int lastHandle = 0;
 }  // namespace
 
 bool csType::isDerivedFrom(const csType* other) const {
@@ -32,10 +42,11 @@ csType* csObject::getClassType() {
 
 csType* csObject::getType() const { return getClassType(); }
 
-csObject::csObject() : _refCount(0), _alive(kAlivePattern), _name(nullptr) {}
+csObject::csObject() : _refCount(0), _alive(kAlivePattern), _name(nullptr), _handle(0) {}
 
 csObject::~csObject() {
     _alive = kDeadPattern;
+    if (_handle != 0) handleTable().erase(_handle);
     std::free(_name);
 }
 
@@ -67,4 +78,24 @@ void csObject::setName(const char* name) {
     char* copy = name ? strdup(name) : nullptr;
     std::free(_name);
     _name = copy;
+}
+
+int csObject::getHandle() {
+    if (_handle != 0) return _handle;
+    auto& table = handleTable();
+    // Numbers run up to the largest int and start again at 1, skipping the
+    // ones still held by living objects.
+    do {
+        lastHandle = lastHandle == INT_MAX ? 1 : lastHandle + 1;
+    } while (table.count(lastHandle) != 0);
+    _handle = lastHandle;
+    table.emplace(_handle, this);
+    return _handle;
+}
+
+csObject* csObject::fromHandle(int handle) {
+    if (handle == 0) return nullptr;
+    auto& table = handleTable();
+    auto found = table.find(handle);
+    return found == table.end() ? nullptr : found->second;
 }

@@ -2,60 +2,52 @@
 
 #include <climits>
 #include <map>
-#include <utility>
 #include <vector>
 
 #include "csMatrix4f.h"
 
+// Scene-graph objects carry handles of their own, positive numbers that the
+// toolkit forgets when the object dies. Matrices are no objects of the
+// toolkit: they get negative numbers here, so that neither kind is ever
+// taken for the other.
 namespace {
 
-enum class Kind { Object, Matrix };
+// Process-wide, as the matrices it names are; one thread only.
+struct MatrixTable {
+    std::vector<csMatrix4f*> entries;  // borrowed: handle -n is entries[n - 1]
+    std::map<csMatrix4f*, int> numbers;
 
-struct Entry {
-    void* address;  // borrowed: the table never owns what it names
-    Kind kind;
-};
-
-// Process-wide, as the objects it names are; one thread only.
-struct Table {
-    std::vector<Entry> entries;                  // handle n is entries[n - 1]
-    std::map<std::pair<void*, Kind>, int> numbers;
-
-    int handleOf(void* address, Kind kind) {
-        if (address == nullptr) return 0;
-        auto found = numbers.find({address, kind});
+    int handleOf(csMatrix4f* matrix) {
+        if (matrix == nullptr) return 0;
+        auto found = numbers.find(matrix);
         if (found != numbers.end()) return found->second;
-        // Handles are positive ints; a table that has used them all answers
-        // null rather than wrap round onto a live number.
+        // A table that has used every number answers null rather than wrap
+        // round onto a live one.
         if (entries.size() >= static_cast<size_t>(INT_MAX)) return 0;
-        entries.push_back({address, kind});
-        int number = static_cast<int>(entries.size());
-        numbers.emplace(std::make_pair(address, kind), number);
+        entries.push_back(matrix);
+        const int number = -static_cast<int>(entries.size());
+        numbers.emplace(matrix, number);
         return number;
     }
 
-    void* addressOf(int handle, Kind kind) const {
-        if (handle <= 0 || static_cast<size_t>(handle) > entries.size()) return nullptr;
-        const Entry& entry = entries[static_cast<size_t>(handle) - 1];
-        return entry.kind == kind ? entry.address : nullptr;
+    csMatrix4f* matrixOf(int handle) const {
+        if (handle >= 0 || handle == INT_MIN) return nullptr;
+        const size_t index = static_cast<size_t>(-handle) - 1;
+        return index < entries.size() ? entries[index] : nullptr;
     }
 };
 
-Table& table() {
-    static Table instance;
+MatrixTable& matrices() {
+    static MatrixTable instance;
     return instance;
 }
 
 }  // namespace
 
-int optHandleTable::handleOf(csObject* object) { return table().handleOf(object, Kind::Object); }
+int optHandleTable::handleOf(csObject* object) { return object != nullptr ? object->getHandle() : 0; }
 
-int optHandleTable::handleOf(csMatrix4f* matrix) { return table().handleOf(matrix, Kind::Matrix); }
+int optHandleTable::handleOf(csMatrix4f* matrix) { return matrices().handleOf(matrix); }
 
-csObject* optHandleTable::objectOf(int handle) {
-    return static_cast<csObject*>(table().addressOf(handle, Kind::Object));
-}
+csObject* optHandleTable::objectOf(int handle) { return handle > 0 ? csObject::fromHandle(handle) : nullptr; }
 
-csMatrix4f* optHandleTable::matrixOf(int handle) {
-    return static_cast<csMatrix4f*>(table().addressOf(handle, Kind::Matrix));
-}
+csMatrix4f* optHandleTable::matrixOf(int handle) { return matrices().matrixOf(handle); }

@@ -1,12 +1,9 @@
 // The 32-bit handles that `action` answers. A back-end object is a pointer,
 // which does not fit the handle on a 64-bit host, so each object that an
-// `action` hands out gets a number here and the caller turns the number back
-// into the object. 0 stands for null.
-//
-// An address keeps its number for the life of the process: a new object at
-// the address of a dead one of the same kind answers to the old number. A
-// handle is meant for the caller of `action`, which uses it at once; it
-// keeps the object no more alive than the pointer would.
+// `action` hands out has a number, and the caller turns the number back into
+// the object. 0 stands for null. A scene-graph object's handle is its own
+// and finds nothing once the object is gone; a matrix keeps its number for
+// the life of the process. A handle keeps nothing alive.
 #ifndef OPT_HANDLE_TABLE_H
 #define OPT_HANDLE_TABLE_H
 

@@ -10,7 +10,10 @@ public:
     ~Color() override = default;
     void processEvent(Event& event) override;
 
-    void set_color(MFColor& value, double time);
+    virtual void set_color(MFColor& value, double time);
+
+    // The field that geometry reads and cleans once it has seen a change.
+    MFColor* getColor() { return color; }
 
 protected:
     MFColor* color;  // borrowed: the node's own field

@@ -10,7 +10,10 @@ public:
     ~Coordinate() override = default;
     void processEvent(Event& event) override;
 
-    void set_point(MFVec3f& value, double time);
+    virtual void set_point(MFVec3f& value, double time);
+
+    // The field that geometry reads and cleans once it has seen a change.
+    MFVec3f* getPoint() { return point; }
 
 protected:
     MFVec3f* point;  // borrowed: the node's own field

@@ -1,51 +1,63 @@
-// Polygons through indexed points.
+// Polygons through indexed points: the line set's coordinates and colours,
+// with normals, texture coordinates, winding and crease angle added.
 #ifndef INDEXEDFACESET_H
 #define INDEXEDFACESET_H
 
-#include "vrmlnodes/VRMLNodebase.h"
+#include "vrmlnodes/IndexedLineSet.h"
 
-class IndexedFaceSet : public VRMLNode {
+class csNormalSet3f;
+class csTexCoordSet2f;
+
+class IndexedFaceSet : public IndexedLineSet {
 public:
     explicit IndexedFaceSet(znInternal* pair);
+    // For a face set that no file declares: the fields are the object's own
+    // values, at their defaults.
+    explicit IndexedFaceSet(int);
     ~IndexedFaceSet() override = default;
-    void processEvent(Event& event) override;
 
-    void set_coord(SFNode& value, double time);
-    void set_texCoord(SFNode& value, double time);
-    void set_color(SFNode& value, double time);
-    void set_normal(SFNode& value, double time);
-    void set_colorIndex(MFInt32& value, double time);
-    void set_coordIndex(MFInt32& value, double time);
-    void set_normalIndex(MFInt32& value, double time);
-    void set_texCoordIndex(MFInt32& value, double time);
+    void recalcColor(csColorSet4f* set) override = 0;
+    void recalcCoord(csCoordSet3f* set) override = 0;
+    int action(SFTime& time, int mode, void* state) override = 0;
+    void processEvent(Event& event) override;
+    void recalcColorIndex(std::vector<int>* list) override = 0;
+    void recalcCoordIndex(std::vector<int>* list) override = 0;
+    virtual void set_texCoord(SFNode& value, double time);
+    virtual void set_normal(SFNode& value, double time);
+    virtual void set_normalIndex(MFInt32& value, double time);
+    virtual void set_texCoordIndex(MFInt32& value, double time);
+    virtual void recalcTexCoord(csTexCoordSet2f* set) = 0;
+    virtual void recalcNormal(csNormalSet3f* set) = 0;
+    virtual void recalcTexCoordIndex(std::vector<int>* list) = 0;
+    virtual void recalcNormalIndex(std::vector<int>* list) = 0;
 
 protected:
-    SFNode* coord;  // borrowed: the node's own field
-    SFNode* texCoord;  // borrowed: the node's own field
-    SFNode* color;  // borrowed: the node's own field
-    SFNode* normal;  // borrowed: the node's own field
-    MFInt32* colorIndex;  // borrowed: the node's own field
-    MFInt32* coordIndex;  // borrowed: the node's own field
-    MFInt32* normalIndex;  // borrowed: the node's own field
-    MFInt32* texCoordIndex;  // borrowed: the node's own field
-    SFBool* ccw;  // borrowed: the node's own field
-    SFBool* convex;  // borrowed: the node's own field
-    SFFloat* creaseAngle;  // borrowed: the node's own field
-    SFBool* solid;  // borrowed: the node's own field
-    SFBool* colorPerVertex;  // borrowed: the node's own field
-    SFBool* normalPerVertex;  // borrowed: the node's own field
-    Builtin* coordObject;  // borrowed: the built-in behind coord, or null
+    MFInt32* texCoordIndex;  // borrowed: the node's own field, or ownTexCoordIndex
+    MFInt32* normalIndex;  // borrowed: the node's own field, or ownNormalIndex
+    SFBool* normalPerVertex;  // borrowed: the node's own field, or ownNormalPerVertex
+    SFBool* ccw;  // borrowed: the node's own field, or ownCcw
+    SFBool* solid;  // borrowed: the node's own field, or ownSolid
+    SFBool* convex;  // borrowed: the node's own field, or ownConvex
+    SFFloat* creaseAngle;  // borrowed: the node's own field, or ownCreaseAngle
+    SFNode* texCoord;  // borrowed: the node's own field, or ownTexCoord
+    SFNode* normal;  // borrowed: the node's own field, or ownNormal
     Builtin* texCoordObject;  // borrowed: the built-in behind texCoord, or null
-    Builtin* colorObject;  // borrowed: the built-in behind color, or null
     Builtin* normalObject;  // borrowed: the built-in behind normal, or null
-    unsigned char coordDirty = 0;
     unsigned char texCoordDirty = 0;
-    unsigned char colorDirty = 0;
     unsigned char normalDirty = 0;
-    unsigned char colorIndexDirty = 0;
-    unsigned char coordIndexDirty = 0;
-    unsigned char normalIndexDirty = 0;
     unsigned char texCoordIndexDirty = 0;
+    unsigned char normalIndexDirty = 0;
+
+private:
+    MFInt32 ownTexCoordIndex;
+    MFInt32 ownNormalIndex;
+    SFBool ownNormalPerVertex{1};
+    SFBool ownCcw{1};
+    SFBool ownSolid{1};
+    SFBool ownConvex{1};
+    SFFloat ownCreaseAngle;
+    SFNode ownTexCoord;
+    SFNode ownNormal;
 };
 
 #endif

@@ -12,6 +12,15 @@ IndexedLineSet::IndexedLineSet(znInternal* pair)
       coordObject(childOf(coord)),
       colorObject(childOf(color)) {}
 
+IndexedLineSet::IndexedLineSet(int)
+    : coord(&ownCoord),
+      color(&ownColor),
+      colorIndex(&ownColorIndex),
+      coordIndex(&ownCoordIndex),
+      colorPerVertex(&ownColorPerVertex),
+      coordObject(nullptr),
+      colorObject(nullptr) {}
+
 void IndexedLineSet::processEvent(Event& event) {
     const char* name = event.getName();
     if (!name) return;

@@ -10,7 +10,10 @@ public:
     ~Normal() override = default;
     void processEvent(Event& event) override;
 
-    void set_vector(MFVec3f& value, double time);
+    virtual void set_vector(MFVec3f& value, double time);
+
+    // The field that geometry reads and cleans once it has seen a change.
+    MFVec3f* getVector() { return vector; }
 
 protected:
     MFVec3f* vector;  // borrowed: the node's own field

@@ -10,7 +10,10 @@ public:
     ~TextureCoordinate() override = default;
     void processEvent(Event& event) override;
 
-    void set_point(MFVec2f& value, double time);
+    virtual void set_point(MFVec2f& value, double time);
+
+    // The field that geometry reads and cleans once it has seen a change.
+    MFVec2f* getPoint() { return point; }
 
 protected:
     MFVec2f* point;  // borrowed: the node's own field

@@ -1,5 +1,7 @@
 #include "vrmlnodes/VRMLNodebase.h"
 
+#include <cstring>
+
 #include "browser/zn_browser.h"
 #include "loader/zn.h"
 #include "loader/zn_interfaces.h"
@@ -7,13 +9,10 @@
 
 namespace {
 constexpr const char* kGraphicsClass = "gfx";
-// A node's stored name is "%c%05d+%s": the kind, a number, then the VRML
-// name. Kinds `d` and `u` carry a DEF name; `x` names an anonymous node
-// after its type, which is no name to show.
-constexpr size_t kPlainNameOffset = 7;
-bool hasDefName(const char* stored) {
-    return stored && (stored[0] == 'd' || stored[0] == 'u') && std::strlen(stored) > kPlainNameOffset;
-}
+// A stored node name is kind, five digits and '+' before the VRML name; the
+// kinds 'd' and 'u' mark a DEF name and its uses, while 'x' names an
+// anonymous node after its type, which is no name to show.
+constexpr size_t kVrmlNameOffset = 7;
 }  // namespace
 
 VRMLNode::VRMLNode() {
@@ -24,8 +23,15 @@ VRMLNode::VRMLNode() {
 }
 
 const char* VRMLNode::sceneName(const char* unnamed) {
-    const char* stored = Builtin::getName(internal);
-    return hasDefName(stored) ? stored + kPlainNameOffset : unnamed;
+    const char* name = getDefName();
+    return name != nullptr ? name : unnamed;
 }
 
 void VRMLNode::shutdown() { delete this; }
+
+const char* VRMLNode::getDefName() {
+    const char* stored = getName(nullptr);
+    if (!stored || std::strlen(stored) <= kVrmlNameOffset) return nullptr;
+    if (stored[0] != 'd' && stored[0] != 'u') return nullptr;
+    return stored + kVrmlNameOffset;
+}

@@ -47,6 +47,9 @@ public:
     void processEvent(Event&) override {}
 
     int isBuilt() const { return built; }
+    // The name the file gave the node with DEF, or null for a node without
+    // one: the part of the stored name after its kind and number.
+    const char* getDefName();
     // The name of the node's back-end object: the DEF name of the node, or
     // `unnamed` for a node without one.
     const char* sceneName(const char* unnamed);

@@ -26,10 +26,15 @@
 #include "vrmlnodes/Transform.h"
 #include "optimizer/optAppearance.h"
 #include "optimizer/optCollision.h"
+#include "optimizer/optColor.h"
+#include "optimizer/optCoordinate.h"
 #include "optimizer/optGroup.h"
+#include "optimizer/optIndexedFaceSet.h"
 #include "optimizer/optMaterial.h"
+#include "optimizer/optNormal.h"
 #include "optimizer/optShape.h"
 #include "optimizer/optSwitch.h"
+#include "optimizer/optTextureCoordinate.h"
 #include "optimizer/optTextureTransform.h"
 #include "optimizer/optTransform.h"
 
@@ -62,6 +67,11 @@ template <> struct BackEnd<Shape> { using type = optShape; };
 template <> struct BackEnd<Switch> { using type = optSwitch; };
 template <> struct BackEnd<TextureTransform> { using type = optTextureTransform; };
 template <> struct BackEnd<Transform> { using type = optTransform; };
+template <> struct BackEnd<Color> { using type = optColor; };
+template <> struct BackEnd<Coordinate> { using type = optCoordinate; };
+template <> struct BackEnd<IndexedFaceSet> { using type = optIndexedFaceSet; };
+template <> struct BackEnd<Normal> { using type = optNormal; };
+template <> struct BackEnd<TextureCoordinate> { using type = optTextureCoordinate; };
 
 template <class T>
 using BackEndOf = typename BackEnd<T>::type;

@@ -185,3 +185,22 @@ TEST(csObject, IsOfTypeFollowsTheClassChain) {
     EXPECT_STREQ(node->getType()->getName(), "csEnvironment");
     node->unref();
 }
+
+TEST(csObject, HandleStandsForTheObjectUntilItDies) {
+    auto* group = new csGroup();
+    group->ref();
+    auto* set = new csIndexSet(1);
+    set->ref();
+    const int handle = group->getHandle();
+    EXPECT_NE(handle, 0);
+    EXPECT_EQ(group->getHandle(), handle);  // asked again, the same number
+    EXPECT_NE(set->getHandle(), handle);
+    EXPECT_EQ(csObject::fromHandle(handle), group);
+    EXPECT_EQ(csObject::fromHandleAs<csGroup>(handle), group);
+    EXPECT_EQ(csObject::fromHandleAs<csIndexSet>(handle), nullptr);  // of another class
+    EXPECT_EQ(csObject::fromHandle(0), nullptr);
+    group->unref();
+    EXPECT_EQ(csObject::fromHandle(handle), nullptr);  // a stale number finds nothing
+    EXPECT_NE(csObject::fromHandle(set->getHandle()), nullptr);
+    set->unref();
+}

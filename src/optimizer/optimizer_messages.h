@@ -1,0 +1,14 @@
+// Every text that the scene-graph back-end prints.
+#ifndef OPTIMIZER_MESSAGES_H
+#define OPTIMIZER_MESSAGES_H
+
+// Alert, with the node's name, for a geometry that has no coordinate node.
+inline constexpr const char* kGeometryHasNoCoordinates = "Geometry %s has no coordinates.";
+// Standard error, followed by the index and an end of line, for a
+// coordinate index that names no point while normals are generated.
+inline constexpr const char* kInvalidIndex = "Invalid index: ";
+
+// The scene-graph names of back-end objects whose node has no name.
+inline constexpr const char* kUnnamedIndexedFaceSet = "Unnamed IndexedFaceSet Node";
+
+#endif
