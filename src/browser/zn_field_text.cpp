@@ -2,7 +2,9 @@
 // std::from_chars, so a host's locale never changes what a text means, and
 // the big lists of a model are read in one pass without writing into the
 // text or allocating per number.
+#include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -47,6 +49,60 @@ bool isHexDigit(char c) {
     return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
+// The decimal numbers of a model, "12", "-0.0430" or "1.5e-3", read
+// exactly without a library call: a mantissa of at most 15 digits and a
+// power of ten of at most 22 are both exact doubles, and one rounded
+// multiplication or division of two exact values is what strtod answers.
+// False when the number is not of that easy kind, or reads as nothing.
+bool readPlainDecimal(const char* p, const char* end, double& out) {
+    static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    std::uint64_t mantissa = 0;
+    int digits = 0;
+    int scale = 0;
+    bool any = false;
+    for (; p < end && *p >= '0' && *p <= '9'; ++p) {
+        any = true;
+        if (mantissa == 0 && *p == '0') continue;
+        if (++digits > 15) return false;
+        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p - '0');
+    }
+    if (p < end && *p == '.') {
+        for (++p; p < end && *p >= '0' && *p <= '9'; ++p) {
+            any = true;
+            --scale;
+            if (mantissa == 0 && *p == '0') continue;
+            if (++digits > 15) return false;
+            mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p - '0');
+        }
+    }
+    if (!any) return false;
+    if (p < end && (*p == 'e' || *p == 'E')) {
+        const char* q = p + 1;
+        bool negativeExponent = false;
+        if (q < end && (*q == '+' || *q == '-')) negativeExponent = *q++ == '-';
+        // An "e" with no digits after it is not read, as strtod leaves it.
+        if (q < end && *q >= '0' && *q <= '9') {
+            int exponent = 0;
+            for (; q < end && *q >= '0' && *q <= '9'; ++q) {
+                if (exponent > 1000) return false;
+                exponent = exponent * 10 + (*q - '0');
+            }
+            scale += negativeExponent ? -exponent : exponent;
+        }
+    }
+    // Hexadecimal, infinity and not-a-number forms are the library's.
+    if (p < end && (*p == 'x' || *p == 'X' || *p == 'n' || *p == 'N' || *p == 'i' || *p == 'I')) return false;
+    if (mantissa == 0) {
+        out = 0.0;
+        return true;
+    }
+    if (scale < -22 || scale > 22) return false;
+    const double m = static_cast<double>(mantissa);
+    out = scale < 0 ? m / kPowers[-scale] : m * kPowers[scale];
+    return true;
+}
+
 // Reads a number at the start of [p, end) as strtod does in the "C" locale:
 // leading white space, a sign, decimal, hexadecimal, inf and nan forms.
 // Answers false when nothing could be read.
@@ -59,6 +115,10 @@ bool readDouble(const char* p, const char* end, double& out) {
     }
     if (p >= end || *p == '+' || *p == '-') return false;
     double value = 0.0;
+    if (readPlainDecimal(p, end, value)) {
+        out = negative ? -value : value;
+        return true;
+    }
     std::from_chars_result r;
     if (end - p > 2 && p[0] == '0' && (p[1] == 'x' || p[1] == 'X') && (isHexDigit(p[2]) || p[2] == '.')) {
         r = std::from_chars(p + 2, end, value, std::chars_format::hex);
@@ -95,6 +155,17 @@ bool readInt(const char* p, const char* end, int& out) {
         }
     }
     unsigned long long value = 0;
+    if (base == 10) {
+        // The indexes of a mesh: short decimals, read here in one pass.
+        const char* q = p;
+        while (q < end && q - p < 18 && *q >= '0' && *q <= '9') value = value * 10 + static_cast<unsigned>(*q++ - '0');
+        if (q > p && (q == end || *q < '0' || *q > '9')) {
+            if (negative) value = 0ULL - value;
+            out = static_cast<int>(static_cast<unsigned int>(value));
+            return true;
+        }
+        value = 0;
+    }
     auto r = std::from_chars(p, end, value, base);
     if (r.ec == std::errc::invalid_argument) return false;
     if (r.ec == std::errc::result_out_of_range)
@@ -461,15 +532,10 @@ void mvrml2data(znBrowserIntern* browser, std::vector<T>& list, FieldType elemen
     znMemoryGuard guard;
     list.clear();
     if (!single) {
-        // Size the list once from a count of the tokens.
-        size_t count = 0;
-        for (const char* q = p; q < end;) {
-            while (q < end && isElementDelimiter(*q)) ++q;
-            if (q >= end) break;
-            ++count;
-            while (q < end && !isElementDelimiter(*q)) ++q;
-        }
-        list.reserve(count / static_cast<size_t>(tokens));
+        // Size the list once. The scanner ends every element of a list with
+        // a comma, so the commas count the elements of the largest texts
+        // with one cheap pass; texts from elsewhere only grow as they go.
+        list.reserve(static_cast<size_t>(std::count(p, end, ',')) + 1);
     }
     T temp = emptyElement<T>();
     std::string generic;
