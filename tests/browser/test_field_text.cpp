@@ -353,3 +353,37 @@ TEST(FieldTextLocale, CommaDecimalLocaleStillReadsPoint) {
     EXPECT_EQ(list, (std::vector<float>{2.5f, 3.25f}));
     EXPECT_STREQ(out.data(), "1.500000");
 }
+
+// Numbers of every shape that a model holds, and some that it rarely does:
+// each must read to the very double that strtod gives, through the quick
+// path for plain decimals or around it.
+TEST_F(FieldText, DecimalsReadExactlyAsStrtodReadsThem) {
+    unsigned seed = 12345;
+    auto next = [&seed](unsigned range) {
+        seed = seed * 1103515245u + 12345u;
+        return (seed >> 8) % range;
+    };
+    for (int i = 0; i < 20000; ++i) {
+        std::string text;
+        if (next(3) == 0) text += next(2) == 0 ? "-" : "+";
+        const unsigned digits = 1 + next(18);
+        const unsigned point = next(digits + 2);
+        for (unsigned d = 0; d < digits; ++d) {
+            if (d == point) text += '.';
+            text += static_cast<char>('0' + next(10));
+        }
+        if (next(4) == 0) text += (next(2) == 0 ? "e" : "E") + std::to_string(static_cast<int>(next(61)) - 30);
+        SCOPED_TRACE(text);
+        const double expected = std::strtod(text.c_str(), nullptr);
+        const double got = read<double>(SFTimeType, text.c_str(), -7.0);
+        EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0) << got << " vs " << expected;
+    }
+    // Forms that the quick path leaves to the library, and prefixes.
+    for (const char* text : {"0x1p3", "1e", "1.5e+", "-0", "0.000000000000000000000000001", "1e23", "5.", ".25",
+                             "12abc", "123456789012345678901234567890"}) {
+        SCOPED_TRACE(text);
+        const double expected = std::strtod(text, nullptr);
+        const double got = read<double>(SFTimeType, text, -7.0);
+        EXPECT_EQ(std::memcmp(&got, &expected, sizeof got), 0) << got << " vs " << expected;
+    }
+}
