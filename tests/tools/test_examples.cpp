@@ -1,0 +1,64 @@
+// Every shipped example loads, and its scene is the one kept beside the
+// tests: a change of what the loader builds shows here as a changed scene.
+// scripts/update-example-scenes writes the expected files anew.
+#include <dirent.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "scene_printer.h"
+#include "test_support.h"
+#include "wrlLoader.h"
+
+using testing::internal::CaptureStderr;
+using testing::internal::CaptureStdout;
+using testing::internal::GetCapturedStderr;
+using testing::internal::GetCapturedStdout;
+
+namespace {
+
+const std::string kExamples = std::string(WRL_SOURCE_DIR) + "/data/examples/";
+const std::string kExpected = std::string(WRL_TEST_DATA_DIR) + "/examples/";
+
+std::vector<std::string> exampleNames() {
+    std::vector<std::string> names;
+    if (DIR* dir = opendir(kExamples.c_str())) {
+        while (dirent* entry = readdir(dir)) {
+            std::string name = entry->d_name;
+            if (name.size() > 4 && name.compare(name.size() - 4, 4, ".wrl") == 0)
+                names.push_back(name.substr(0, name.size() - 4));
+        }
+        closedir(dir);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+}  // namespace
+
+TEST(Examples, EachLoadsToItsExpectedScene) {
+    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+    // The scene must not depend on the tester's environment.
+    wrltest::ScopedEnv quality("TESS_QUALITY", nullptr);
+    wrltest::ScopedEnv transparency("ZN_TRANSP_MODE", nullptr);
+    wrltest::ScopedEnv images("ZN_CACHE_IMAGES", nullptr);
+    const std::vector<std::string> names = exampleNames();
+    ASSERT_GE(names.size(), 7u);
+    for (const std::string& name : names) {
+        SCOPED_TRACE(name);
+        std::string path = kExamples + name + ".wrl";
+        CaptureStderr();
+        CaptureStdout();
+        csNode* scene = wrlLoad(&path[0]);
+        GetCapturedStdout();
+        const std::string err = GetCapturedStderr();
+        ASSERT_NE(scene, nullptr);
+        EXPECT_EQ(err.find("Error"), std::string::npos) << err;
+        std::ostringstream json;
+        printSceneJson(json, scene);
+        EXPECT_EQ(json.str(), wrltest::readFile(kExpected + name + ".json"));
+    }
+}
