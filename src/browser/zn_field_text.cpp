@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "browser/browser_messages.h"
@@ -50,54 +51,54 @@ bool isHexDigit(char c) {
 }
 
 // The decimal numbers of a model, "12", "-0.0430" or "1.5e-3", read
-// exactly without a library call: a mantissa of at most 15 digits and a
-// power of ten of at most 22 are both exact doubles, and one rounded
-// multiplication or division of two exact values is what strtod answers.
+// exactly without a library call: a mantissa below 2^53 and a power of ten
+// of at most 22 are both exact doubles, and one rounded multiplication or
+// division of two exact values is what strtod answers.
 // False when the number is not of that easy kind, or reads as nothing.
-bool readPlainDecimal(const char* p, const char* end, double& out) {
+bool readPlainDecimal(const char* p, const char* end, double& out, const char** stop = nullptr) {
     static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                          1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    // Nineteen digits always fit the mantissa; leading zeros count as digits
+    // and add nothing.
+    constexpr std::ptrdiff_t kMostDigits = 19;
+    constexpr std::uint64_t kExactLimit = std::uint64_t{1} << 53;
     std::uint64_t mantissa = 0;
-    int digits = 0;
+    const char* first = p;
+    while (p < end && static_cast<unsigned char>(*p - '0') <= 9) mantissa = mantissa * 10 + static_cast<unsigned>(*p++ - '0');
+    std::ptrdiff_t digits = p - first;
     int scale = 0;
-    bool any = false;
-    for (; p < end && *p >= '0' && *p <= '9'; ++p) {
-        any = true;
-        if (mantissa == 0 && *p == '0') continue;
-        if (++digits > 15) return false;
-        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p - '0');
-    }
     if (p < end && *p == '.') {
-        for (++p; p < end && *p >= '0' && *p <= '9'; ++p) {
-            any = true;
-            --scale;
-            if (mantissa == 0 && *p == '0') continue;
-            if (++digits > 15) return false;
-            mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p - '0');
-        }
+        const char* fraction = ++p;
+        while (p < end && static_cast<unsigned char>(*p - '0') <= 9)
+            mantissa = mantissa * 10 + static_cast<unsigned>(*p++ - '0');
+        scale = -static_cast<int>(p - fraction);
+        digits += p - fraction;
     }
-    if (!any) return false;
+    if (digits == 0 || digits > kMostDigits) return false;
     if (p < end && (*p == 'e' || *p == 'E')) {
         const char* q = p + 1;
         bool negativeExponent = false;
         if (q < end && (*q == '+' || *q == '-')) negativeExponent = *q++ == '-';
         // An "e" with no digits after it is not read, as strtod leaves it.
-        if (q < end && *q >= '0' && *q <= '9') {
+        if (q < end && static_cast<unsigned char>(*q - '0') <= 9) {
             int exponent = 0;
-            for (; q < end && *q >= '0' && *q <= '9'; ++q) {
+            for (; q < end && static_cast<unsigned char>(*q - '0') <= 9; ++q) {
                 if (exponent > 1000) return false;
                 exponent = exponent * 10 + (*q - '0');
             }
             scale += negativeExponent ? -exponent : exponent;
+            p = q;
         }
     }
     // Hexadecimal, infinity and not-a-number forms are the library's.
     if (p < end && (*p == 'x' || *p == 'X' || *p == 'n' || *p == 'N' || *p == 'i' || *p == 'I')) return false;
     if (mantissa == 0) {
+        if (stop != nullptr) *stop = p;
         out = 0.0;
         return true;
     }
-    if (scale < -22 || scale > 22) return false;
+    if (scale < -22 || scale > 22 || mantissa > kExactLimit) return false;
+    if (stop != nullptr) *stop = p;
     const double m = static_cast<double>(mantissa);
     out = scale < 0 ? m / kPowers[-scale] : m * kPowers[scale];
     return true;
@@ -339,6 +340,83 @@ inline void appendElement(std::vector<_znArray<float>>& list, const _znArray<flo
 }
 bool fastElement(BaseNode&, FieldType, const char* const*, const char* const*, int) { return false; }
 
+// A number token of a list read in one pass: a sign and a plain decimal that
+// ends where the token ends. False for any other token, which the general
+// route must read.
+bool readPlainToken(const char*& p, const char* end, double& out) {
+    const char* q = p;
+    bool negative = false;
+    if (q < end && (*q == '+' || *q == '-')) negative = *q++ == '-';
+    const char* stop = nullptr;
+    if (!readPlainDecimal(q, end, out, &stop)) return false;
+    if (stop < end && !isElementDelimiter(*stop)) return false;
+    if (negative) out = -out;
+    p = stop;
+    return true;
+}
+
+// An index token of a list in one pass: a sign and at most nine decimal
+// digits without a leading zero (which would make it octal), ending where
+// the token ends.
+bool readPlainToken(const char*& p, const char* end, int& out) {
+    const char* q = p;
+    bool negative = false;
+    if (q < end && (*q == '+' || *q == '-')) negative = *q++ == '-';
+    const char* digits = q;
+    int value = 0;
+    while (q < end && static_cast<unsigned char>(*q - '0') <= 9) value = value * 10 + (*q++ - '0');
+    const std::ptrdiff_t count = q - digits;
+    if (count == 0 || count > 9 || (count > 1 && *digits == '0')) return false;
+    if (q < end && !isElementDelimiter(*q)) return false;
+    out = negative ? -value : value;
+    p = q;
+    return true;
+}
+
+void storePlain(float& to, const double* v, int) { to = static_cast<float>(v[0]); }
+void storePlain(double& to, const double* v, int) { to = v[0]; }
+void storePlain(_znArray<float>& to, const double* v, int n) {
+    to.resize(n);
+    for (int i = 0; i < n; ++i) to.data[i] = static_cast<float>(v[i]);
+}
+
+// Reads the elements of a list as long as each is made of plain decimal
+// tokens, as the scanner writes the lists of a model; answers where the
+// general route takes over, which is the end of the text for such a list.
+template <class T>
+const char* readPlainElements(std::vector<T>& list, T& temp, int tokens, const char* p, const char* end) {
+    if constexpr (std::is_same_v<T, BaseNode>) {
+        return p;
+    } else if constexpr (std::is_same_v<T, int>) {
+        for (;;) {
+            const char* q = p;
+            while (q < end && isElementDelimiter(*q)) ++q;
+            if (q >= end) return q;
+            int value = 0;
+            if (!readPlainToken(q, end, value)) return p;
+            list.push_back(value);
+            temp = value;
+            p = q;
+        }
+    } else {
+        double values[4];
+        for (;;) {
+            const char* q = p;
+            for (int k = 0; k < tokens; ++k) {
+                const char* gap = q;
+                while (q < end && isElementDelimiter(*q)) ++q;
+                // A "]" between the numbers of one element is read otherwise.
+                if (k > 0 && contains(gap, q, ']')) return p;
+                if (q >= end) return k == 0 ? q : p;
+                if (!readPlainToken(q, end, values[k])) return p;
+            }
+            storePlain(temp, values, tokens);
+            appendElement(list, temp);
+            p = q;
+        }
+    }
+}
+
 }  // namespace
 
 // --- Tokenizers --------------------------------------------------------------
@@ -538,6 +616,7 @@ void mvrml2data(znBrowserIntern* browser, std::vector<T>& list, FieldType elemen
         list.reserve(static_cast<size_t>(std::count(p, end, ',')) + 1);
     }
     T temp = emptyElement<T>();
+    if (!single) p = readPlainElements(list, temp, tokens, p, end);
     std::string generic;
     const char* starts[4];
     const char* stops[4];

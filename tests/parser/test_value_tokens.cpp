@@ -163,3 +163,39 @@ TEST(IsInValueStates, IsIsGivenBack) {
 TEST(IsInValueStates, WordStartingWithIsIsAString) {
     EXPECT_EQ(parseValue("sfstring", "ISO").values(), Values{"ISO"});
 }
+
+// The trace only shows what is read: with it or without, the texts, the
+// lines and the refusals of lists of every shape are the same.
+TEST(ListTokens, ReadAlikeWithAndWithoutTheTrace) {
+    const std::vector<std::pair<std::string, std::string>> lists = {
+        {"mfvec3f", "[ 1 2 3,\n 4 5 6\n,7 8 9 ]"},
+        {"mfvec3f", "[ 1 2\n 3 4 5 6 ]"},
+        {"mfvec3f", "[ 1 2 3 # three\n 4 5 6 ]"},
+        {"mfvec3f", "[ 1 2 # inside\n 3 4 5 6 ]"},
+        {"mfvec3f", "[1 2 3-4 5 6]"},
+        {"mfvec3f", "[ 1 2 3 4 ]"},
+        {"mfvec3f", "1 2 3 4 5 6"},
+        {"mfvec2f", "[ .5 -1e3, 2. +3 ]"},
+        {"mfrotation", "[ 0 1 0 1.57\n\n 1 0 0 3.14 ]"},
+        {"mfcolor", "[1 0 0,0 1 0,,0 0 1]"},
+        {"mfint32", "[ 0 1 2 -1,\n 0x1F 010 +7 -1 ]"},
+        {"mfint32", "[ 1-1 2 ]"},
+        {"mffloat", "[ 1 2.5e2 .25 ]"},
+        {"mftime", "[ 1 2 3 ]"},
+        {"mfint32", "12 13"},
+    };
+    for (const auto& [field, value] : lists) {
+        SCOPED_TRACE(field + " " + value);
+        const std::string text = "Node { " + field + " " + value + " }\nNode { sffloat x }";
+        ParseOptions traced;
+        traced.lexerTrace = true;
+        ParseRun byItem = parseText(text, traced);
+        ParseRun byRun = parseText(text);
+        EXPECT_EQ(byRun.values(), byItem.values());
+        EXPECT_EQ(byRun.result, byItem.result);
+        // The error report names the line, which the list's line feeds set.
+        const std::size_t report = byItem.errors.find("Error in");
+        ASSERT_NE(report, std::string::npos);
+        EXPECT_EQ(byRun.errors.substr(byRun.errors.find("Error in"), 60), byItem.errors.substr(report, 60));
+    }
+}
