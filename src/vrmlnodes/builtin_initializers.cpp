@@ -27,6 +27,7 @@
 #include "optimizer/optAppearance.h"
 #include "optimizer/optCollision.h"
 #include "optimizer/optGroup.h"
+#include "optimizer/optImageTexture.h"
 #include "optimizer/optMaterial.h"
 #include "optimizer/optShape.h"
 #include "optimizer/optSwitch.h"
@@ -57,6 +58,7 @@ struct BackEnd {
 template <> struct BackEnd<Appearance> { using type = optAppearance; };
 template <> struct BackEnd<Collision> { using type = optCollision; };
 template <> struct BackEnd<Group> { using type = optGroup; };
+template <> struct BackEnd<ImageTexture> { using type = optImageTexture; };
 template <> struct BackEnd<Material> { using type = optMaterial; };
 template <> struct BackEnd<Shape> { using type = optShape; };
 template <> struct BackEnd<Switch> { using type = optSwitch; };
