@@ -26,11 +26,13 @@
 #include "vrmlnodes/Transform.h"
 #include "optimizer/optAppearance.h"
 #include "optimizer/optCollision.h"
+#include "optimizer/optFontStyle.h"
 #include "optimizer/optGroup.h"
 #include "optimizer/optImageTexture.h"
 #include "optimizer/optMaterial.h"
 #include "optimizer/optShape.h"
 #include "optimizer/optSwitch.h"
+#include "optimizer/optText.h"
 #include "optimizer/optTextureTransform.h"
 #include "optimizer/optTransform.h"
 
@@ -57,11 +59,13 @@ struct BackEnd {
 };
 template <> struct BackEnd<Appearance> { using type = optAppearance; };
 template <> struct BackEnd<Collision> { using type = optCollision; };
+template <> struct BackEnd<FontStyle> { using type = optFontStyle; };
 template <> struct BackEnd<Group> { using type = optGroup; };
 template <> struct BackEnd<ImageTexture> { using type = optImageTexture; };
 template <> struct BackEnd<Material> { using type = optMaterial; };
 template <> struct BackEnd<Shape> { using type = optShape; };
 template <> struct BackEnd<Switch> { using type = optSwitch; };
+template <> struct BackEnd<Text> { using type = optText; };
 template <> struct BackEnd<TextureTransform> { using type = optTextureTransform; };
 template <> struct BackEnd<Transform> { using type = optTransform; };
 
