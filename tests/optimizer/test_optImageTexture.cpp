@@ -344,3 +344,16 @@ TEST_F(ImageTextureLoad, CachedRecordThatDoesNotMatchItsBytesIsPassedOver) {
     ASSERT_NE(node->getTexture()->getImage(), nullptr);
     EXPECT_EQ(node->getTexture()->getImage()->getComponents(), 3);
 }
+
+TEST_F(ImageTextureLoad, ShippedExampleFindsItsPictureFromAnyDirectory) {
+    TempDir elsewhere;
+    ScopedCwd cwd(elsewhere.path());
+    csEnvironment* scene = world.loadFile(WRL_SOURCE_DIR "/data/examples/textured.wrl");
+    ASSERT_NE(scene, nullptr);
+    EXPECT_THAT(world.lastErrors(), Not(HasSubstr("Can't open")));
+    optImageTexture* checker = texture("CHECKER");
+    ASSERT_NE(checker, nullptr);
+    ASSERT_NE(checker->getTexture()->getImage(), nullptr);
+    EXPECT_EQ(checker->getTexture()->getImage()->getWidth(), 8);
+    EXPECT_EQ(checker->getImageRecord()->hits, 1) << "the second box takes the cached picture";
+}
