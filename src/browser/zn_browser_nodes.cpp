@@ -95,10 +95,11 @@ int znBrowserIntern::addNode(_zndbNode* first) {
         node->setParent(parentName);
         node->setFirstNodeID(0);
         // Relative URLs in a node name files beside the file the node was
-        // read from: the directory that the URL interface is reading now.
-        // The world's URL is set only once the load is over.
+        // read from: the directory that the URL interface is reading now, as
+        // the world's URL is set only once the load is over. Only nodes that
+        // name files pay for a copy of it.
         const char* reading = urlInterface ? urlInterface->get_path() : nullptr;
-        node->setUrlBase(reading ? reading : getWorldURL());
+        node->setUrlBase(reading && type->getDataID("url") >= 0 ? reading : getWorldURL());
         node->setToplevel(record->isToplevel ? 1 : 0);
 
         for (znNode* proto : protoNodes)

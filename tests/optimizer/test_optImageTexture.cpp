@@ -128,6 +128,10 @@ TEST_F(ImageTextureLoad, ImageBesideTheWorldIsFoundFromAnotherWorkingDirectory) 
     EXPECT_EQ(pixelsOf(image), pattern(3, 2, 3, 1));
     EXPECT_EQ(texture("T")->isImageReady(), 1);
     EXPECT_THAT(world.lastErrors(), Not(HasSubstr("Can't open")));
+    // Only nodes that name files keep the directory they were read from.
+    EXPECT_STREQ(texture("T")->getUrlBase(), (world.directory() + "/").c_str());
+    world.load("DEF S Shape { }\n");
+    EXPECT_EQ(dynamic_cast<BaseNode*>(world.builtinNamed("S"))->getUrlBase(), nullptr);
 }
 
 TEST_F(ImageTextureLoad, RelativeWorldNameFindsItsImagesBesideIt) {
@@ -286,6 +290,15 @@ TEST_F(ImageTextureLoad, NoUsableURLLeavesATextureWithoutImage) {
         EXPECT_EQ(node->getTexture()->getImage(), nullptr);
         EXPECT_EQ(node->getFileName(), nullptr);
     }
+}
+
+TEST_F(ImageTextureLoad, URLLongerThanAPathBufferIsRefusedNotCut) {
+    const std::string longName(2000, 'x');
+    writePng(beside("short.png"), 1, 1, 3);
+    world.load(texturedShape("T", "url [ \"" + longName + ".png\" \"short.png\" ]"));
+    EXPECT_THAT(world.lastErrors(), HasSubstr(messageLine("optImageTexture:  Can't open " + longName + ".png!")));
+    ASSERT_NE(texture("T"), nullptr);
+    EXPECT_STREQ(texture("T")->getFileName(), beside("short.png").c_str());
 }
 
 TEST_F(ImageTextureLoad, NewURLReplacesTheImage) {
