@@ -98,7 +98,7 @@ csTexture* textureOf(csEnvironment* scene, int index) {
 }
 
 // Loads worlds beside their images. The image cache lives as long as the
-// process, so each test names its images after itself.
+// process, so no two tests name an image alike.
 class ImageTextureLoad : public testing::Test {
 protected:
     optImageTexture* texture(const char* def) { return dynamic_cast<optImageTexture*>(world.builtinNamed(def)); }
