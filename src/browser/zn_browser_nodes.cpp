@@ -15,6 +15,7 @@
 #include "loader/zn_interfaces.h"
 #include "nodes/zn_node.h"
 #include "nodes/zn_nodetype.h"
+#include "url/zn_URL.h"
 
 namespace {
 // Where the plain name starts in a stored node name.
@@ -97,7 +98,12 @@ int znBrowserIntern::addNode(_zndbNode* first) {
         node->setDepth(record->nesting);
         node->setParent(parentName);
         node->setFirstNodeID(0);
-        node->setUrlBase(getWorldURL());
+        // Relative URLs in a node name files beside the file the node was
+        // read from: the directory that the URL interface is reading now, as
+        // the world's URL is set only once the load is over. Only nodes that
+        // name files pay for a copy of it.
+        const char* reading = urlInterface ? urlInterface->get_path() : nullptr;
+        node->setUrlBase(reading && type->getDataID("url") >= 0 ? reading : getWorldURL());
         node->setToplevel(record->isToplevel ? 1 : 0);
 
         for (znNode* proto : protoNodes)

@@ -11,4 +11,7 @@ inline constexpr const char* kInvalidIndex = "Invalid index: ";
 // The scene-graph names of back-end objects whose node has no name.
 inline constexpr const char* kUnnamedIndexedFaceSet = "Unnamed IndexedFaceSet Node";
 
+// znMessage, for each URL of an ImageTexture that gives no image.
+inline constexpr const char* kTextureCantOpen = "optImageTexture:  Can't open %s!";
+
 #endif

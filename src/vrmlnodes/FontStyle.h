@@ -8,6 +8,9 @@ class FontStyle : public VRMLNode {
 public:
     explicit FontStyle(znInternal* pair);
     ~FontStyle() override = default;
+    // A font style builds nothing of its own; the back-end applies it to
+    // the text that asks.
+    int action(SFTime&, int, void*) override { return 0; }
 
 protected:
     MFString* family;  // borrowed: the node's own field

@@ -1,10 +1,21 @@
 #include "vrmlnodes/ImageTexture.h"
 
+#include <list>
+#include <vector>
+
+#include "loader/zn_interfaces.h"
+#include "url/zn_URL_pathstack.h"
+#include "vrmlnodes/vrmlnode_messages.h"
+
+std::map<std::string, std::shared_ptr<znImage>> ImageTexture::imgcache;
+
 ImageTexture::ImageTexture(znInternal* pair)
     : BaseNode(pair),
-      url(exposedField<MFString>("url")),
       repeatS(plainField<SFBool>("repeatS")),
-      repeatT(plainField<SFBool>("repeatT")) {}
+      repeatT(plainField<SFBool>("repeatT")),
+      url(exposedField<MFString>("url")) {}
+
+ImageTexture::~ImageTexture() = default;
 
 void ImageTexture::processEvent(Event& event) {
     const char* name = event.getName();
@@ -13,6 +24,36 @@ void ImageTexture::processEvent(Event& event) {
 }
 
 void ImageTexture::set_url(MFString& value, double) {
-    assign(url, value);
-    urlDirty = 1;
+    cleanupImage();
+    std::list<std::string> names;
+    addURLpath(value, names);
+    std::vector<std::string> stored(names.begin(), names.end());
+    if (url) url->setValue(stored);
+    imageReady = prepareImage();
 }
+
+void ImageTexture::cacheImage(const char* name, std::shared_ptr<znImage> record) {
+    if (!record) return;
+    record->hits = 0;
+    if (!imgcache.emplace(name ? name : "", std::move(record)).second) {
+        znAlert(znFormatText(kImageNotCacheable, name ? name : "").c_str());
+        return;
+    }
+    printCache();
+}
+
+std::shared_ptr<znImage> ImageTexture::findCachedImage(const char* name) {
+    auto found = imgcache.find(name ? name : "");
+    if (found == imgcache.end()) return nullptr;
+    ++found->second->hits;
+    printCache();
+    return found->second;
+}
+
+void ImageTexture::removeCachedImage(const char* name) {
+    imgcache.erase(name ? name : "");
+    printCache();
+}
+
+// The cache's contents belong to the debug trace, which is not printed.
+void ImageTexture::printCache() {}

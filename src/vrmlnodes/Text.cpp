@@ -1,6 +1,6 @@
 #include "vrmlnodes/Text.h"
 
-#include <cstring>
+#include <vector>
 
 Text::Text(znInternal* pair)
     : BaseNode(pair),
@@ -8,7 +8,9 @@ Text::Text(znInternal* pair)
       fontStyle(exposedField<SFNode>("fontStyle")),
       length(exposedField<MFFloat>("length")),
       maxExtent(exposedField<SFFloat>("maxExtent")),
-      fontStyleObject(childOf(fontStyle)) {}
+      fontStyleObject(childOf(fontStyle)) {
+    joinStrings();
+}
 
 void Text::processEvent(Event& event) {
     const char* name = event.getName();
@@ -22,23 +24,30 @@ void Text::processEvent(Event& event) {
     }
 }
 
+void Text::joinStrings() {
+    joinedText.clear();
+    if (!string) return;
+    std::vector<std::string> values;
+    string->getValue(values);
+    for (const std::string& value : values) {
+        // A value may hold its terminating null; the text ends there.
+        joinedText += value.c_str();
+        joinedText += '\n';
+    }
+}
+
 void Text::set_string(MFString& value, double) {
     assign(string, value);
-    textDirty = 1;
+    joinStrings();
+    stringDirty = 1;
 }
 
 void Text::set_fontStyle(SFNode& value, double) {
     assign(fontStyle, value);
     fontStyleObject = childOf(fontStyle);
-    textDirty = 1;
+    fontStyleDirty = 1;
 }
 
-void Text::set_length(MFFloat& value, double) {
-    assign(length, value);
-    textDirty = 1;
-}
+void Text::set_length(MFFloat& value, double) { assign(length, value); }
 
-void Text::set_maxExtent(SFFloat& value, double) {
-    assign(maxExtent, value);
-    textDirty = 1;
-}
+void Text::set_maxExtent(SFFloat& value, double) { assign(maxExtent, value); }

@@ -14,7 +14,12 @@ const char* URLNode::getFile(const char* text) {
 
     std::string name = text;
     const char* base = getUrlBase();
-    if (base && !std::strchr(text, ':') && text[0] != '/' && text[0] != '\\') name = std::string(base) + text;
+    if (base && !std::strchr(text, ':') && text[0] != '/' && text[0] != '\\') {
+        // A base may name the world's file rather than its directory; only
+        // what stands up to its last slash is joined.
+        const char* slash = std::strrchr(base, '/');
+        name = std::string(base, slash ? static_cast<size_t>(slash - base) + 1 : 0) + text;
+    }
 
     zn_URL* access = browser->getURLInterface();
     return access ? access->getURL(name.c_str(), 0) : nullptr;

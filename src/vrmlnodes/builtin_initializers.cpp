@@ -28,12 +28,15 @@
 #include "optimizer/optCollision.h"
 #include "optimizer/optColor.h"
 #include "optimizer/optCoordinate.h"
+#include "optimizer/optFontStyle.h"
 #include "optimizer/optGroup.h"
+#include "optimizer/optImageTexture.h"
 #include "optimizer/optIndexedFaceSet.h"
 #include "optimizer/optMaterial.h"
 #include "optimizer/optNormal.h"
 #include "optimizer/optShape.h"
 #include "optimizer/optSwitch.h"
+#include "optimizer/optText.h"
 #include "optimizer/optTextureCoordinate.h"
 #include "optimizer/optTextureTransform.h"
 #include "optimizer/optTransform.h"
@@ -61,10 +64,13 @@ struct BackEnd {
 };
 template <> struct BackEnd<Appearance> { using type = optAppearance; };
 template <> struct BackEnd<Collision> { using type = optCollision; };
+template <> struct BackEnd<FontStyle> { using type = optFontStyle; };
 template <> struct BackEnd<Group> { using type = optGroup; };
+template <> struct BackEnd<ImageTexture> { using type = optImageTexture; };
 template <> struct BackEnd<Material> { using type = optMaterial; };
 template <> struct BackEnd<Shape> { using type = optShape; };
 template <> struct BackEnd<Switch> { using type = optSwitch; };
+template <> struct BackEnd<Text> { using type = optText; };
 template <> struct BackEnd<TextureTransform> { using type = optTextureTransform; };
 template <> struct BackEnd<Transform> { using type = optTransform; };
 template <> struct BackEnd<Color> { using type = optColor; };

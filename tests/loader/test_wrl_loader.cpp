@@ -40,19 +40,6 @@ LoadResult load(const std::string& name) {
     return r;
 }
 
-// Runs the body in another working directory and comes back.
-class InDirectory {
-public:
-    explicit InDirectory(const std::string& dir) {
-        char buf[4096];
-        old_ = getcwd(buf, sizeof buf) ? buf : "/";
-        EXPECT_EQ(chdir(dir.c_str()), 0);
-    }
-    ~InDirectory() { (void)!chdir(old_.c_str()); }
-
-private:
-    std::string old_;
-};
 
 }  // namespace
 
@@ -87,7 +74,7 @@ TEST(WrlLoad, FileFoundOnlyThroughOptpathPassesTheHeaderTest) {
     models.write("new.wrl", kVrml97);
     std::string optpath = "/nonexistent:" + models.path();
     wrltest::ScopedEnv path("OPTPATH", optpath.c_str());
-    InDirectory cwd(elsewhere.path());
+    wrltest::ScopedDirectory cwd(elsewhere.path());
 
     LoadResult old = load("old.wrl");
     EXPECT_EQ(old.scene, nullptr);

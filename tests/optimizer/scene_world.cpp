@@ -154,7 +154,10 @@ std::string testNodeSupport() {
 SceneLoad::SceneLoad() : builtins("ZNBUILTINS", dir.write("support.wrl", testNodeSupport()).c_str()) {}
 
 csEnvironment* SceneLoad::load(const std::string& body) {
-    std::string path = dir.write("world" + std::to_string(++count) + ".wrl", "#VRML V2.0 utf8\n" + body);
+    return loadFile(dir.write("world" + std::to_string(++count) + ".wrl", "#VRML V2.0 utf8\n" + body));
+}
+
+csEnvironment* SceneLoad::loadFile(std::string path) {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     csNode* scene = wrlLoad(&path[0]);

@@ -44,6 +44,10 @@ public:
     SceneLoad();
     // Loads the VRML text (header added) and answers the scene, or null.
     csEnvironment* load(const std::string& body);
+    // Loads the world file at `path` as given, absolute or relative.
+    csEnvironment* loadFile(std::string path);
+    // Where load writes its world files.
+    const std::string& directory() const { return dir.path(); }
     // The built-in class behind the node DEF'd as `name` in the last load.
     Builtin* builtinNamed(const char* name);
     // A list of the nodes DEF'd under `names` in the last load.

@@ -139,8 +139,9 @@ TEST(optAppearance, TextureFormatsChooseTheCombination) {
 
     csAppearance* none = appearanceOf(scene, 2);
     ASSERT_NE(none, nullptr);
-    EXPECT_EQ(none->getTexture(), nullptr) << "image textures fetch nothing yet";
-    EXPECT_FALSE(none->getTexEnable());
+    ASSERT_NE(none->getTexture(), nullptr) << "a texture without an image is attached all the same";
+    EXPECT_EQ(none->getTexture()->getImage(), nullptr);
+    EXPECT_TRUE(none->getTexEnable());
 }
 
 TEST(optTextureTransform, MatrixTranslatesThenTurnsAndScalesAboutTheCentre) {

@@ -43,18 +43,6 @@ std::string join(std::initializer_list<std::string> parts) {
     return out;
 }
 
-class InDirectory {
-public:
-    explicit InDirectory(const std::string& dir) {
-        char buf[4096];
-        old_ = getcwd(buf, sizeof buf) ? buf : "/";
-        if (chdir(dir.c_str()) != 0) ADD_FAILURE() << "cannot enter " << dir;
-    }
-    ~InDirectory() { (void)!chdir(old_.c_str()); }
-
-private:
-    std::string old_;
-};
 
 }  // namespace
 
@@ -139,7 +127,7 @@ ParseRun parseText(const std::string& source, const ParseOptions& options) {
     wrltest::TempDir dir;
     const std::string types = dir.write("types.wrl", kTestTypes);
     for (const auto& file : options.files) dir.write(file.first, file.second);
-    InDirectory here(dir.path());
+    wrltest::ScopedDirectory here(dir.path());
     wrltest::ScopedEnv builtins("ZNBUILTINS", types.c_str());
     wrltest::ScopedStdin answers(options.input);
     RecordingDatabase db;

@@ -1,5 +1,7 @@
 #include "test_support.h"
 
+#include <gtest/gtest.h>
+
 #include <fcntl.h>
 #include <stdio_ext.h>
 #include <unistd.h>
@@ -78,5 +80,15 @@ std::string readFile(const std::string& path) {
 }
 
 std::string nodeSupportFile() { return std::string(WRL_SOURCE_DIR) + "/data/znbuiltins.wrl"; }
+
+ScopedDirectory::ScopedDirectory(const std::string& path) {
+    char buffer[4096];
+    previous_ = getcwd(buffer, sizeof buffer) != nullptr ? buffer : "/";
+    if (chdir(path.c_str()) != 0) ADD_FAILURE() << "cannot enter " << path;
+}
+
+ScopedDirectory::~ScopedDirectory() {
+    if (chdir(previous_.c_str()) != 0) ADD_FAILURE() << "cannot go back to " << previous_;
+}
 
 }  // namespace wrltest

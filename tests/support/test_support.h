@@ -50,6 +50,18 @@ private:
     int saved_;
 };
 
+// Works in `path` for the life of the object, then goes back.
+class ScopedDirectory {
+public:
+    explicit ScopedDirectory(const std::string& path);
+    ~ScopedDirectory();
+    ScopedDirectory(const ScopedDirectory&) = delete;
+    ScopedDirectory& operator=(const ScopedDirectory&) = delete;
+
+private:
+    std::string previous_;
+};
+
 std::string readFile(const std::string& path);
 
 // The Node Support file shipped in data/.

@@ -51,6 +51,15 @@ TEST_F(TextureWorld, ColonOrLeadingSlashIgnoresTheBase) {
     EXPECT_EQ(access.asked, "\\share\\wood.png");
 }
 
+TEST_F(TextureWorld, BaseNamingAFileLendsOnlyItsDirectory) {
+    node->setUrlBase("http://host/dir/world.wrl");
+    texture->getFile("wood.png");
+    EXPECT_EQ(access.asked, "http://host/dir/wood.png");
+    node->setUrlBase("world.wrl");
+    texture->getFile("wood.png");
+    EXPECT_EQ(access.asked, "wood.png");
+}
+
 TEST_F(TextureWorld, NullTextGivesNull) { EXPECT_EQ(texture->getFile(nullptr), nullptr); }
 
 TEST_F(TextureWorld, AddURLpathOnlyAppendsTheValues) {

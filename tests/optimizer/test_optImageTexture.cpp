@@ -1,0 +1,355 @@
+// ImageTexture: images found beside the world, the image cache and its
+// switch, remote images through the URL cache, and files that give no image.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <png.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "csAppearance.h"
+#include "csImage.h"
+#include "csMessages.h"
+#include "csTexture.h"
+#include "csTransform.h"
+#include "opRep.h"
+#include "optimizer/optImageTexture.h"
+#include "optimizer/optimizer_messages.h"
+#include "scene_world.h"
+#include "url/zn_URL_web.h"
+#include "url_test_server.h"
+#include "vrmlnodes/vrmlnode_messages.h"
+
+using testing::HasSubstr;
+using testing::Not;
+using wrltest::alertLine;
+using wrltest::childAs;
+using wrltest::messageLine;
+using wrltest::SceneLoad;
+using wrltest::ScopedEnv;
+using wrltest::TempDir;
+
+namespace {
+
+// Every byte of a picture differs from its neighbours, so that a copy that
+// shifts or drops bytes shows.
+std::vector<unsigned char> pattern(int width, int height, int components, int seed) {
+    std::vector<unsigned char> bytes(static_cast<size_t>(width * height * components));
+    for (size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<unsigned char>(i * 13 + seed);
+    return bytes;
+}
+
+// Writes an 8-bit RGB (3 components) or RGBA (4) PNG of pattern(..., seed).
+void writePng(const std::string& path, int width, int height, int components, int seed = 1) {
+    FILE* file = std::fopen(path.c_str(), "wb");
+    ASSERT_NE(file, nullptr);
+    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+    png_infop info = png_create_info_struct(png);
+    png_init_io(png, file);
+    png_set_IHDR(png, info, static_cast<png_uint_32>(width), static_cast<png_uint_32>(height), 8,
+                 components == 4 ? PNG_COLOR_TYPE_RGBA : PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
+                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    png_write_info(png, info);
+    std::vector<unsigned char> bytes = pattern(width, height, components, seed);
+    for (int y = 0; y < height; ++y) png_write_row(png, bytes.data() + y * width * components);
+    png_write_end(png, nullptr);
+    png_destroy_write_struct(&png, &info);
+    std::fclose(file);
+}
+
+std::vector<unsigned char> pixelsOf(const csImage* image) {
+    const csMFByte& field = image->pixels();
+    return std::vector<unsigned char>(field.getData(), field.getData() + field.getCount());
+}
+
+
+std::string texturedShape(const std::string& def, const std::string& texture) {
+    return "Shape { appearance Appearance { texture DEF " + def + " ImageTexture { " + texture +
+           " } } geometry Box {} }\n";
+}
+
+// The csTexture that the top-level shape `index` shows.
+csTexture* textureOf(csEnvironment* scene, int index) {
+    auto* axis = childAs<csTransform>(childAs<csGroup>(scene, index), 0);
+    auto* rep = childAs<opRep>(axis, 0);
+    csAppearance* look = rep ? rep->getAppearance() : nullptr;
+    return look ? look->getTexture() : nullptr;
+}
+
+// Loads worlds beside their images. The image cache lives as long as the
+// process, so no two tests name an image alike.
+class ImageTextureLoad : public testing::Test {
+protected:
+    optImageTexture* texture(const char* def) { return dynamic_cast<optImageTexture*>(world.builtinNamed(def)); }
+    std::string beside(const std::string& name) const { return world.directory() + "/" + name; }
+
+    SceneLoad world;
+    ScopedEnv caching{"ZN_CACHE_IMAGES", nullptr};
+};
+
+}  // namespace
+
+TEST_F(ImageTextureLoad, ImageBesideTheWorldIsFoundFromAnotherWorkingDirectory) {
+    writePng(beside("beside.png"), 3, 2, 3);
+    TempDir elsewhere;
+    wrltest::ScopedDirectory cwd(elsewhere.path());
+    csEnvironment* scene = world.load(texturedShape("T", "url \"beside.png\""));
+
+    csTexture* shown = textureOf(scene, 0);
+    ASSERT_NE(shown, nullptr);
+    EXPECT_STREQ(shown->getName(), "T");
+    EXPECT_STREQ(shown->getFileName(), beside("beside.png").c_str());
+    EXPECT_EQ(shown->getFormat(), csTexture::RGB);
+    const csImage* image = shown->getImage();
+    ASSERT_NE(image, nullptr);
+    EXPECT_EQ(image->getWidth(), 3);
+    EXPECT_EQ(image->getHeight(), 2);
+    EXPECT_EQ(pixelsOf(image), pattern(3, 2, 3, 1));
+    EXPECT_EQ(texture("T")->isImageReady(), 1);
+    EXPECT_THAT(world.lastErrors(), Not(HasSubstr("Can't open")));
+    // Only nodes that name files keep the directory they were read from.
+    EXPECT_STREQ(texture("T")->getUrlBase(), (world.directory() + "/").c_str());
+    world.load("DEF S Shape { }\n");
+    EXPECT_EQ(dynamic_cast<BaseNode*>(world.builtinNamed("S"))->getUrlBase(), nullptr);
+}
+
+TEST_F(ImageTextureLoad, RelativeWorldNameFindsItsImagesBesideIt) {
+    writePng(beside("relative.png"), 2, 2, 4);
+    FILE* file = std::fopen(beside("relative.wrl").c_str(), "w");
+    ASSERT_NE(file, nullptr);
+    std::fputs(("#VRML V2.0 utf8\n" + texturedShape("T", "url \"relative.png\"")).c_str(), file);
+    std::fclose(file);
+    const std::string& path = world.directory();
+    const size_t slash = path.rfind('/');
+    wrltest::ScopedDirectory cwd(path.substr(0, slash));
+    const std::string leaf = path.substr(slash + 1);
+
+    csTexture* shown = textureOf(world.loadFile(leaf + "/relative.wrl"), 0);
+    ASSERT_NE(shown, nullptr);
+    ASSERT_NE(shown->getImage(), nullptr);
+    EXPECT_EQ(shown->getFormat(), csTexture::RGBA);
+    EXPECT_STREQ(texture("T")->getFileName(), (leaf + "/relative.png").c_str());
+}
+
+TEST_F(ImageTextureLoad, SecondTextureOfOneURLIsACacheHit) {
+    writePng(beside("shared.png"), 4, 3, 3, 7);
+    csEnvironment* scene = world.load(texturedShape("A", "url \"shared.png\" repeatS FALSE") +
+                                      texturedShape("B", "url \"shared.png\" repeatT FALSE"));
+    optImageTexture* first = texture("A");
+    optImageTexture* second = texture("B");
+    ASSERT_NE(first, nullptr);
+    ASSERT_NE(second, nullptr);
+
+    EXPECT_STREQ(first->getFileName(), beside("shared.png").c_str());
+    EXPECT_EQ(second->getFileName(), nullptr) << "a hit reads no file";
+    EXPECT_STREQ(second->getTexture()->getFileName(), "");
+    ASSERT_NE(first->getImageRecord(), nullptr);
+    EXPECT_EQ(first->getImageRecord(), second->getImageRecord());
+    EXPECT_EQ(second->getImageRecord()->hits, 1);
+
+    // The hit's own image holds a copy of the cached bytes.
+    const csImage* copy = second->getTexture()->getImage();
+    ASSERT_NE(copy, nullptr);
+    EXPECT_NE(copy, first->getTexture()->getImage());
+    EXPECT_EQ(copy->getWidth(), 4);
+    EXPECT_EQ(copy->getHeight(), 3);
+    EXPECT_EQ(copy->getComponents(), 3);
+    EXPECT_EQ(pixelsOf(copy), pattern(4, 3, 3, 7));
+    EXPECT_EQ(second->getTexture()->getFormat(), csTexture::RGB);
+    EXPECT_EQ(second->getTexture()->getMinFilter(), csTexture::MIPMAP_LINEAR);
+    EXPECT_EQ(textureOf(scene, 1), second->getTexture());
+
+    // Repeat modes are each texture's own.
+    EXPECT_EQ(first->getTexture()->getRepeatS(), csTexture::CLAMP);
+    EXPECT_EQ(first->getTexture()->getRepeatT(), csTexture::REPEAT);
+    EXPECT_EQ(second->getTexture()->getRepeatS(), csTexture::REPEAT);
+    EXPECT_EQ(second->getTexture()->getRepeatT(), csTexture::CLAMP);
+}
+
+TEST_F(ImageTextureLoad, CacheSwitchedOffReadsTheFileForEachTexture) {
+    writePng(beside("uncached.png"), 2, 2, 3);
+    ScopedEnv off("ZN_CACHE_IMAGES", "0");
+    world.load(texturedShape("A", "url \"uncached.png\"") + texturedShape("B", "url \"uncached.png\""));
+    for (const char* def : {"A", "B"}) {
+        SCOPED_TRACE(def);
+        optImageTexture* node = texture(def);
+        ASSERT_NE(node, nullptr);
+        EXPECT_STREQ(node->getFileName(), beside("uncached.png").c_str());
+        EXPECT_EQ(node->getImageRecord(), nullptr);
+        ASSERT_NE(node->getTexture()->getImage(), nullptr);
+        EXPECT_EQ(node->isImageReady(), 1);
+    }
+    // Nothing was cached either: with the cache back on the file is read.
+    ScopedEnv on("ZN_CACHE_IMAGES", "");
+    world.load(texturedShape("C", "url \"uncached.png\""));
+    EXPECT_NE(texture("C")->getFileName(), nullptr);
+}
+
+TEST(optImageTexture, CacheIsOffOnlyForTextsBeginningWithFOr0) {
+    for (const char* off : {"0", "F", "f", "false", "FALSE", "0x1"}) EXPECT_FALSE(optImageTexture::cachingImages(off)) << off;
+    for (const char* on : {"", "1", "true", "yes", "no", " 0"}) EXPECT_TRUE(optImageTexture::cachingImages(on)) << on;
+    EXPECT_TRUE(optImageTexture::cachingImages(nullptr));
+}
+
+TEST_F(ImageTextureLoad, RemoteImageGoesThroughTheURLCache) {
+    writePng(beside("served.png"), 2, 3, 3, 5);
+    const std::string bytes = wrltest::readFile(beside("served.png"));
+    TempDir tmp;
+    ScopedEnv tmpPath("ZN_TMP_PATH", tmp.path().c_str());
+    ScopedEnv noProxy("ZNPROXY", nullptr);
+    zn_URL_web::remoteRequests = 1;  // past the note on proxies
+    wrltest::TestHttpServer server(bytes);
+    const std::string address = server.url("/images/remote_served.png");
+
+    world.load(texturedShape("R", "url \"" + address + "\""));
+    optImageTexture* remote = texture("R");
+    ASSERT_NE(remote, nullptr);
+    const std::string cached = tmp.path() + "/.zncacheremote_served.png";
+    EXPECT_STREQ(remote->getFileName(), cached.c_str());
+    EXPECT_EQ(wrltest::readFile(cached), bytes);
+    ASSERT_NE(remote->getTexture()->getImage(), nullptr);
+    EXPECT_EQ(pixelsOf(remote->getTexture()->getImage()), pattern(2, 3, 3, 5));
+    server.stop();
+    EXPECT_EQ(server.requests(), std::vector<std::string>{"GET /images/remote_served.png\n"});
+
+    // With the image cache off the file is read again, from the URL cache:
+    // the server is gone.
+    ScopedEnv off("ZN_CACHE_IMAGES", "f");
+    world.load(texturedShape("S", "url \"" + address + "\""));
+    EXPECT_STREQ(texture("S")->getFileName(), cached.c_str());
+    EXPECT_NE(texture("S")->getTexture()->getImage(), nullptr);
+}
+
+TEST_F(ImageTextureLoad, MissingAndUnreadableFilesAreReportedAndSkipped) {
+    FILE* junk = std::fopen(beside("junk.png").c_str(), "w");
+    ASSERT_NE(junk, nullptr);
+    std::fputs("this is no picture at all", junk);
+    std::fclose(junk);
+    writePng(beside("whole.png"), 8, 8, 3);
+    const std::string whole = wrltest::readFile(beside("whole.png"));
+    FILE* cut = std::fopen(beside("cut.png").c_str(), "wb");
+    ASSERT_NE(cut, nullptr);
+    std::fwrite(whole.data(), 1, whole.size() / 2, cut);
+    std::fclose(cut);
+    writePng(beside("third.png"), 1, 1, 3);
+
+    world.load(texturedShape("T", "url [ \"absent.png\" \"junk.png\" \"cut.png\" \"third.png\" ]"));
+    const std::string& errors = world.lastErrors();
+    EXPECT_THAT(errors, HasSubstr(messageLine("optImageTexture:  Can't open absent.png!")));
+    EXPECT_THAT(errors, HasSubstr(messageLine("optImageTexture:  Can't open junk.png!")));
+    EXPECT_THAT(errors, HasSubstr(messageLine("optImageTexture:  Can't open cut.png!")));
+    EXPECT_THAT(errors, HasSubstr("csTexture: cannot read image " + beside("junk.png") + ": " +
+                                  kCsImageUnknownFormat + "\n"));
+    EXPECT_THAT(errors, HasSubstr("csTexture: cannot read image " + beside("cut.png") + ": " + kCsImageCorrupt));
+    EXPECT_THAT(errors, Not(HasSubstr("third.png!")));
+    optImageTexture* node = texture("T");
+    ASSERT_NE(node, nullptr);
+    EXPECT_EQ(node->isImageReady(), 1);
+    EXPECT_STREQ(node->getFileName(), beside("third.png").c_str());
+
+    // Only the name that gave an image is cached: the failures come again.
+    world.load(texturedShape("U", "url [ \"absent.png\" \"junk.png\" \"cut.png\" \"third.png\" ]"));
+    EXPECT_THAT(world.lastErrors(), HasSubstr(messageLine("optImageTexture:  Can't open junk.png!")));
+    EXPECT_EQ(texture("U")->getFileName(), nullptr) << "the third name came from the cache";
+}
+
+TEST_F(ImageTextureLoad, NoUsableURLLeavesATextureWithoutImage) {
+    csEnvironment* scene = world.load(texturedShape("E", "url [ ]") + texturedShape("M", "url \"nowhere.png\"") +
+                                      "Shape { appearance Appearance { texture ImageTexture { } } }\n");
+    ASSERT_NE(textureOf(scene, 2), nullptr);
+    EXPECT_STREQ(textureOf(scene, 2)->getName(), "Unnamed ImageTexture Node");
+    EXPECT_EQ(world.lastErrors(), messageLine("Done loading URL:  world1.wrl") +
+                                      messageLine("optImageTexture:  Can't open nowhere.png!"))
+        << "an empty url is no failure";
+    for (const char* def : {"E", "M"}) {
+        SCOPED_TRACE(def);
+        optImageTexture* node = texture(def);
+        ASSERT_NE(node, nullptr);
+        EXPECT_EQ(node->isImageReady(), 0);
+        EXPECT_EQ(node->getTexture()->getImage(), nullptr);
+        EXPECT_EQ(node->getFileName(), nullptr);
+    }
+}
+
+TEST_F(ImageTextureLoad, URLLongerThanAPathBufferIsRefusedNotCut) {
+    const std::string longName(2000, 'x');
+    writePng(beside("short.png"), 1, 1, 3);
+    world.load(texturedShape("T", "url [ \"" + longName + ".png\" \"short.png\" ]"));
+    EXPECT_THAT(world.lastErrors(), HasSubstr(messageLine("optImageTexture:  Can't open " + longName + ".png!")));
+    ASSERT_NE(texture("T"), nullptr);
+    EXPECT_STREQ(texture("T")->getFileName(), beside("short.png").c_str());
+}
+
+TEST_F(ImageTextureLoad, NewURLReplacesTheImage) {
+    writePng(beside("before.png"), 1, 1, 3);
+    writePng(beside("after.png"), 2, 1, 4);
+    world.load(texturedShape("T", "url \"before.png\""));
+    optImageTexture* node = texture("T");
+    ASSERT_NE(node, nullptr);
+
+    MFString urls;
+    std::string name = "after.png";
+    urls.addValue(name);
+    node->set_url(urls, 1.0);
+    EXPECT_STREQ(node->getFileName(), beside("after.png").c_str());
+    ASSERT_NE(node->getTexture()->getImage(), nullptr);
+    EXPECT_EQ(node->getTexture()->getImage()->getWidth(), 2);
+    EXPECT_EQ(node->getTexture()->getFormat(), csTexture::RGBA);
+}
+
+TEST_F(ImageTextureLoad, CachingANameTwiceKeepsTheFirstEntry) {
+    writePng(beside("twice.png"), 1, 1, 3);
+    world.load(texturedShape("T", "url \"twice.png\""));
+    optImageTexture* node = texture("T");
+    ASSERT_NE(node, nullptr);
+    const znImage* first = node->getImageRecord();
+
+    testing::internal::CaptureStderr();
+    node->cacheImage("twice.png", std::make_shared<znImage>());
+    node->cacheImage("twice.png", nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              alertLine("WARNING:  Couldn't add twice.png to image cache.\n"));
+    EXPECT_EQ(node->findCachedImage("twice.png").get(), first);
+
+    // A forgotten name is read from its file again.
+    node->removeCachedImage("twice.png");
+    EXPECT_EQ(node->findCachedImage("twice.png"), nullptr);
+    world.load(texturedShape("U", "url \"twice.png\""));
+    EXPECT_NE(texture("U")->getFileName(), nullptr);
+}
+
+TEST_F(ImageTextureLoad, CachedRecordThatDoesNotMatchItsBytesIsPassedOver) {
+    writePng(beside("mismatch.png"), 2, 2, 3);
+    world.load(texturedShape("T", "url [ ]"));
+    auto odd = std::make_shared<znImage>();
+    odd->width = 2;
+    odd->height = 2;
+    odd->components = 9;
+    odd->bytes.resize(36);
+    texture("T")->cacheImage("mismatch.png", odd);
+
+    world.load(texturedShape("U", "url \"mismatch.png\""));
+    optImageTexture* node = texture("U");
+    ASSERT_NE(node, nullptr);
+    EXPECT_STREQ(node->getFileName(), beside("mismatch.png").c_str()) << "read from the file instead";
+    EXPECT_THAT(world.lastErrors(), HasSubstr(alertLine("WARNING:  Couldn't add mismatch.png to image cache.\n")));
+    ASSERT_NE(node->getTexture()->getImage(), nullptr);
+    EXPECT_EQ(node->getTexture()->getImage()->getComponents(), 3);
+}
+
+TEST_F(ImageTextureLoad, ShippedExampleFindsItsPictureFromAnyDirectory) {
+    TempDir elsewhere;
+    wrltest::ScopedDirectory cwd(elsewhere.path());
+    csEnvironment* scene = world.loadFile(WRL_SOURCE_DIR "/data/examples/textured.wrl");
+    ASSERT_NE(scene, nullptr);
+    EXPECT_THAT(world.lastErrors(), Not(HasSubstr("Can't open")));
+    optImageTexture* checker = texture("CHECKER");
+    ASSERT_NE(checker, nullptr);
+    ASSERT_NE(checker->getTexture()->getImage(), nullptr);
+    EXPECT_EQ(checker->getTexture()->getImage()->getWidth(), 8);
+    EXPECT_EQ(checker->getImageRecord()->hits, 1) << "the second box takes the cached picture";
+}

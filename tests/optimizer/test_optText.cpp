@@ -1,0 +1,171 @@
+// Text and FontStyle: the joined string, the face from family and style,
+// the size, the colour from the material, and refreshes after a change.
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+#include "csAppearance.h"
+#include "csScreenAlignedText.h"
+#include "csTransform.h"
+#include "opRep.h"
+#include "optimizer/optFontStyle.h"
+#include "optimizer/optText.h"
+#include "scene_world.h"
+
+using wrltest::childAs;
+using wrltest::SceneLoad;
+
+namespace {
+
+opRep* repOf(csEnvironment* scene, int index) {
+    return childAs<opRep>(childAs<csTransform>(childAs<csGroup>(scene, index), 0), 0);
+}
+
+// The text that the top-level shape `index` shows, or null.
+csScreenAlignedText* textOf(csEnvironment* scene, int index) {
+    opRep* rep = repOf(scene, index);
+    if (!rep || rep->getGeometryCount() != 1) return nullptr;
+    csGeometry* geometry = rep->getGeometry(0);
+    return geometry->isOfType(csScreenAlignedText::getClassType()) ? static_cast<csScreenAlignedText*>(geometry)
+                                                                   : nullptr;
+}
+
+void expectColour(const csScreenAlignedText* text, float r, float g, float b) {
+    const csVec4f& colour = text->getColor();
+    EXPECT_FLOAT_EQ(colour[0], r);
+    EXPECT_FLOAT_EQ(colour[1], g);
+    EXPECT_FLOAT_EQ(colour[2], b);
+    EXPECT_FLOAT_EQ(colour[3], 1.0f);
+}
+
+}  // namespace
+
+TEST(optText, StringsAreJoinedIntoLinesInTheDefaultFace) {
+    SceneLoad world;
+    csEnvironment* scene = world.load("Shape { geometry Text { string [ \"first\" \"second line\" ] } }\n"
+                                      "Shape { geometry DEF EMPTY Text { } }\n");
+    csScreenAlignedText* text = textOf(scene, 0);
+    ASSERT_NE(text, nullptr);
+    EXPECT_STREQ(text->getName(), "Unnamed Text Node");
+    EXPECT_STREQ(text->getText().getString(), "first\nsecond line\n");
+    EXPECT_EQ(text->getFace(), 0);
+    EXPECT_EQ(text->getSize(), 50);
+
+    csScreenAlignedText* empty = textOf(scene, 1);
+    ASSERT_NE(empty, nullptr);
+    EXPECT_STREQ(empty->getName(), "EMPTY");
+    EXPECT_STREQ(empty->getText().getString(), "");
+}
+
+TEST(optText, FamilyAndStyleChooseTheFaceAndSizeIsTenPointsAUnit) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "Shape { geometry Text { string \"a\" fontStyle FontStyle { family \"SANS\" style \"BOLD\" } } }\n"
+        "Shape { geometry Text { string \"b\" fontStyle FontStyle { family [ \"SANS\" \"SERIF\" ] style "
+        "\"BOLDITALIC\" size 2.55 } } }\n"
+        "Shape { geometry Text { string \"c\" fontStyle FontStyle { family \"TYPEWRITER\" style \"ITALIC\" } } }\n"
+        "Shape { geometry Text { string \"d\" fontStyle FontStyle { size 0.5 } } }\n");
+    const int faces[] = {6, 7, 1, 0};
+    const int sizes[] = {10, 25, 10, 5};
+    for (int i = 0; i < 4; ++i) {
+        SCOPED_TRACE(i);
+        csScreenAlignedText* text = textOf(scene, i);
+        ASSERT_NE(text, nullptr);
+        EXPECT_EQ(text->getFace(), faces[i]);
+        EXPECT_EQ(text->getSize(), sizes[i]);
+    }
+}
+
+TEST(optFontStyle, NamesMatchExactlyAndSizesAreHeldToTheRangeOfInt) {
+    EXPECT_EQ(optFontStyle::faceFor("SANS", "PLAIN"), 4);
+    EXPECT_EQ(optFontStyle::faceFor("sans", "bold"), 0);
+    EXPECT_EQ(optFontStyle::faceFor(nullptr, nullptr), 0);
+    EXPECT_EQ(optFontStyle::sizeFor(0.99f), 9);
+    EXPECT_EQ(optFontStyle::sizeFor(1e30f), std::numeric_limits<int>::max());
+    EXPECT_EQ(optFontStyle::sizeFor(-1e30f), std::numeric_limits<int>::min());
+    EXPECT_EQ(optFontStyle::sizeFor(std::numeric_limits<float>::quiet_NaN()), 0);
+}
+
+TEST(optText, ColourIsTheGlowOrElseTheDiffuseColourAndTheTextIsUnlit) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "Shape { appearance Appearance { material Material { diffuseColor 1 0.5 0 } } geometry Text { } }\n"
+        "Shape { appearance Appearance { material Material { diffuseColor 1 0.5 0 emissiveColor 0 0 1 } }"
+        " geometry Text { } }\n"
+        "Shape { geometry Text { } }\n");
+    csScreenAlignedText* diffuse = textOf(scene, 0);
+    csScreenAlignedText* glow = textOf(scene, 1);
+    csScreenAlignedText* plain = textOf(scene, 2);
+    ASSERT_NE(diffuse, nullptr);
+    ASSERT_NE(glow, nullptr);
+    ASSERT_NE(plain, nullptr);
+    expectColour(diffuse, 1.0f, 0.5f, 0.0f);
+    expectColour(glow, 0.0f, 0.0f, 1.0f);
+    expectColour(plain, 1.0f, 1.0f, 1.0f);  // the default appearance glows white
+    for (int i = 0; i < 3; ++i) EXPECT_FALSE(repOf(scene, i)->getAppearance()->getLightEnable()) << i;
+}
+
+TEST(optText, ChangesReachTheTextThroughTheRefreshPass) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "DEF S Shape { geometry DEF T Text { string \"old\" fontStyle FontStyle { style \"BOLD\" } } }\n"
+        "DEF F FontStyle { family \"SANS\" size 3 }\n");
+    auto* node = dynamic_cast<optText*>(world.builtinNamed("T"));
+    Builtin* shape = world.builtinNamed("S");
+    ASSERT_NE(node, nullptr);
+    ASSERT_NE(shape, nullptr);
+    csScreenAlignedText* text = textOf(scene, 0);
+    ASSERT_EQ(text, node->getText());
+    EXPECT_EQ(text->getFace(), 2);
+
+    MFString strings;
+    std::string one = "new", two = "lines";
+    strings.addValue(one);
+    strings.addValue(two);
+    node->set_string(strings, 1.0);
+    SFNode style(*dynamic_cast<BaseNode*>(world.builtinNamed("F")));
+    node->set_fontStyle(style, 1.0);
+    EXPECT_STREQ(text->getText().getString(), "old\n") << "not before the pass";
+
+    SFTime time(1.0);
+    shape->action(time, kActionRefresh, nullptr);
+    EXPECT_STREQ(text->getText().getString(), "new\nlines\n");
+    EXPECT_EQ(text->getFace(), 4);
+    EXPECT_EQ(text->getSize(), 30);
+
+    // Length and extent are kept and change nothing that shows.
+    MFFloat lengths;
+    lengths.addValue(2.0f);
+    node->set_length(lengths, 1.0);
+    SFFloat extent(4.0f);
+    node->set_maxExtent(extent, 1.0);
+    text->setText(csString("mark"));
+    shape->action(time, kActionRefresh, nullptr);
+    EXPECT_STREQ(text->getText().getString(), "mark");
+}
+
+TEST(optText, NodesOfTheWrongTypeInTextFieldsBuildNothing) {
+    SceneLoad world;
+    csEnvironment* scene = world.load("Shape { geometry FontStyle { family \"SANS\" } }\n"
+                                      "Shape { geometry Text { string \"x\" fontStyle Material { } } }\n");
+    opRep* styleShape = repOf(scene, 0);
+    ASSERT_NE(styleShape, nullptr);
+    EXPECT_EQ(styleShape->getGeometryCount(), 0) << "a font style is no geometry";
+    csScreenAlignedText* text = textOf(scene, 1);
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->getFace(), 0);
+    EXPECT_EQ(text->getSize(), 50);
+}
+
+TEST(optText, ShippedExampleShowsItsTexts) {
+    SceneLoad world;
+    csEnvironment* scene = world.loadFile(WRL_SOURCE_DIR "/data/examples/text.wrl");
+    ASSERT_NE(scene, nullptr);
+    auto* title = dynamic_cast<optText*>(world.builtinNamed("TITLE"));
+    ASSERT_NE(title, nullptr);
+    EXPECT_STREQ(title->getText()->getText().getString(), "A title\n");
+    EXPECT_EQ(title->getText()->getFace(), 6);
+    EXPECT_EQ(title->getText()->getSize(), 24);
+    expectColour(title->getText(), 1.0f, 0.8f, 0.0f);
+}
