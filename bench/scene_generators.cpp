@@ -101,15 +101,18 @@ std::string manyProtoInstances(std::size_t targetBytes) {
     std::string out;
     out.reserve(targetBytes + 4096);
     out += kHeader;
-    out += "PROTO Post [ field SFVec3f at 0 0 0 field SFColor tint 1 1 1 ] {\n"
+    out += "PROTO Post [ field SFVec3f at 0 0 0 field SFColor tint 1 1 1 field SFVec3f size 0.2 1 0.2 ] {\n"
            "  Transform { translation IS at children Shape {\n"
            "    appearance Appearance { material Material { diffuseColor IS tint } }\n"
-           "    geometry Box { size 0.2 1 0.2 } } }\n"
+           "    geometry Box { size IS size } } }\n"
            "}\n";
+    // About 104 bytes an instance: 96,000 of them make 10 MB.
     for (long i = 0; out.size() < targetBytes; ++i) {
-        char buffer[128];
-        int n = std::snprintf(buffer, sizeof buffer, "Post { at %ld 0 %ld tint 0.%02ld 0.5 0.5 }\n", i % 1000, i / 1000,
-                              i % 100);
+        char buffer[160];
+        int n = std::snprintf(buffer, sizeof buffer,
+                              "DEF P%07ld Post { at %ld.000 0.000 %ld.000 tint 0.%02ld0 0.500 0.500 size 0.200 1.000 "
+                              "0.200 }\n",
+                              i, i % 1000, i / 1000, i % 100);
         out.append(buffer, static_cast<std::size_t>(n));
     }
     return out;

@@ -62,6 +62,7 @@ znBrowserIntern::~znBrowserIntern() {
         resolveStack.pop();
     }
     for (const char* url : pendingURLs) std::free(const_cast<char*>(url));
+    for (char* url : typeURLs) std::free(url);
 }
 
 const char* znBrowserIntern::getName() { return kBrowserName; }

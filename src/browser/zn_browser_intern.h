@@ -170,6 +170,9 @@ private:
     // addSimManager replaces it and is the application's.
     znSimManager* simManager;
     std::list<int> topLevel;
+    // The implementation references of the types, which their interfaces
+    // may keep.
+    std::vector<char*> typeURLs;  // owning, strdup
 };
 
 // Free helpers of the text conversion.

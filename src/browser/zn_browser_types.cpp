@@ -22,8 +22,9 @@ int znBrowserIntern::addType(_zndbProto* proto, _zndbData* fields) {
     } else {
         std::string converted;
         vrml2data(&converted, SFStringType, urlText);
-        // The interface may keep the text: it lives as long as the process.
-        urls.push_back(strdup(converted.c_str()));
+        // The interface may keep the text: it lives as long as the browser.
+        typeURLs.push_back(strdup(converted.c_str()));
+        urls.push_back(typeURLs.back());
     }
     auto* type = new znNodeType(proto->id, proto->name, urls, this, proto->isSensor, proto->bodyIsGrouping,
                                 proto->init);
