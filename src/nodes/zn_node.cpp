@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <ostream>
-#include <set>
+#include <vector>
 
 #include "browser/zn_browser.h"
 #include "fields/zn_exception.h"
@@ -25,7 +25,7 @@ constexpr int kPlainNameOffset = 7;
 }  // namespace
 
 znNode::znNode(int nodeID, const char* nodeName, znNodeType* type, Browser* b)
-    : browser(b), nodeType(type), id(nodeID), name{}, firstNode(nullptr), parent(nullptr),
+    : browser(b), nodeType(type), id(nodeID), name(nullptr), firstNode(nullptr), parent(nullptr),
       firstNodeID(0), cppScript(nullptr), depth(0), toplevel(0), scriptInterfaces(nullptr),
       urlBase(nullptr), dirty(0), scriptEnabled(0) {
     if (!nodeName || !type || !b) {
@@ -35,18 +35,24 @@ znNode::znNode(int nodeID, const char* nodeName, znNodeType* type, Browser* b)
     if (ZN* system = b->getZN()) scriptInterfaces = system->scriptInterfaces;
     scriptEnabled = scriptInterfaces ? scriptInterfaces->isEnabled(type->getScriptID()) : 1;
     type->setPaused(0);
-    znCopyCut(name, nodeName);
+    const std::size_t length = std::min(std::strlen(nodeName), kNameLength - 1);
+    name = static_cast<char*>(std::malloc(length + 1));
+    if (name == nullptr) znOutOfMemory();
+    std::memcpy(name, nodeName, length);
+    name[length] = '\0';
     internal = new znInternal(b, this);
 }
 
 znNode::~znNode() {
     shutdown();
     // A hole not yet filled repeats a pointer: each field goes once.
-    std::set<znField*> destroyed;
-    for (znField* f : fields)
-        if (f && destroyed.insert(f).second) delete f;
+    std::vector<znField*> owned(fields);
+    std::sort(owned.begin(), owned.end());
+    owned.erase(std::unique(owned.begin(), owned.end()), owned.end());
+    for (znField* f : owned) delete f;
     std::free(parent);
     std::free(urlBase);
+    std::free(name);
 }
 
 // --- Name lookups ------------------------------------------------------------

@@ -106,7 +106,10 @@ private:
     znNodeType* nodeType;    // borrowed
     int id;
     std::vector<znField*> fields;  // owning; a hole repeats a pointer until filled
-    char name[256];
+    // Owning, at most kNameLength - 1 characters: a world has a name per
+    // node, most of them short.
+    char* name;
+    static constexpr std::size_t kNameLength = 256;
     znNode* firstNode;       // borrowed: first node of a PROTO body
     char* parent;            // owning, strdup copy
     int firstNodeID;
