@@ -25,14 +25,18 @@
 #include "vrmlnodes/TextureTransform.h"
 #include "vrmlnodes/Transform.h"
 #include "optimizer/optAppearance.h"
+#include "optimizer/optBox.h"
 #include "optimizer/optCollision.h"
 #include "optimizer/optColor.h"
+#include "optimizer/optCone.h"
 #include "optimizer/optCoordinate.h"
+#include "optimizer/optCylinder.h"
 #include "optimizer/optGroup.h"
 #include "optimizer/optIndexedFaceSet.h"
 #include "optimizer/optMaterial.h"
 #include "optimizer/optNormal.h"
 #include "optimizer/optShape.h"
+#include "optimizer/optSphere.h"
 #include "optimizer/optSwitch.h"
 #include "optimizer/optTextureCoordinate.h"
 #include "optimizer/optTextureTransform.h"
@@ -72,6 +76,10 @@ template <> struct BackEnd<Coordinate> { using type = optCoordinate; };
 template <> struct BackEnd<IndexedFaceSet> { using type = optIndexedFaceSet; };
 template <> struct BackEnd<Normal> { using type = optNormal; };
 template <> struct BackEnd<TextureCoordinate> { using type = optTextureCoordinate; };
+template <> struct BackEnd<Box> { using type = optBox; };
+template <> struct BackEnd<Cone> { using type = optCone; };
+template <> struct BackEnd<Cylinder> { using type = optCylinder; };
+template <> struct BackEnd<Sphere> { using type = optSphere; };
 
 template <class T>
 using BackEndOf = typename BackEnd<T>::type;
