@@ -33,8 +33,10 @@
 #include "optimizer/optCylinder.h"
 #include "optimizer/optGroup.h"
 #include "optimizer/optIndexedFaceSet.h"
+#include "optimizer/optIndexedLineSet.h"
 #include "optimizer/optMaterial.h"
 #include "optimizer/optNormal.h"
+#include "optimizer/optPointSet.h"
 #include "optimizer/optShape.h"
 #include "optimizer/optSphere.h"
 #include "optimizer/optSwitch.h"
@@ -76,6 +78,8 @@ template <> struct BackEnd<Coordinate> { using type = optCoordinate; };
 template <> struct BackEnd<IndexedFaceSet> { using type = optIndexedFaceSet; };
 template <> struct BackEnd<Normal> { using type = optNormal; };
 template <> struct BackEnd<TextureCoordinate> { using type = optTextureCoordinate; };
+template <> struct BackEnd<IndexedLineSet> { using type = optIndexedLineSet; };
+template <> struct BackEnd<PointSet> { using type = optPointSet; };
 template <> struct BackEnd<Box> { using type = optBox; };
 template <> struct BackEnd<Cone> { using type = optCone; };
 template <> struct BackEnd<Cylinder> { using type = optCylinder; };
