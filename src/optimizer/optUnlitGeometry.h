@@ -43,8 +43,8 @@ public:
     Geometry* getGeometry() const { return geometry.get(); }
 
 protected:
-    // `unnamed` is the geometry's name when the node has no DEF name.
-    optUnlitGeometry(znInternal* pair, const char* unnamed) : BaseNode(pair), Node(pair), unnamed(unnamed) {
+    // `unnamedName` is the geometry's name when the node has no DEF name.
+    optUnlitGeometry(znInternal* pair, const char* unnamedName) : BaseNode(pair), Node(pair), unnamed(unnamedName) {
         geometry.reset(new Geometry());
         geometry->setName(objectName());
     }

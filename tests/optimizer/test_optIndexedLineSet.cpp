@@ -200,6 +200,18 @@ TEST(optIndexedLineSet, HostileIndexListsBuildWithoutHarm) {
     }
 }
 
+TEST(optIndexedLineSet, NothingIsBuiltWithoutAFetchThatBringsAState) {
+    FaceSetWorld world(lineSet("coordIndex [ 0 1 2 ]"));
+    SFTime time(-1.0);
+    auto* set = csObject::fromHandleAs<csIndexedLineSet>(world.node("L")->action(time, kActionFetch, nullptr));
+    ASSERT_NE(set, nullptr);
+    UnlitLook look;
+    lines(world, look, kActionTopLevel);
+    EXPECT_EQ(set->getCoordSet(), nullptr);
+    EXPECT_EQ(world.object<optIndexedLineSet>("L")->isBuilt(), 0);
+    EXPECT_TRUE(look.appearance->getLightEnable());
+}
+
 // ---- Refreshing after changes
 
 TEST(optIndexedLineSet, NewCoordIndexRepacksTheLinesAndRebindsTheirColours) {
