@@ -1,19 +1,16 @@
 #include "optimizer/optIndexedFaceSet.h"
 
 #include <algorithm>
-#include <climits>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <string>
 
 #include "csAppearance.h"
 #include "csBoxBound.h"
 #include "csTexture.h"
 #include "fields/zn_array.h"
-#include "loader/zn_interfaces.h"
-#include "nodes/zn_node.h"
+#include "optimizer/opt_geometry.h"
 #include "optimizer/optimizer_messages.h"
 #include "vrmlnodes/Color.h"
 #include "vrmlnodes/Coordinate.h"
@@ -22,77 +19,11 @@
 
 namespace {
 
-constexpr int kTerminator = -1;
 // Below this in every component, the cross product of two edges is taken
 // for zero: the corner is collinear and gives the face no normal.
 constexpr float kCollinear = 0.0001f;
-// PROTO instances stand in front of their first body node; no sane world
-// nests them deeper than this.
-constexpr int kMaxProtoChain = 256;
 // A texture of three components takes over from per-vertex colours.
 const csVec4f kTexturedGrey(0.8f, 0.8f, 0.8f, 1.0f);
-
-int countOf(const std::vector<int>& list) {
-    return list.size() > static_cast<size_t>(INT_MAX) ? INT_MAX : static_cast<int>(list.size());
-}
-
-// Copies `list` into `out` from the front, walking it backwards when
-// `reverse`; terminators are skipped unless `keepTerminators`.
-void copyIndexes(const std::vector<int>& list, csMFInt& out, bool reverse, bool keepTerminators) {
-    const int n = std::min(countOf(list), out.getCount());
-    int next = 0;
-    for (int i = 0; i < n; ++i) {
-        const int e = list[static_cast<size_t>(reverse ? n - 1 - i : i)];
-        if (e != kTerminator || keepTerminators) out.set(next++, e);
-    }
-}
-
-bool flagOf(SFBool* field, bool fallback) { return field ? field->getValue() != 0 : fallback; }
-
-// The values of an index field, read in place; an absent field reads empty.
-const std::vector<int>& valuesOf(MFInt32* field) {
-    static const std::vector<int> none;
-    if (!field) return none;
-    std::vector<int>* values = nullptr;
-    field->getValue(&values);
-    return values ? *values : none;
-}
-
-std::vector<int> listOf(MFInt32* field) { return valuesOf(field); }
-
-bool dirty(Field* field) { return field && field->isDirty(); }
-void clean(Field* field) {
-    if (field) field->makeClean();
-}
-
-// The class behind a child node: its own compiled object, or for a PROTO
-// instance that of the first node of its body.
-template <class T>
-T* nodeBehind(Builtin* child) {
-    auto* node = dynamic_cast<znNode*>(child);
-    for (int hops = 0; node && hops < kMaxProtoChain; ++hops) {
-        if (Builtin* script = node->getCPPScript()) return dynamic_cast<T*>(script);
-        node = node->getFirstNode();
-    }
-    return dynamic_cast<T*>(child);
-}
-
-// The set that a child answers to a fetch, or null when there is no child
-// or it answers something else.
-template <class Set>
-Set* fetch(Builtin* child, SFTime& time) {
-    if (!child) return nullptr;
-    return csObject::fromHandleAs<Set>(child->action(time, kActionFetch, nullptr));
-}
-
-std::string format(const char* pattern, const char* text) {
-    int size = std::snprintf(nullptr, 0, pattern, text);
-    if (size < 0) return pattern;
-    std::string out(static_cast<size_t>(size) + 1, '\0');
-    std::snprintf(&out[0], out.size(), pattern, text);
-    out.resize(static_cast<size_t>(size));
-    return out;
-}
 
 // Whether two unit normals lie within the crease angle: acos(dot) at most
 // the angle, with the dot product taken in single precision and a product
@@ -143,7 +74,7 @@ private:
 // that names no point is mended to the first point when below -1, else to
 // the last.
 int mended(int e, int points) {
-    if (e < kTerminator) return 0;
+    if (e < kOptTerminator) return 0;
     if (e >= points) return points - 1;
     return e;
 }
@@ -164,7 +95,7 @@ const char* optIndexedFaceSet::objectName() {
     return name ? name : kUnnamedIndexedFaceSet;
 }
 
-bool optIndexedFaceSet::counterClockwise() const { return flagOf(ccw, true); }
+bool optIndexedFaceSet::counterClockwise() const { return optFlag(ccw, true); }
 
 bool optIndexedFaceSet::hasRGBTexture() const {
     csAppearance* appearance = csObject::fromHandleAs<csAppearance>(appearanceHandle);
@@ -172,24 +103,18 @@ bool optIndexedFaceSet::hasRGBTexture() const {
     return texture && texture->getFormat() == csTexture::RGB;
 }
 
-Coordinate* optIndexedFaceSet::coordNode() const { return nodeBehind<Coordinate>(coordObject); }
-Color* optIndexedFaceSet::colorNode() const { return nodeBehind<Color>(colorObject); }
-TextureCoordinate* optIndexedFaceSet::texCoordNode() const { return nodeBehind<TextureCoordinate>(texCoordObject); }
-Normal* optIndexedFaceSet::normalNode() const { return nodeBehind<Normal>(normalObject); }
+Coordinate* optIndexedFaceSet::coordNode() const { return optNodeBehind<Coordinate>(coordObject); }
+Color* optIndexedFaceSet::colorNode() const { return optNodeBehind<Color>(colorObject); }
+TextureCoordinate* optIndexedFaceSet::texCoordNode() const { return optNodeBehind<TextureCoordinate>(texCoordObject); }
+Normal* optIndexedFaceSet::normalNode() const { return optNodeBehind<Normal>(normalObject); }
 
-int optIndexedFaceSet::pointCount() const {
-    if (!coords) return 0;
-    int count = coords->point().getCount();
-    Coordinate* node = coordNode();
-    if (node && node->getPoint() && node->getPoint()->getSize() < count) count = node->getPoint()->getSize();
-    return count;
-}
+int optIndexedFaceSet::pointCount() const { return optPointCount(coords.get(), coordNode()); }
 
 // ---- Data sets ------------------------------------------------------------------
 
 void optIndexedFaceSet::recalcCoord(csCoordSet3f* set) {
     if (!set) {
-        znAlert(format(kGeometryHasNoCoordinates, objectName()).c_str());
+        optAlertNoCoordinates(objectName());
         return;
     }
     coords.reset(set);
@@ -263,8 +188,8 @@ void optIndexedFaceSet::generateTexCoords() {
 // another are averaged. Corners are bucketed by point, so the work is
 // linear in the corners and quadratic only in the corners at one point.
 void optIndexedFaceSet::generateNormals() {
-    const std::vector<int>& list = valuesOf(coordIndex);
-    const int length = countOf(list);
+    const std::vector<int>& list = optValuesOf(coordIndex);
+    const int length = optCountOf(list);
     const int points = pointCount();
     const csVec3f* point = coords ? coords->point().getData() : nullptr;
     auto* normalSet = new csNormalSet3f(length);
@@ -275,7 +200,7 @@ void optIndexedFaceSet::generateNormals() {
     csMFInt& indexOut = indexSet->index();
 
     const bool reverse = !counterClockwise();
-    const int walked = (reverse && length > 0 && list[static_cast<size_t>(length - 1)] == kTerminator) ? length - 1 : length;
+    const int walked = (reverse && length > 0 && list[static_cast<size_t>(length - 1)] == kOptTerminator) ? length - 1 : length;
     auto entry = [&](int i) { return list[static_cast<size_t>(reverse ? walked - 1 - i : i)]; };
 
     // Face normals, and the number of corners at each point.
@@ -287,11 +212,11 @@ void optIndexedFaceSet::generateNormals() {
     csVec3f faceNormal, triple[3];
     for (int i = 0; i < walked; ++i) {
         int e = entry(i);
-        if (e < kTerminator || e >= points) {
+        if (e < kOptTerminator || e >= points) {
             std::fprintf(stderr, "%s%d\n", kInvalidIndex, e);
             e = mended(e, points);
         }
-        if (e == kTerminator) {
+        if (e == kOptTerminator) {
             hasNormal = false;
             faceStart = corner;
             inFace = 0;
@@ -338,8 +263,8 @@ void optIndexedFaceSet::generateNormals() {
     std::vector<int> cornersAt(static_cast<size_t>(start[static_cast<size_t>(points)]));
     for (int i = walked - 1; i >= 0; --i) {
         int e = entry(i);
-        if (e < kTerminator || e >= points) e = mended(e, points);
-        if (e == kTerminator) continue;
+        if (e < kOptTerminator || e >= points) e = mended(e, points);
+        if (e == kOptTerminator) continue;
         --corner;
         if (e < points) cornersAt[static_cast<size_t>(--start[static_cast<size_t>(e) + 1])] = corner;
     }
@@ -378,31 +303,16 @@ void optIndexedFaceSet::recalcCoordIndex(std::vector<int>* list) {
     if (!list || list->empty()) return;
     const bool reverse = !counterClockwise();
     if (!reverse) {
-        if (list->back() != kTerminator) list->push_back(kTerminator);
+        if (list->back() != kOptTerminator) list->push_back(kOptTerminator);
     } else {
-        if (list->back() == kTerminator) list->pop_back();
-        list->insert(list->begin(), kTerminator);
+        if (list->back() == kOptTerminator) list->pop_back();
+        list->insert(list->begin(), kOptTerminator);
     }
-    const int n = countOf(*list);
-    auto* set = new csIndexSet(n);
+    auto* set = new csIndexSet(optCountOf(*list));
     coordIndexSet.reset(set);
-    csMFInt& out = set->index();
-    csMFInt& lengths = geometry->faceLength();
-    lengths.clear();
-    lengths.reserve(static_cast<int>(std::count(list->begin(), list->end(), kTerminator)));
-    int next = 0, inFace = 0;
-    for (int i = 0; i < n; ++i) {
-        const int e = (*list)[static_cast<size_t>(reverse ? n - 1 - i : i)];
-        if (e != kTerminator) {
-            out.set(next++, e);
-            ++inFace;
-        } else {
-            lengths.append(inFace);
-            inFace = 0;
-        }
-    }
+    optPackIndexes(*list, reverse, set->index(), geometry->faceLength());
     geometry->setCoordIndexSet(set);
-    geometry->setPrimCount(lengths.getCount());
+    geometry->setPrimCount(geometry->faceLength().getCount());
 }
 
 void optIndexedFaceSet::recalcColorIndex(std::vector<int>* list) { recalcBoundIndex(list, Bound::color); }
@@ -415,9 +325,7 @@ void optIndexedFaceSet::recalcNormalIndex(std::vector<int>* list) { recalcBoundI
 void optIndexedFaceSet::recalcBoundIndex(std::vector<int>* list, Bound which) {
     const bool isColor = which == Bound::color;
     if (!list) {
-        const int faces = geometry->getPrimCount();
-        auto* identity = new csIndexSet(faces);
-        for (int i = 0; i < faces; ++i) identity->index().set(i, i);
+        csIndexSet* identity = optIdentityIndexSet(geometry->getPrimCount());
         if (isColor) {
             geometry->setColorPerVertex(0);
             geometry->setColorBind(csGeoSet::PER_PRIM);
@@ -429,12 +337,12 @@ void optIndexedFaceSet::recalcBoundIndex(std::vector<int>* list, Bound which) {
         return;
     }
     if (list->empty()) return;
-    const bool perVertex = flagOf(isColor ? colorPerVertex : normalPerVertex, true);
+    const bool perVertex = optFlag(isColor ? colorPerVertex : normalPerVertex, true);
     const bool reverse = !counterClockwise();
-    if (!isColor && perVertex && reverse && list->back() == kTerminator) list->pop_back();
-    auto* set = new csIndexSet(countOf(*list));
+    if (!isColor && perVertex && reverse && list->back() == kOptTerminator) list->pop_back();
+    auto* set = new csIndexSet(optCountOf(*list));
     (isColor ? colorIndexSet : normalIndexSet).reset(set);
-    copyIndexes(*list, set->index(), reverse, !perVertex);
+    optCopyIndexes(*list, set->index(), reverse, !perVertex);
     const csGeoSet::BindEnum bind = perVertex ? csGeoSet::PER_VERTEX : csGeoSet::PER_PRIM;
     if (isColor) {
         geometry->setColorPerVertex(perVertex ? 1 : 0);
@@ -459,29 +367,23 @@ void optIndexedFaceSet::recalcTexCoordIndex(std::vector<int>* list) {
         geometry->setTexCoordIndexSet(texCoordIndexSet.get());
         return;
     }
-    auto* set = new csIndexSet(countOf(*list));
+    auto* set = new csIndexSet(optCountOf(*list));
     texCoordIndexSet.reset(set);
     const bool reverse = !counterClockwise();
-    if (reverse && list->back() == kTerminator) list->pop_back();
-    copyIndexes(*list, set->index(), reverse, false);
+    if (reverse && list->back() == kOptTerminator) list->pop_back();
+    optCopyIndexes(*list, set->index(), reverse, false);
     geometry->setTexCoordIndexSet(set);
 }
 
 // An index field's list, or with an empty field the coordinate list for
 // per-vertex binding and none at all for per-face binding.
 void optIndexedFaceSet::recalcFromIndexField(MFInt32* field, bool perVertex, Bound which) {
-    std::vector<int> list = listOf(field);
-    if (list.empty() && !perVertex) {
-        recalcBoundIndex(nullptr, which);
-        return;
-    }
-    if (list.empty()) list = listOf(coordIndex);
-    recalcBoundIndex(&list, which);
+    optBindByIndexField(field, coordIndex, perVertex, [this, which](std::vector<int>* list) { recalcBoundIndex(list, which); });
 }
 
 std::vector<int> optIndexedFaceSet::listOrCorners(MFInt32* field) const {
-    std::vector<int> list = listOf(field);
-    if (list.empty()) list = listOf(coordIndex);
+    std::vector<int> list = optListOf(field);
+    if (list.empty()) list = optListOf(coordIndex);
     return list;
 }
 
@@ -492,15 +394,15 @@ std::vector<int> optIndexedFaceSet::listOrCorners(MFInt32* field) const {
 template <class Set, class IndexStep>
 void optIndexedFaceSet::refreshSet(unsigned char& setDirty, Field* values, Builtin* child,
                                    void (optIndexedFaceSet::*recalc)(Set*), IndexStep indexStep, SFTime& time) {
-    if (!setDirty && !dirty(values)) return;
+    if (!setDirty && !optDirty(values)) return;
     if (!child) {
         (this->*recalc)(nullptr);
     } else {
-        (this->*recalc)(fetch<Set>(child, time));
+        (this->*recalc)(optFetch<Set>(child, time));
         indexStep();
     }
     setDirty = 0;
-    clean(values);
+    optClean(values);
 }
 
 int optIndexedFaceSet::action(SFTime& time, int mode, void* state) {
@@ -514,51 +416,51 @@ int optIndexedFaceSet::action(SFTime& time, int mode, void* state) {
 
 void optIndexedFaceSet::build(SFTime& time, const ActionState* state) {
     appearanceHandle = state && state->appearance ? state->appearance->getHandle() : 0;
-    recalcCoord(fetch<csCoordSet3f>(coordObject, time));
+    recalcCoord(optFetch<csCoordSet3f>(coordObject, time));
     if (coords) {
-        std::vector<int> corners = listOf(coordIndex);
+        std::vector<int> corners = optListOf(coordIndex);
         recalcCoordIndex(&corners);
 
         if (colorObject && hasRGBTexture()) {
             replaceColorsWithGrey();
         } else {
-            csColorSet4f* colorSet = fetch<csColorSet4f>(colorObject, time);
+            csColorSet4f* colorSet = optFetch<csColorSet4f>(colorObject, time);
             recalcColor(colorSet);
             if (colorSet) {
-                std::vector<int> list = listOf(colorIndex);
+                std::vector<int> list = optListOf(colorIndex);
                 if (!list.empty())
                     recalcColorIndex(&list);
                 else
-                    recalcColorIndex(flagOf(colorPerVertex, true) ? &corners : nullptr);
+                    recalcColorIndex(optFlag(colorPerVertex, true) ? &corners : nullptr);
             }
         }
 
-        csTexCoordSet2f* texCoordSet = fetch<csTexCoordSet2f>(texCoordObject, time);
+        csTexCoordSet2f* texCoordSet = optFetch<csTexCoordSet2f>(texCoordObject, time);
         recalcTexCoord(texCoordSet);
-        std::vector<int> texList = texCoordSet ? listOf(texCoordIndex) : std::vector<int>();
+        std::vector<int> texList = texCoordSet ? optListOf(texCoordIndex) : std::vector<int>();
         recalcTexCoordIndex(texList.empty() ? &corners : &texList);
 
-        csNormalSet3f* normalSet = fetch<csNormalSet3f>(normalObject, time);
+        csNormalSet3f* normalSet = optFetch<csNormalSet3f>(normalObject, time);
         // Generated normals read the field itself: the copy can go first.
         if (!normalSet) std::vector<int>().swap(corners);
         recalcNormal(normalSet);
         if (normalSet) {
-            std::vector<int> list = listOf(normalIndex);
+            std::vector<int> list = optListOf(normalIndex);
             if (!list.empty())
                 recalcNormalIndex(&list);
             else
-                recalcNormalIndex(flagOf(normalPerVertex, true) ? &corners : nullptr);
+                recalcNormalIndex(optFlag(normalPerVertex, true) ? &corners : nullptr);
         }
     }
-    geometry->setSolid(flagOf(solid, true) ? 1 : 0);
-    geometry->setConvex(flagOf(convex, true) ? 1 : 0);
+    geometry->setSolid(optFlag(solid, true) ? 1 : 0);
+    geometry->setConvex(optFlag(convex, true) ? 1 : 0);
 
     built = 1;
     coordDirty = colorDirty = texCoordDirty = normalDirty = 0;
-    if (Coordinate* node = coordNode()) clean(node->getPoint());
-    if (Color* node = colorNode()) clean(node->getColor());
-    if (TextureCoordinate* node = texCoordNode()) clean(node->getPoint());
-    if (Normal* node = normalNode()) clean(node->getVector());
+    if (Coordinate* node = coordNode()) optClean(node->getPoint());
+    if (Color* node = colorNode()) optClean(node->getColor());
+    if (TextureCoordinate* node = texCoordNode()) optClean(node->getPoint());
+    if (Normal* node = normalNode()) optClean(node->getVector());
 }
 
 // Each step rebuilds one dirty part and then what depends on it, in the
@@ -567,10 +469,10 @@ void optIndexedFaceSet::build(SFTime& time, const ActionState* state) {
 void optIndexedFaceSet::refresh(SFTime& time) {
     Coordinate* coordinate = coordNode();
     MFVec3f* points = coordinate ? coordinate->getPoint() : nullptr;
-    if (coordDirty || dirty(points)) {
-        recalcCoord(fetch<csCoordSet3f>(coordObject, time));
+    if (coordDirty || optDirty(points)) {
+        recalcCoord(optFetch<csCoordSet3f>(coordObject, time));
         coordDirty = 0;
-        clean(points);
+        optClean(points);
         // What hangs on the shape follows it, unless a change of its own
         // is about to rebuild it from its node.
         Color* color = colorNode();
@@ -579,19 +481,19 @@ void optIndexedFaceSet::refresh(SFTime& time) {
                 recalcColor(nullptr);
             else
                 colorDirty = 1;
-        } else if (colorObject && color && !dirty(color->getColor())) {
+        } else if (colorObject && color && !optDirty(color->getColor())) {
             colorDirty = 1;
         }
         TextureCoordinate* texCoordinate = texCoordNode();
-        if (!texCoordDirty || (texCoordObject && !(texCoordinate && dirty(texCoordinate->getPoint()))))
+        if (!texCoordDirty || (texCoordObject && !(texCoordinate && optDirty(texCoordinate->getPoint()))))
             recalcTexCoord(nullptr);
         Normal* normalValues = normalNode();
-        if (!normalDirty || (normalObject && !(normalValues && dirty(normalValues->getVector()))))
+        if (!normalDirty || (normalObject && !(normalValues && optDirty(normalValues->getVector()))))
             recalcNormal(nullptr);
     }
 
     if (coordIndexDirty) {
-        std::vector<int> list = listOf(coordIndex);
+        std::vector<int> list = optListOf(coordIndex);
         recalcCoordIndex(&list);
         coordIndexDirty = 0;
         if (!colorIndexDirty) recalcColorIndex(nullptr);
@@ -615,17 +517,17 @@ void optIndexedFaceSet::refresh(SFTime& time) {
 
     refreshColor(time);
     if (colorIndexDirty) {
-        recalcFromIndexField(colorIndex, flagOf(colorPerVertex, true), Bound::color);
+        recalcFromIndexField(colorIndex, optFlag(colorPerVertex, true), Bound::color);
         colorIndexDirty = 0;
     }
 
     Normal* normalValues = normalNode();
     refreshSet(normalDirty, normalValues ? normalValues->getVector() : nullptr, normalObject,
                &optIndexedFaceSet::recalcNormal, [this] {
-                   if (!normalIndexDirty) recalcFromIndexField(normalIndex, flagOf(normalPerVertex, true), Bound::normal);
+                   if (!normalIndexDirty) recalcFromIndexField(normalIndex, optFlag(normalPerVertex, true), Bound::normal);
                }, time);
     if (normalIndexDirty) {
-        recalcFromIndexField(normalIndex, flagOf(normalPerVertex, true), Bound::normal);
+        recalcFromIndexField(normalIndex, optFlag(normalPerVertex, true), Bound::normal);
         normalIndexDirty = 0;
     }
 }
@@ -636,24 +538,21 @@ void optIndexedFaceSet::refresh(SFTime& time) {
 void optIndexedFaceSet::refreshColor(SFTime& time) {
     Color* color = colorNode();
     MFColor* values = color ? color->getColor() : nullptr;
-    if (!colorDirty && !dirty(values)) return;
+    if (!colorDirty && !optDirty(values)) return;
     if (!colorObject) {
         recalcColor(nullptr);
     } else if (hasRGBTexture()) {
         replaceColorsWithGrey();
         colorIndexDirty = 0;
     } else {
-        const int colorCount = values ? values->getSize() : 0;
-        Coordinate* coordinate = coordNode();
-        const int coordCount = coordinate && coordinate->getPoint() ? coordinate->getPoint()->getSize() : 0;
-        const bool perVertex = flagOf(colorPerVertex, true);
-        if ((perVertex && colorCount < coordCount) || (!perVertex && colorCount < geometry->getPrimCount())) {
+        const bool perVertex = optFlag(colorPerVertex, true);
+        if (optTooFewColours(values, coordNode(), perVertex, geometry->getPrimCount())) {
             geometry->setColorBind(csGeoSet::OFF);
         } else {
-            recalcColor(fetch<csColorSet4f>(colorObject, time));
+            recalcColor(optFetch<csColorSet4f>(colorObject, time));
             if (!colorIndexDirty) recalcFromIndexField(colorIndex, perVertex, Bound::color);
         }
     }
     colorDirty = 0;
-    clean(values);
+    optClean(values);
 }

@@ -10,6 +10,12 @@ inline constexpr const char* kInvalidIndex = "Invalid index: ";
 
 // The scene-graph names of back-end objects whose node has no name.
 inline constexpr const char* kUnnamedIndexedFaceSet = "Unnamed IndexedFaceSet Node";
+inline constexpr const char* kUnnamedIndexedLineSet = "Unnamed IndexedLineSet Node";
+inline constexpr const char* kUnnamedPointSet = "Unnamed PointSet Node";
+inline constexpr const char* kUnnamedBox = "Unnamed Box Node";
+inline constexpr const char* kUnnamedCone = "Unnamed Cone Node";
+inline constexpr const char* kUnnamedCylinder = "Unnamed Cylinder Node";
+inline constexpr const char* kUnnamedSphere = "Unnamed Sphere Node";
 
 // znMessage, for each URL of an ImageTexture that gives no image.
 inline constexpr const char* kTextureCantOpen = "optImageTexture:  Can't open %s!";

@@ -25,16 +25,22 @@
 #include "vrmlnodes/TextureTransform.h"
 #include "vrmlnodes/Transform.h"
 #include "optimizer/optAppearance.h"
+#include "optimizer/optBox.h"
 #include "optimizer/optCollision.h"
 #include "optimizer/optColor.h"
+#include "optimizer/optCone.h"
 #include "optimizer/optCoordinate.h"
+#include "optimizer/optCylinder.h"
 #include "optimizer/optFontStyle.h"
 #include "optimizer/optGroup.h"
 #include "optimizer/optImageTexture.h"
 #include "optimizer/optIndexedFaceSet.h"
+#include "optimizer/optIndexedLineSet.h"
 #include "optimizer/optMaterial.h"
 #include "optimizer/optNormal.h"
+#include "optimizer/optPointSet.h"
 #include "optimizer/optShape.h"
+#include "optimizer/optSphere.h"
 #include "optimizer/optSwitch.h"
 #include "optimizer/optText.h"
 #include "optimizer/optTextureCoordinate.h"
@@ -78,6 +84,12 @@ template <> struct BackEnd<Coordinate> { using type = optCoordinate; };
 template <> struct BackEnd<IndexedFaceSet> { using type = optIndexedFaceSet; };
 template <> struct BackEnd<Normal> { using type = optNormal; };
 template <> struct BackEnd<TextureCoordinate> { using type = optTextureCoordinate; };
+template <> struct BackEnd<IndexedLineSet> { using type = optIndexedLineSet; };
+template <> struct BackEnd<PointSet> { using type = optPointSet; };
+template <> struct BackEnd<Box> { using type = optBox; };
+template <> struct BackEnd<Cone> { using type = optCone; };
+template <> struct BackEnd<Cylinder> { using type = optCylinder; };
+template <> struct BackEnd<Sphere> { using type = optSphere; };
 
 template <class T>
 using BackEndOf = typename BackEnd<T>::type;

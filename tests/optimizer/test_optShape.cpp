@@ -148,10 +148,10 @@ TEST(optShape, ColouredFacesWithoutMaterialAreUnlitGrey) {
 
 TEST(optShape, UnusableGeometryLeavesTheAxisTransformEmpty) {
     SceneLoad world;
-    csEnvironment* scene = world.load(geometryShape(wrltest::kNotGeometry) + "Shape { geometry Box { } }\n");
+    csEnvironment* scene = world.load(geometryShape(wrltest::kNotGeometry) + geometryShape(wrltest::kNoGeometry));
     ASSERT_EQ(scene->getChildCount(), 2);
     EXPECT_EQ(topShape(scene, 0)->getChildCount(), 0);
-    // A geometry node without a back-end yet answers null: an empty shape.
+    // A geometry node that answers null gives an empty shape.
     opRep* rep = repOf(topShape(scene, 1));
     ASSERT_NE(rep, nullptr);
     EXPECT_EQ(rep->getGeometryCount(), 0);

@@ -30,9 +30,11 @@ TEST(BuiltinBinding, EveryTypeWithAClassBindsAndMakesItsObject) {
         ASSERT_NE(object, nullptr);
         // The object and the node share one pair of browser and node.
         EXPECT_EQ(object->getID(), node->getID());
-        // A fetch builds the node, whatever object (or none) it answers.
+        // A fetch with a parent's state builds the node, whatever object
+        // (or none) it answers.
         SFTime time(-1.0);
-        node->action(time, kActionFetch, nullptr);
+        ActionState state;
+        node->action(time, kActionFetch, &state);
         EXPECT_EQ(object->isBuilt(), 1);
         ++bound;
     }

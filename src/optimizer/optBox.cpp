@@ -1,0 +1,74 @@
+#include "optimizer/optBox.h"
+
+#include "optimizer/optimizer_messages.h"
+
+namespace {
+
+constexpr int kCorners = 8;
+constexpr int kFaces = 6;
+constexpr int kCornersPerFace = 4;
+
+// Corner i lies at these signs of the half sizes: the front face (+z)
+// first, counter-clockwise from its lower left, then the back face.
+constexpr float kCornerSigns[kCorners][3] = {
+    {-1, -1, 1}, {1, -1, 1}, {1, 1, 1}, {-1, 1, 1}, {-1, -1, -1}, {1, -1, -1}, {1, 1, -1}, {-1, 1, -1},
+};
+// Front, back, left, right, top, bottom: corners counter-clockwise seen
+// from outside, starting where the image has its lower left.
+constexpr int kFaceCorners[kFaces][kCornersPerFace] = {
+    {0, 1, 2, 3}, {5, 4, 7, 6}, {4, 0, 3, 7}, {1, 5, 6, 2}, {3, 2, 6, 7}, {4, 5, 1, 0},
+};
+constexpr float kFaceNormals[kFaces][3] = {
+    {0, 0, 1}, {0, 0, -1}, {-1, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, -1, 0},
+};
+constexpr float kImageCorners[kCornersPerFace][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
+
+}  // namespace
+
+optBox::optBox(znInternal* pair) : BaseNode(pair), Box(pair) {
+    geometry.reset(new csIndexedFaceSet());
+    geometry->setName(sceneName(kUnnamedBox));
+
+    csIndexedFaceSet& box = *geometry.get();
+    for (int f = 0; f < kFaces; ++f) box.faceLength().set(f, kCornersPerFace);
+    box.setNormalPerVertex(1);
+    box.setNormalBind(csGeoSet::PER_VERTEX);
+    box.setPrimCount(kFaces);
+
+    // A type without the field stands for the default box of 2 by 2 by 2.
+    const float half[3] = {size ? size->getX() / 2.0f : 1.0f, size ? size->getY() / 2.0f : 1.0f,
+                           size ? size->getZ() / 2.0f : 1.0f};
+    auto* points = new csCoordSet3f(kCorners);
+    for (int i = 0; i < kCorners; ++i)
+        points->point().set(i, csVec3f(kCornerSigns[i][0] * half[0], kCornerSigns[i][1] * half[1],
+                                       kCornerSigns[i][2] * half[2]));
+    box.setCoordSet(points);
+
+    auto* normals = new csNormalSet3f(kFaces);
+    for (int f = 0; f < kFaces; ++f)
+        normals->vector().set(f, csVec3f(kFaceNormals[f][0], kFaceNormals[f][1], kFaceNormals[f][2]));
+    box.setNormalSet(normals);
+
+    auto* image = new csTexCoordSet2f(kCornersPerFace);
+    for (int c = 0; c < kCornersPerFace; ++c) image->point().set(c, csVec2f(kImageCorners[c][0], kImageCorners[c][1]));
+    box.setTexCoordSet(image);
+    box.setTexCoordBind(csGeoSet::TEX_COORD_PER_VERTEX);
+
+    auto* cornerIndex = new csIndexSet(kFaces * kCornersPerFace);
+    auto* normalIndex = new csIndexSet(kFaces * kCornersPerFace);
+    auto* imageIndex = new csIndexSet(kFaces * kCornersPerFace);
+    for (int f = 0; f < kFaces; ++f)
+        for (int c = 0; c < kCornersPerFace; ++c) {
+            const int at = f * kCornersPerFace + c;
+            cornerIndex->index().set(at, kFaceCorners[f][c]);
+            normalIndex->index().set(at, f);
+            imageIndex->index().set(at, c);
+        }
+    box.setCoordIndexSet(cornerIndex);
+    box.setNormalIndexSet(normalIndex);
+    box.setTexCoordIndexSet(imageIndex);
+
+    built = 1;
+}
+
+int optBox::action(SFTime&, int, void*) { return geometry->getHandle(); }

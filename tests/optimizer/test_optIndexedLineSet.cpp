@@ -1,0 +1,253 @@
+// Line sets compiled from VRML text: lines packed from the index list,
+// colours per vertex and per line, the material's colour for lines without
+// their own, missing data and refreshes.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "browser/zn_browser_event.h"
+#include "csIndexedLineSet.h"
+#include "csTransform.h"
+#include "opRep.h"
+#include "face_set_world.h"
+#include "optimizer/optCoordinate.h"
+#include "optimizer/optIndexedLineSet.h"
+#include "scene_world.h"
+#include "unlit_look.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using wrltest::FaceSetWorld;
+using wrltest::indexesOf;
+using wrltest::intsOf;
+using wrltest::UnlitLook;
+
+namespace {
+
+const char* const kFourPoints = "0 0 0, 1 0 0, 1 1 0, 0 1 0";
+
+// A line set DEF'd as L over four points (DEF'd as C), with more fields.
+std::string lineSet(const std::string& fields) {
+    return std::string("DEF L IndexedLineSet { coord DEF C Coordinate { point [ ") + kFourPoints + " ] } " + fields +
+           " }\n";
+}
+
+csIndexedLineSet* lines(FaceSetWorld& world, UnlitLook& look, int mode = kActionFetch) {
+    return world.act<csIndexedLineSet>("L", mode, look.appearance.get());
+}
+
+std::vector<int> firstIndexes(const csIndexSet* set, size_t n) {
+    std::vector<int> all = indexesOf(set);
+    all.resize(std::min(n, all.size()));
+    return all;
+}
+
+void sendColours(FaceSetWorld& world, const char* node, std::vector<float> rgb) {
+    MFColor color(static_cast<int>(rgb.size()), rgb.data());
+    znEvent event("set_color", 0.0, color);
+    world.node(node)->processEvent(event);
+}
+
+}  // namespace
+
+// ---- Lines from the index list
+
+TEST(optIndexedLineSet, ThreeIndexesMakeOneClosedLineOfThreePoints) {
+    FaceSetWorld world(lineSet("coordIndex [ 0 1 2 ]"));
+    UnlitLook look;
+    csIndexedLineSet* set = lines(world, look);
+    ASSERT_NE(set, nullptr);
+    EXPECT_STREQ(set->getName(), "L");
+    EXPECT_EQ(set->getPrimCount(), 1);
+    EXPECT_THAT(intsOf(set->stripLength()), ElementsAre(3));
+    // The set is as long as the closed list; the terminator's place stays 0.
+    EXPECT_THAT(indexesOf(set->getCoordIndexSet()), ElementsAre(0, 1, 2, 0));
+    EXPECT_EQ(set->getCoordSet()->point().getCount(), 4);
+    EXPECT_FLOAT_EQ(set->getWidth(), 3.0f);
+    EXPECT_EQ(world.messages, "");
+}
+
+TEST(optIndexedLineSet, LinesKeepTheirOrderAndDirection) {
+    FaceSetWorld world(lineSet("coordIndex [ 0 1 -1 3 2 1 -1 ]"));
+    UnlitLook look;
+    csIndexedLineSet* set = lines(world, look);
+    EXPECT_EQ(set->getPrimCount(), 2);
+    EXPECT_THAT(intsOf(set->stripLength()), ElementsAre(2, 3));
+    EXPECT_THAT(firstIndexes(set->getCoordIndexSet(), 5), ElementsAre(0, 1, 3, 2, 1));
+}
+
+// ---- Colours
+
+TEST(optIndexedLineSet, PerVertexColoursFollowTheirIndexOrTheCoordinateIndex) {
+    const std::string colours = "color Color { color [ 1 0 0, 0 1 0, 0 0 1 ] } ";
+    FaceSetWorld plain(lineSet(colours + "coordIndex [ 0 1 2 -1 2 0 ]"));
+    UnlitLook look;
+    csIndexedLineSet* set = lines(plain, look);
+    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_VERTEX);
+    EXPECT_TRUE(set->getColorPerVertex());
+    ASSERT_NE(set->getColorSet(), nullptr);
+    EXPECT_EQ(set->getColorSet()->color().get(2), csVec4f(0, 0, 1, 1));
+    EXPECT_THAT(firstIndexes(set->getColorIndexSet(), 5), ElementsAre(0, 1, 2, 2, 0));
+
+    FaceSetWorld indexed(lineSet(colours + "colorIndex [ 2 1 0 -1 0 1 ] coordIndex [ 0 1 2 -1 2 0 ]"));
+    set = lines(indexed, look);
+    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_VERTEX);
+    EXPECT_THAT(firstIndexes(set->getColorIndexSet(), 5), ElementsAre(2, 1, 0, 0, 1));
+}
+
+TEST(optIndexedLineSet, PerLineColoursFollowTheirIndexOrOneEachLine) {
+    const std::string colours = "colorPerVertex FALSE color Color { color [ 1 0 0, 0 1 0 ] } ";
+    FaceSetWorld plain(lineSet(colours + "coordIndex [ 0 1 -1 2 3 ]"));
+    UnlitLook look;
+    csIndexedLineSet* set = lines(plain, look);
+    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_PRIM);
+    EXPECT_FALSE(set->getColorPerVertex());
+    EXPECT_THAT(indexesOf(set->getColorIndexSet()), ElementsAre(0, 1));
+
+    FaceSetWorld indexed(lineSet(colours + "colorIndex [ 1 0 ] coordIndex [ 0 1 -1 2 3 ]"));
+    set = lines(indexed, look);
+    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_PRIM);
+    EXPECT_THAT(indexesOf(set->getColorIndexSet()), ElementsAre(1, 0));
+}
+
+TEST(optIndexedLineSet, LinesAreUnlitUntexturedAndWithoutColoursTakeTheMaterials) {
+    FaceSetWorld world(lineSet("coordIndex [ 0 1 2 ]"));
+    UnlitLook look;
+    look.material->setDiffuseColor(0.2f, 0.4f, 0.6f);
+    csIndexedLineSet* set = lines(world, look);
+    EXPECT_FALSE(look.appearance->getLightEnable());
+    EXPECT_FALSE(look.appearance->getTexEnable());
+    // Black emissive: the diffuse colour, for the whole line set.
+    ASSERT_NE(set->getColorSet(), nullptr);
+    EXPECT_EQ(set->getColorSet()->getCount(), 1);
+    EXPECT_EQ(set->getColorSet()->color().get(0), csVec4f(0.2f, 0.4f, 0.6f, 1));
+    EXPECT_EQ(set->getColorBind(), csGeoSet::OVERALL);
+
+    csColorSet4f* shown = set->getColorSet();
+    lines(world, look, kActionRefresh);
+    EXPECT_EQ(set->getColorSet(), shown) << "an unchanged material leaves the set alone";
+
+    // The emissive colour wins once it is not black, and lighting that
+    // came back on goes off again.
+    look.material->setEmissiveColor(1, 0, 0);
+    look.appearance->setLightEnable(1);
+    lines(world, look, kActionRefresh);
+    EXPECT_EQ(set->getColorSet()->color().get(0), csVec4f(1, 0, 0, 1));
+    EXPECT_FALSE(look.appearance->getLightEnable());
+}
+
+TEST(optIndexedLineSet, OwnColoursAreNotReplacedByTheMaterials) {
+    FaceSetWorld world(lineSet("color Color { color [ 1 0 0, 0 1 0, 0 0 1, 1 1 1 ] } coordIndex [ 0 1 2 ]"));
+    UnlitLook look;
+    look.material->setEmissiveColor(0, 1, 1);
+    csIndexedLineSet* set = lines(world, look);
+    EXPECT_EQ(set->getColorSet()->getCount(), 4);
+    EXPECT_EQ(set->getColorSet()->color().get(0), csVec4f(1, 0, 0, 1));
+    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_VERTEX);
+}
+
+TEST(optIndexedLineSet, AShapeDrawsItsLinesUnlitInTheMaterialsColour) {
+    wrltest::SceneLoad world;
+    csEnvironment* scene = world.load(
+        "Shape { appearance Appearance { material Material { emissiveColor 0 1 0 } }\n"
+        "        geometry IndexedLineSet { coord Coordinate { point [ 0 0 0, 1 1 1 ] } coordIndex [ 0 1 ] } }\n"
+        "Shape { geometry IndexedLineSet { coord Coordinate { point [ 0 0 0, 1 1 1 ] } coordIndex [ 0 1 ] } }\n");
+    for (int i = 0; i < 2; ++i) {
+        SCOPED_TRACE(i);
+        auto* axis = wrltest::childAs<csTransform>(wrltest::childAs<csGroup>(scene, i), 0);
+        opRep* rep = wrltest::childAs<opRep>(axis, 0);
+        ASSERT_NE(rep, nullptr) << world.lastErrors();
+        ASSERT_EQ(rep->getGeometryCount(), 1);
+        auto* set = static_cast<csIndexedLineSet*>(rep->getGeometry(0));
+        ASSERT_TRUE(set->isOfType(csIndexedLineSet::getClassType()));
+        EXPECT_FALSE(rep->getAppearance()->getLightEnable());
+        // The second shape's default appearance glows white.
+        EXPECT_EQ(set->getColorSet()->color().get(0), i == 0 ? csVec4f(0, 1, 0, 1) : csVec4f(1, 1, 1, 1));
+    }
+}
+
+// ---- Missing data
+
+TEST(optIndexedLineSet, WithoutCoordinatesItAlertsAndTakesNoColours) {
+    FaceSetWorld world("DEF L IndexedLineSet { color Color { color [ 1 0 0 ] } coordIndex [ 0 1 ] }\n");
+    UnlitLook look;
+    csIndexedLineSet* set = lines(world, look);
+    EXPECT_THAT(world.messages, HasSubstr("Geometry L has no coordinates."));
+    EXPECT_EQ(set->getCoordSet(), nullptr);
+    EXPECT_EQ(set->getColorIndexSet(), nullptr);
+    EXPECT_EQ(set->getColorSet()->getCount(), 1) << "only the material's colour";
+}
+
+TEST(optIndexedLineSet, HostileIndexListsBuildWithoutHarm) {
+    const char* const lists[] = {
+        "coordIndex [ -1 -1 -1 ]",
+        "coordIndex [ 0 -1 -1 9 ]",
+        "coordIndex [ 2147483647 -2147483648 0 1 ]",
+        "colorPerVertex FALSE color Color { color [ 1 0 0 ] } colorIndex [ 5 -7 ] coordIndex [ 0 1 2 ]",
+        "color Color { } colorIndex [ -1 -1 ] coordIndex [ 0 1 ]",
+        "color Color { color [ 1 0 0 ] } coordIndex [ ]",
+    };
+    for (const char* fields : lists) {
+        SCOPED_TRACE(fields);
+        FaceSetWorld world(lineSet(fields));
+        UnlitLook look;
+        csIndexedLineSet* set = lines(world, look);
+        ASSERT_NE(set, nullptr);
+        EXPECT_EQ(set->getPrimCount(), set->stripLength().getCount());
+        lines(world, look, kActionRefresh);
+    }
+}
+
+TEST(optIndexedLineSet, NothingIsBuiltWithoutAFetchThatBringsAState) {
+    FaceSetWorld world(lineSet("coordIndex [ 0 1 2 ]"));
+    SFTime time(-1.0);
+    auto* set = csObject::fromHandleAs<csIndexedLineSet>(world.node("L")->action(time, kActionFetch, nullptr));
+    ASSERT_NE(set, nullptr);
+    UnlitLook look;
+    lines(world, look, kActionTopLevel);
+    EXPECT_EQ(set->getCoordSet(), nullptr);
+    EXPECT_EQ(world.object<optIndexedLineSet>("L")->isBuilt(), 0);
+    EXPECT_TRUE(look.appearance->getLightEnable());
+}
+
+// ---- Refreshing after changes
+
+TEST(optIndexedLineSet, NewCoordIndexRepacksTheLinesAndRebindsTheirColours) {
+    FaceSetWorld world(lineSet("color Color { color [ 1 0 0, 0 1 0, 0 0 1, 1 1 1 ] } coordIndex [ 0 1 2 ]"));
+    UnlitLook look;
+    csIndexedLineSet* set = lines(world, look);
+    std::vector<int> both{3, 2, -1, 1, 0, 3};
+    MFInt32 list(both);
+    znEvent event("set_coordIndex", 0.0, list);
+    world.node("L")->processEvent(event);
+    lines(world, look, kActionRefresh);
+    EXPECT_EQ(set->getPrimCount(), 2);
+    EXPECT_THAT(intsOf(set->stripLength()), ElementsAre(2, 3));
+    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_VERTEX);
+    EXPECT_THAT(firstIndexes(set->getColorIndexSet(), 5), ElementsAre(3, 2, 1, 0, 3));
+}
+
+TEST(optIndexedLineSet, TooFewColoursForNewPointsSwitchColourOffUntilEnoughCome) {
+    FaceSetWorld world("DEF L IndexedLineSet { coord DEF C Coordinate { point [ 0 0 0, 1 0 0 ] } "
+                       "color DEF K Color { color [ 1 0 0, 0 1 0 ] } coordIndex [ 0 1 ] }\n");
+    UnlitLook look;
+    csIndexedLineSet* set = lines(world, look);
+    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_VERTEX);
+    csColorSet4f* before = set->getColorSet();
+
+    std::vector<float> three{0, 0, 0, 1, 0, 0, 1, 1, 0};
+    MFVec3f points(static_cast<int>(three.size()), three.data());
+    world.object<optCoordinate>("C")->set_point(points, 0.0);
+    lines(world, look, kActionRefresh);
+    EXPECT_EQ(set->getCoordSet()->point().getCount(), 3);
+    EXPECT_EQ(set->getColorBind(), csGeoSet::OFF);
+    EXPECT_EQ(set->getColorSet(), before);
+
+    sendColours(world, "K", {1, 0, 0, 0, 1, 0, 0, 0, 1});
+    lines(world, look, kActionRefresh);
+    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_VERTEX);
+    EXPECT_EQ(set->getColorSet()->color().get(2), csVec4f(0, 0, 1, 1));
+    EXPECT_FALSE(world.node("K")->getExposedField("color")->isDirty());  // seen once, cleaned
+}

@@ -1,0 +1,221 @@
+// Box, Cone, Cylinder and Sphere through whole loads: the box's fixed face
+// set, the fields of the parametric solids, and how they stand and are
+// tessellated once a shape holds them.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "csIndexedFaceSet.h"
+#include "csTransform.h"
+#include "opCone.h"
+#include "opCylinder.h"
+#include "opSphere.h"
+#include "scene_world.h"
+
+using testing::ElementsAre;
+using wrltest::childAs;
+using wrltest::expectVec3;
+using wrltest::SceneLoad;
+
+namespace {
+
+// The axis transform of the shape at top level `index`.
+csTransform* axisOf(csEnvironment* scene, int index = 0) {
+    auto* top = childAs<csGroup>(scene, index);
+    return top ? childAs<csTransform>(top, 0) : nullptr;
+}
+
+// The one face set that the shape at top level `index` draws.
+csIndexedFaceSet* facesOf(csEnvironment* scene, int index = 0) {
+    opRep* rep = childAs<opRep>(axisOf(scene, index), 0);
+    if (!rep || rep->getGeometryCount() != 1) return nullptr;
+    csGeometry* g = rep->getGeometry(0);
+    return g->isOfType(csIndexedFaceSet::getClassType()) ? static_cast<csIndexedFaceSet*>(g) : nullptr;
+}
+
+std::vector<int> intsOf(const csMFInt& list) {
+    std::vector<int> out;
+    for (int i = 0; i < list.getCount(); ++i) out.push_back(list.get(i));
+    return out;
+}
+
+// The bound of a face set's points once the axis transform above them has
+// moved them: what a viewer of the VRML world sees.
+struct Extent {
+    csVec3f min{1e30f, 1e30f, 1e30f}, max{-1e30f, -1e30f, -1e30f};
+    float widest = 0.0f;  // the largest distance from the y axis
+};
+Extent extentInWorld(csEnvironment* scene, int index = 0) {
+    Extent e;
+    csIndexedFaceSet* faces = facesOf(scene, index);
+    csTransform* axis = axisOf(scene, index);
+    if (!faces || !axis) return e;
+    const csMFVec3f& points = faces->getCoordSet()->point();
+    for (int i = 0; i < points.getCount(); ++i) {
+        csVec3f p = axis->getMatrix().xformPt(points.get(i));
+        for (int k = 0; k < 3; ++k) {
+            e.min[k] = std::min(e.min[k], p[k]);
+            e.max[k] = std::max(e.max[k], p[k]);
+        }
+        e.widest = std::max(e.widest, std::hypot(p[0], p[2]));
+    }
+    return e;
+}
+
+void expectNear(const csVec3f& v, float x, float y, float z) {
+    EXPECT_NEAR(v[0], x, 1e-5f);
+    EXPECT_NEAR(v[1], y, 1e-5f);
+    EXPECT_NEAR(v[2], z, 1e-5f);
+}
+
+}  // namespace
+
+// ---- Box
+
+TEST(optBox, SizeTwoPutsCornerZeroAtTheFrontLowerLeft) {
+    SceneLoad world;
+    csEnvironment* scene = world.load("Shape { geometry Box { size 2 2 2 } }\n");
+    csIndexedFaceSet* box = facesOf(scene);
+    ASSERT_NE(box, nullptr) << world.lastErrors();
+    EXPECT_STREQ(box->getName(), "Unnamed Box Node");
+    const csMFVec3f& points = box->getCoordSet()->point();
+    ASSERT_EQ(points.getCount(), 8);
+    expectVec3(points.get(0), -1, -1, 1);
+    expectVec3(points.get(6), 1, 1, -1);
+    // A box is no toolkit primitive: it stands as it is, untessellated.
+    EXPECT_TRUE(axisOf(scene)->getMatrix().almostEqual(csMatrix4f(), 0.0f));
+}
+
+TEST(optBox, FacesNormalsAndImageCornersAreFixed) {
+    SceneLoad world;
+    csEnvironment* scene = world.load("Shape { geometry DEF B Box { size 4 6 8 } }\n");
+    csIndexedFaceSet* box = facesOf(scene);
+    ASSERT_NE(box, nullptr) << world.lastErrors();
+    EXPECT_STREQ(box->getName(), "B");
+    EXPECT_EQ(box->getPrimCount(), 6);
+    EXPECT_THAT(intsOf(box->faceLength()), ElementsAre(4, 4, 4, 4, 4, 4));
+    EXPECT_THAT(intsOf(box->getCoordIndexSet()->index()),
+                ElementsAre(0, 1, 2, 3, 5, 4, 7, 6, 4, 0, 3, 7, 1, 5, 6, 2, 3, 2, 6, 7, 4, 5, 1, 0));
+    EXPECT_THAT(intsOf(box->getNormalIndexSet()->index()),
+                ElementsAre(0, 0, 0, 0, 1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3, 4, 4, 4, 4, 5, 5, 5, 5));
+    EXPECT_THAT(intsOf(box->getTexCoordIndexSet()->index()),
+                ElementsAre(0, 1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3));
+    EXPECT_EQ(box->getNormalBind(), csGeoSet::PER_VERTEX);
+    EXPECT_TRUE(box->getNormalPerVertex());
+    EXPECT_EQ(box->getTexCoordBind(), csGeoSet::TEX_COORD_PER_VERTEX);
+    const csMFVec2f& image = box->getTexCoordSet()->point();
+    ASSERT_EQ(image.getCount(), 4);
+    EXPECT_EQ(image.get(0), csVec2f(0, 0));
+    EXPECT_EQ(image.get(1), csVec2f(1, 0));
+    EXPECT_EQ(image.get(2), csVec2f(1, 1));
+    EXPECT_EQ(image.get(3), csVec2f(0, 1));
+    csBoxBound bound;
+    box->getBoxBound(&bound);
+    expectVec3(bound.min, -2, -3, -4);
+    expectVec3(bound.max, 2, 3, 4);
+
+    // Every face runs counter-clockwise seen from outside: its winding
+    // agrees with its normal, which points away from the centre.
+    const csMFInt& corners = box->getCoordIndexSet()->index();
+    const csMFVec3f& points = box->getCoordSet()->point();
+    for (int f = 0; f < 6; ++f) {
+        SCOPED_TRACE(f);
+        csVec3f p0 = points.get(corners.get(4 * f)), p1 = points.get(corners.get(4 * f + 1)),
+                p2 = points.get(corners.get(4 * f + 2));
+        csVec3f a, b, winding;
+        a.sub(p1, p0);
+        b.sub(p2, p1);
+        winding.cross(a, b);
+        winding.normalize();
+        csVec3f normal = box->getNormalSet()->vector().get(box->getNormalIndexSet()->index().get(4 * f));
+        expectNear(winding, normal[0], normal[1], normal[2]);
+        csVec3f middle;
+        middle.add(p0, p2);
+        EXPECT_GT(middle.dot(normal), 0.0f);
+    }
+}
+
+// ---- Cone, Cylinder, Sphere
+
+TEST(optCone, FieldsReachTheConeAndItStandsAlongY) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "Shape { geometry DEF C Cone { bottomRadius 0.5 height 3 side TRUE bottom FALSE } }\n");
+    opCone* cone = childAs<opCone>(axisOf(scene), 0);
+    ASSERT_NE(cone, nullptr) << world.lastErrors();
+    EXPECT_STREQ(cone->getName(), "C");
+    EXPECT_FLOAT_EQ(cone->getBottomRadius(), 0.5f);
+    EXPECT_FLOAT_EQ(cone->getHeight(), 3.0f);
+    EXPECT_TRUE(cone->getSide());
+    EXPECT_FALSE(cone->getBottom());
+
+    Extent e = extentInWorld(scene);
+    EXPECT_NEAR(e.min[1], -1.5f, 1e-5f);
+    EXPECT_NEAR(e.max[1], 1.5f, 1e-5f);
+    EXPECT_NEAR(e.widest, 0.5f, 1e-5f);
+    // The apex is on top: every point at the top lies on the axis.
+    csIndexedFaceSet* faces = facesOf(scene);
+    const csMFVec3f& points = faces->getCoordSet()->point();
+    for (int i = 0; i < points.getCount(); ++i) {
+        csVec3f p = axisOf(scene)->getMatrix().xformPt(points.get(i));
+        if (p[1] > 1.4f) {
+            EXPECT_NEAR(std::hypot(p[0], p[2]), 0.0f, 1e-5f);
+        }
+    }
+    // Without a bottom only the side is there: one triangle a sample.
+    EXPECT_EQ(faces->getPrimCount(), 15);
+}
+
+TEST(optCylinder, FieldsReachTheCylinderAndItStandsAlongY) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "Shape { geometry Cylinder { radius 2 height 5 side FALSE top TRUE bottom FALSE } }\n"
+        "Shape { geometry Cylinder { radius 1 height 4 } }\n");
+    opCylinder* capOnly = childAs<opCylinder>(axisOf(scene, 0), 0);
+    ASSERT_NE(capOnly, nullptr) << world.lastErrors();
+    EXPECT_STREQ(capOnly->getName(), "Unnamed Cylinder Node");
+    EXPECT_FLOAT_EQ(capOnly->getRadius(), 2.0f);
+    EXPECT_FLOAT_EQ(capOnly->getHeight(), 5.0f);
+    EXPECT_FALSE(capOnly->getSide());
+    EXPECT_TRUE(capOnly->getTop());
+    EXPECT_FALSE(capOnly->getBottom());
+    // Only the top cap is left, at the top.
+    Extent cap = extentInWorld(scene, 0);
+    EXPECT_NEAR(cap.min[1], 2.5f, 1e-5f);
+    EXPECT_NEAR(cap.max[1], 2.5f, 1e-5f);
+    EXPECT_EQ(facesOf(scene, 0)->getPrimCount(), 15);
+
+    Extent whole = extentInWorld(scene, 1);
+    EXPECT_NEAR(whole.min[1], -2.0f, 1e-5f);
+    EXPECT_NEAR(whole.max[1], 2.0f, 1e-5f);
+    EXPECT_NEAR(whole.widest, 1.0f, 1e-5f);
+    EXPECT_EQ(facesOf(scene, 1)->getPrimCount(), 4 * 15) << "side, top and bottom";
+}
+
+TEST(optSphere, RadiusReachesTheSphere) {
+    SceneLoad world;
+    csEnvironment* scene = world.load("Shape { geometry DEF S Sphere { radius 7 } }\nShape { geometry Sphere { } }\n");
+    opSphere* sphere = childAs<opSphere>(axisOf(scene, 0), 0);
+    ASSERT_NE(sphere, nullptr) << world.lastErrors();
+    EXPECT_STREQ(sphere->getName(), "S");
+    EXPECT_FLOAT_EQ(sphere->getRadius(), 7.0f);
+    Extent e = extentInWorld(scene, 0);
+    EXPECT_NEAR(e.min[1], -7.0f, 1e-4f);
+    EXPECT_NEAR(e.max[1], 7.0f, 1e-4f);
+    EXPECT_FLOAT_EQ(childAs<opSphere>(axisOf(scene, 1), 0)->getRadius(), 1.0f);
+}
+
+TEST(optCone, TessQualitySetsTheSamplesOfEveryPrimitive) {
+    SceneLoad world;
+    wrltest::ScopedEnv quality("TESS_QUALITY", "10");
+    csEnvironment* scene = world.load("Shape { geometry Cone { } }\nShape { geometry Cylinder { } }\n"
+                                      "Shape { geometry Sphere { } }\n");
+    ASSERT_NE(facesOf(scene, 2), nullptr) << world.lastErrors();
+    EXPECT_EQ(facesOf(scene, 0)->getPrimCount(), 2 * 30) << "side and bottom";
+    EXPECT_EQ(facesOf(scene, 1)->getPrimCount(), 4 * 30);
+    EXPECT_EQ(facesOf(scene, 2)->getPrimCount(), 2 * 30 * 29);
+}
