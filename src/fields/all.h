@@ -37,6 +37,7 @@ public:
     void getData(char* buffer) override;
     void setData(const char* text) override;
     Field* toField() override;
+    Field* ownValue() override { return this; }
 
 protected:
     const std::vector<znField*>* standsFor() const override { return remoteData; }
@@ -50,11 +51,31 @@ private:
     void writeText(char* buffer);
 };
 
+// The field type of the runtime fields whose value class is V; none for
+// any other class.
+template <class V>
+struct znFieldTypeOf {
+    static constexpr int value = -1;
+};
+
+// A value as class V: a runtime field of V's type is one without asking the
+// language, which is costly across these bases; anything else is asked.
+template <class V>
+V* znValueAs(Field* value) {
+    if (value == nullptr) return nullptr;
+    if (znFieldTypeOf<V>::value >= 0 && value->getType() == znFieldTypeOf<V>::value) return static_cast<V*>(value);
+    return dynamic_cast<V*>(value);
+}
+
 #define ZN_RUNTIME_FIELD(Name, Value, Type)           \
     class Name : public znFieldOf<Value, Type> {      \
     public:                                           \
         using znFieldOf::znFieldOf;                   \
         using znFieldOf::operator=;                   \
+    };                                                \
+    template <>                                       \
+    struct znFieldTypeOf<Value> {                     \
+        static constexpr int value = Type;            \
     }
 
 ZN_RUNTIME_FIELD(znSFBool, SFBool, SFBoolType);

@@ -131,6 +131,8 @@ void* znField::getData() {
 
 Field* znField::toField() { return dynamic_cast<Field*>(this); }
 
+Field* znField::ownValue() { return dynamic_cast<Field*>(this); }
+
 void znField::valueChange() {
     if (remoteData)
         for (znField* real : *remoteData)

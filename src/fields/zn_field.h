@@ -67,6 +67,8 @@ public:
     virtual void getData(char* buffer);
     virtual void* getData();
     virtual Field* toField();
+    // The value side of this very field, without passing on to real fields.
+    virtual Field* ownValue();
     virtual void valueChange();
 
     void setType(FieldType type, DataType kind, FieldFlags& flags);

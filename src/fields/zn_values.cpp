@@ -12,7 +12,7 @@ void znOutOfMemory() {
     std::exit(1);
 }
 
-Field* Field::valueSide(znField* f) { return dynamic_cast<Field*>(f); }
+Field* Field::valueSide(znField* f) { return f != nullptr ? f->ownValue() : nullptr; }
 
 std::string znTerminated(std::string text) {
     if (text.empty() || text.back() != '\0') text.push_back('\0');

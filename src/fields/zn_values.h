@@ -52,7 +52,7 @@ protected:
     V* firstReal() const {
         const std::vector<znField*>* real = standsFor();
         if (!real || real->empty() || !(*real)[0]) return nullptr;
-        return dynamic_cast<V*>(valueSide((*real)[0]));
+        return sameClass<V>(valueSide((*real)[0]));
     }
     // Applies `op` to each real field in order; answers whether the value
     // stands for other fields at all.
@@ -61,8 +61,17 @@ protected:
         const std::vector<znField*>* real = standsFor();
         if (!real) return false;
         for (znField* f : *real)
-            if (V* v = f ? dynamic_cast<V*>(valueSide(f)) : nullptr) op(*v);
+            if (V* v = f ? sameClass<V>(valueSide(f)) : nullptr) op(*v);
         return true;
+    }
+    // `other` as this value's class V. Only runtime fields stand for others,
+    // and two runtime fields of one field type are of one class, so equal
+    // types spare the language's costly question.
+    template <class V>
+    V* sameClass(Field* other) const {
+        if (other == nullptr) return nullptr;
+        if (other->getType() == const_cast<Field*>(this)->getType()) return static_cast<V*>(other);
+        return dynamic_cast<V*>(other);
     }
 };
 

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <list>
 
-#include "fields/zn_values.h"
+#include "fields/all.h"
 #include "nodes/zn_vrml.h"
 #include "scripts/zn_event.h"
 
@@ -80,15 +80,15 @@ protected:
     // Each lookup answers null for a field that the node's type lacks.
     template <class T>
     T* exposedField(const char* name) {
-        return dynamic_cast<T*>(getExposedField(name, nullptr));
+        return znValueAs<T>(getExposedField(name, nullptr));
     }
     template <class T>
     T* plainField(const char* name) {
-        return dynamic_cast<T*>(Script::getField(name, nullptr));
+        return znValueAs<T>(Script::getField(name, nullptr));
     }
     template <class T>
     T* eventOutField(const char* name) {
-        return dynamic_cast<T*>(Builtin::getEventOut(name, nullptr));
+        return znValueAs<T>(Builtin::getEventOut(name, nullptr));
     }
     // Copies `value` into a field of this node; a missing field stays missing.
     template <class T>
