@@ -186,7 +186,8 @@ void znBrowserIntern::pushUnresolved(znField* f, const char* text) {
 }
 
 void znBrowserIntern::clearNodeTables() {
-    for (auto& entry : nodes) delete entry.second;
+    // In the order of their numbers, as the world was made.
+    for (auto& entry : nodes.inOrder()) delete entry.second;
     nodes.clear();
     newNodes.clear();
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "browser/zn_browser.h"
+#include "browser/zn_id_table.h"
 #include "fields/zn_array.h"
 
 class znNodeType;
@@ -151,7 +152,7 @@ private:
     // Holds the key of a look-up, so that finding a name allocates nothing.
     std::string lookupKey;
     std::map<int, znNodeType*> types;  // owning
-    std::map<int, znNode*> nodes;      // owning
+    znIdTable<znNode> nodes;           // owning
     std::list<znNode*> newNodes;       // borrowed from `nodes`
     int unresolvedReference;
     std::stack<ResolveStackElem*> resolveStack;  // owning

@@ -199,7 +199,7 @@ int znBrowserIntern::addNode(_zndbNode* first) {
 
 znNode* znBrowserIntern::newNode(const char* name, znNodeType* type) {
     if (!name || !type) return nullptr;
-    const int id = nodes.empty() ? 1 : nodes.rbegin()->first + 1;
+    const int id = nodes.empty() ? 1 : nodes.largest() + 1;
     auto* node = new znNode(id, name, type, this);
     if (!nodes.emplace(id, node).second) {
         delete node;

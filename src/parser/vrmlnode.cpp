@@ -313,7 +313,9 @@ void VrmlNodeType::clearTable(Table* list) {
         if (!rec->sharedName) std::free(rec->name);
         if (!inBlock(rec)) delete rec;
     }
-    list->clear();
+    // The record stays in its name space to the end of the file: it keeps
+    // no room for records it will never have again.
+    Table().swap(*list);
 }
 
 void VrmlNodeType::ownTable(Table* list) {

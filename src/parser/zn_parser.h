@@ -6,8 +6,8 @@
 
 #include <iosfwd>
 #include <list>
-#include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 class zn_Lexer;
@@ -204,7 +204,9 @@ private:
     // Both grow at the front; a null entry marks where a scope begins.
     std::list<VrmlNodeType*> typeNameSpace;      // owning
     std::list<VrmlNodeType*> instanceNameSpace;  // owning
-    std::map<std::string, int> defCounters;  // DEF name -> number of its latest DEF
+    // DEF name -> number of its latest DEF; hashed, as a file may DEF a name
+    // per node and nothing walks them in order.
+    std::unordered_map<std::string, int> defCounters;
     // The PROTO being declared: owning until inProto puts it on protoStack,
     // borrowed from there on.
     VrmlNodeType* currentProto = nullptr;

@@ -3,8 +3,8 @@
 #ifndef ZN_CPPSI_H
 #define ZN_CPPSI_H
 
-#include <map>
 #include <string>
+#include <unordered_map>
 
 #include "browser/zn_browser.h"
 #include "scripts/zn_scriptinterface.h"
@@ -43,7 +43,9 @@ private:
     Script* findOrReport(znNode& node, const char* missing);
 
     znScriptConstructor scriptFn = nullptr;
-    std::map<int, Script*> scripts;  // borrowed: each object ends through its own shutdown
+    // Hashed: a type of a big world has a script object for each of
+    // hundreds of thousands of nodes, and nothing walks them in order.
+    std::unordered_map<int, Script*> scripts;  // borrowed: each object ends through its own shutdown
     int scriptID = kCompiledScriptID;
     Browser* browser;                        // borrowed
     znScriptInterfaces* scriptInterfaces;    // borrowed from the system object
