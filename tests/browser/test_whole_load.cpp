@@ -1,12 +1,14 @@
 // Whole loads through wrlLoad, and the world written back as text.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <sstream>
 #include <string>
 
 #include "browser/zn_browser_intern.h"
 #include "loader/wrl_loader.h"
 #include "loader/zn.h"
+#include "nodes/zn_node.h"
 #include "nodes/zn_vrml.h"
 #include "csGroup.h"
 #include "test_support.h"
@@ -91,4 +93,23 @@ TEST(WholeLoad, EmptyStringLeavesTopLevelAndTempDirAsTheyWere) {
     delete nodes;
     EXPECT_EQ(browser->getTopLevel(), before);
     EXPECT_EQ(before.size(), 2u);
+    EXPECT_TRUE(std::filesystem::is_empty(dir.path()));
+}
+
+TEST(WholeLoad, StringWorldAddsItsNodesAndLeavesNoFile) {
+    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+    wrltest::TempDir dir;
+    wrltest::ScopedEnv tmp("ZN_TMP_PATH", dir.path().c_str());
+    CaptureStderr();
+    ASSERT_NE(load(dataFile("shapes.wrl")), nullptr);
+    znBrowserIntern* browser = _ZNmain->browser;
+    std::list<int> before = browser->getTopLevel();
+    std::vector<BaseNode>* nodes = browser->createVrmlFromString("DEF Added Group { } Transform { }");
+    GetCapturedStderr();
+    ASSERT_EQ(nodes->size(), 2u);
+    EXPECT_STREQ(nodes->front().handleNode()->getType(), "Group");
+    delete nodes;
+    EXPECT_EQ(browser->getTopLevel(), before);
+    EXPECT_NE(browser->getNode("Added"), nullptr);
+    EXPECT_TRUE(std::filesystem::is_empty(dir.path()));
 }
