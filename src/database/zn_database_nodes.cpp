@@ -154,29 +154,25 @@ void znDatabaseIntern::freeNodeChain(_zndbNode* head) {
     }
 }
 
-_zndbNode* znDatabaseIntern::newNodeRecord() {
-    if (spareNodes.empty()) {
-        auto* node = static_cast<_zndbNode*>(std::calloc(1, sizeof(_zndbNode)));
-        if (node == nullptr) znParserOutOfMemory();
-        return node;
+namespace {
+// A cleared record: a spare one when there is any, else a new one.
+template <class Record>
+Record* clearedRecord(std::vector<Record*>& spares) {
+    if (spares.empty()) {
+        auto* record = static_cast<Record*>(std::calloc(1, sizeof(Record)));
+        if (record == nullptr) znParserOutOfMemory();
+        return record;
     }
-    _zndbNode* node = spareNodes.back();
-    spareNodes.pop_back();
-    *node = _zndbNode{};
-    return node;
+    Record* record = spares.back();
+    spares.pop_back();
+    *record = Record{};
+    return record;
 }
+}  // namespace
 
-_zndbNodeData* znDatabaseIntern::newDataRecord() {
-    if (spareData.empty()) {
-        auto* data = static_cast<_zndbNodeData*>(std::calloc(1, sizeof(_zndbNodeData)));
-        if (data == nullptr) znParserOutOfMemory();
-        return data;
-    }
-    _zndbNodeData* data = spareData.back();
-    spareData.pop_back();
-    *data = _zndbNodeData{};
-    return data;
-}
+_zndbNode* znDatabaseIntern::newNodeRecord() { return clearedRecord(spareNodes); }
+
+_zndbNodeData* znDatabaseIntern::newDataRecord() { return clearedRecord(spareData); }
 
 void znDatabaseIntern::recycleChain(_zndbNode* head) {
     while (head != nullptr) {

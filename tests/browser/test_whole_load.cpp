@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 #include <sstream>
 #include <string>
 
@@ -79,36 +80,41 @@ TEST(WholeLoad, WrittenWorldReadsBackToTheSameWorld) {
 }
 
 
-TEST(WholeLoad, EmptyStringLeavesTopLevelAndTempDirAsTheyWere) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+// Worlds made from texts, added to a loaded world: each test reads the
+// node list that came back and what stays of the world and the temporary
+// directory.
+class StringWorld : public testing::Test {
+protected:
+    void SetUp() override {
+        CaptureStderr();
+        ASSERT_NE(load(dataFile("shapes.wrl")), nullptr);
+        browser = _ZNmain->browser;
+        before = browser->getTopLevel();
+    }
+    std::vector<BaseNode> make(const char* text) {
+        std::unique_ptr<std::vector<BaseNode>> nodes(browser->createVrmlFromString(text));
+        GetCapturedStderr();
+        return *nodes;
+    }
+
+    wrltest::ScopedEnv builtins{"ZNBUILTINS", wrltest::nodeSupportFile().c_str()};
     wrltest::TempDir dir;
-    wrltest::ScopedEnv tmp("ZN_TMP_PATH", dir.path().c_str());
-    CaptureStderr();
-    ASSERT_NE(load(dataFile("shapes.wrl")), nullptr);
-    znBrowserIntern* browser = _ZNmain->browser;
-    std::list<int> before = browser->getTopLevel();
-    std::vector<BaseNode>* nodes = browser->createVrmlFromString("");
-    GetCapturedStderr();
-    EXPECT_TRUE(nodes->empty());
-    delete nodes;
+    wrltest::ScopedEnv tmp{"ZN_TMP_PATH", dir.path().c_str()};
+    znBrowserIntern* browser = nullptr;
+    std::list<int> before;
+};
+
+TEST_F(StringWorld, EmptyStringLeavesTopLevelAndTempDirAsTheyWere) {
+    EXPECT_TRUE(make("").empty());
     EXPECT_EQ(browser->getTopLevel(), before);
     EXPECT_EQ(before.size(), 2u);
     EXPECT_TRUE(std::filesystem::is_empty(dir.path()));
 }
 
-TEST(WholeLoad, StringWorldAddsItsNodesAndLeavesNoFile) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
-    wrltest::TempDir dir;
-    wrltest::ScopedEnv tmp("ZN_TMP_PATH", dir.path().c_str());
-    CaptureStderr();
-    ASSERT_NE(load(dataFile("shapes.wrl")), nullptr);
-    znBrowserIntern* browser = _ZNmain->browser;
-    std::list<int> before = browser->getTopLevel();
-    std::vector<BaseNode>* nodes = browser->createVrmlFromString("DEF Added Group { } Transform { }");
-    GetCapturedStderr();
-    ASSERT_EQ(nodes->size(), 2u);
-    EXPECT_STREQ(nodes->front().handleNode()->getType(), "Group");
-    delete nodes;
+TEST_F(StringWorld, AddsItsNodesAndLeavesNoFile) {
+    std::vector<BaseNode> nodes = make("DEF Added Group { } Transform { }");
+    ASSERT_EQ(nodes.size(), 2u);
+    EXPECT_STREQ(nodes.front().handleNode()->getType(), "Group");
     EXPECT_EQ(browser->getTopLevel(), before);
     EXPECT_NE(browser->getNode("Added"), nullptr);
     EXPECT_TRUE(std::filesystem::is_empty(dir.path()));
