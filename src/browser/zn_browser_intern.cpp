@@ -231,7 +231,7 @@ void znBrowserIntern::enterType(znNodeType* type) {
 
 void znBrowserIntern::enterNode(znNode* node) {
     if (!node) return;
-    nodes[node->getID()] = node;
+    nodes.set(node->getID(), node);
     const char* name = node->getName();
     if (name[0]) nodeIDs[name + 1] = node->getID();
     newNodes.push_back(node);
@@ -259,9 +259,7 @@ znNode* znBrowserIntern::getNode(int id) {
 
 int znBrowserIntern::getNodeID(const char* name) {
     if (!name || !*name) return 0;
-    lookupKey.assign(name + 1);
-    auto found = nodeIDs.find(lookupKey);
-    if (found != nodeIDs.end()) return found->second;
+    if (const int* id = nodeIDs.find(name + 1)) return *id;
     int n = 0;
     size_t stemEnd = 0;
     if (numberedSuffix(name, &n, &stemEnd)) {
@@ -282,8 +280,8 @@ Node* znBrowserIntern::getNode(const char* name) {
     const char* plain = name ? name : "";
     char key[512];
     std::snprintf(key, sizeof key, kFirstDefinitionKey, plain);
-    auto found = nodeIDs.find(key);
-    if (found == nodeIDs.end()) {
+    const int* found = nodeIDs.find(key);
+    if (found == nullptr) {
         int n = 0;
         size_t stemEnd = 0;
         if (!numberedSuffix(plain, &n, &stemEnd))
@@ -292,8 +290,8 @@ Node* znBrowserIntern::getNode(const char* name) {
         if (n - 1 == 0) return getNode(stem.c_str());
         return getNode(formatted(kNumberedName, stem, n - 1).c_str());
     }
-    if (found->second == 0) znThrow<znInvalidNodeIDException>(kInvalidNodeIDForName, plain, 0);
-    auto node = nodes.find(found->second);
+    if (*found == 0) znThrow<znInvalidNodeIDException>(kInvalidNodeIDForName, plain, 0);
+    auto node = nodes.find(*found);
     return node != nodes.end() ? node->second : nullptr;
 }
 

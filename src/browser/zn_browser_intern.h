@@ -7,11 +7,11 @@
 #include <map>
 #include <stack>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "browser/zn_browser.h"
 #include "browser/zn_id_table.h"
+#include "browser/zn_name_table.h"
 #include "fields/zn_array.h"
 
 class znNodeType;
@@ -148,9 +148,7 @@ private:
     int worldLoaded;
     std::map<std::string, int> typeIDs;
     // Nothing walks the names in order, and a world has one per node.
-    std::unordered_map<std::string, int> nodeIDs;
-    // Holds the key of a look-up, so that finding a name allocates nothing.
-    std::string lookupKey;
+    znNameTable nodeIDs;
     std::map<int, znNodeType*> types;  // owning
     znIdTable<znNode> nodes;           // owning
     std::list<znNode*> newNodes;       // borrowed from `nodes`

@@ -121,7 +121,7 @@ int znBrowserIntern::addNode(_zndbNode* first) {
 
         // The latest node of a name wins the name.
         if (name[0] != '\0') nodeIDs[name + 1] = record->nodeId;
-        nodes[record->nodeId] = node;
+        nodes.set(record->nodeId, node);
 
         for (_zndbNodeData* data = record->fields; data; data = data->next) {
             const char* fieldName = recordText(data->name, fieldSpill);
@@ -206,8 +206,7 @@ znNode* znBrowserIntern::newNode(const char* name, znNodeType* type) {
         return nullptr;
     }
     const char* stored = node->getName(nullptr);
-    const std::string key = stored[0] ? stored + 1 : "";
-    if (!nodeIDs.emplace(key, id).second) {
+    if (!nodeIDs.insert(stored[0] ? stored + 1 : "", id).second) {
         nodes.erase(id);
         delete node;
         return nullptr;

@@ -1,61 +1,120 @@
-// Objects of a world by their number. A world holds millions of nodes, and a
-// tree of them costs a trip through memory per level on every look-up; the
-// numbers are hashed instead. What needs the order, the largest number and
-// a walk from the smallest, pays for it where it is asked.
+// Objects of a world by their number. A world holds millions of nodes, and
+// its numbers are given one after another from 1, so the objects stand in
+// an array indexed by number: a look-up is one step into memory. A number
+// far beyond those given so far (a table must take any int) goes to a hash
+// map instead of stretching the array. What needs the order, the largest
+// number and a walk from the smallest, pays for it where it is asked.
 #ifndef ZN_ID_TABLE_H
 #define ZN_ID_TABLE_H
 
 #include <algorithm>
+#include <cstddef>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+// A number with a null object is not in the table.
 template <class T>
 class znIdTable {
 public:
-    using Map = std::unordered_map<int, T*>;
-    using iterator = typename Map::iterator;
+    using Entry = std::pair<int, T*>;
+    using iterator = Entry*;
 
-    iterator find(int id) { return entries.find(id); }
-    iterator end() { return entries.end(); }
-    size_t count(int id) const { return entries.count(id); }
-    bool empty() const { return entries.empty(); }
-
-    std::pair<iterator, bool> emplace(int id, T* object) {
-        auto result = entries.emplace(id, object);
-        if (result.second) noteNumber(id);
-        return result;
+    iterator find(int id) {
+        if (id >= 0 && static_cast<std::size_t>(id) < dense.size() && dense[static_cast<std::size_t>(id)].second)
+            return &dense[static_cast<std::size_t>(id)];
+        if (sparse.empty()) return end();
+        auto found = sparse.find(id);
+        return found != sparse.end() && found->second.second ? &found->second : end();
     }
-    T*& operator[](int id) {
-        T*& slot = entries[id];
-        noteNumber(id);
-        return slot;
+    iterator end() { return nullptr; }
+    std::size_t count(int id) { return find(id) != end() ? 1 : 0; }
+    bool empty() const { return present == 0; }
+    std::size_t size() const { return present; }
+
+    // Enters `object` unless the number is taken.
+    std::pair<iterator, bool> emplace(int id, T* object) {
+        if (iterator found = find(id)) return {found, false};
+        if (object == nullptr) return {end(), false};
+        return {place(id, object), true};
+    }
+    // Enters `object` under `id`, replacing what was there; null removes.
+    void set(int id, T* object) {
+        if (object == nullptr) {
+            erase(id);
+            return;
+        }
+        if (iterator found = find(id)) {
+            found->second = object;
+            return;
+        }
+        place(id, object);
     }
     void erase(int id) {
-        if (entries.erase(id) == 0 || id != largestNumber) return;
-        largestNumber = 0;
-        for (const auto& entry : entries) noteNumber(entry.first);
+        iterator found = find(id);
+        if (found == end()) return;
+        found->second = nullptr;
+        if (!sparse.empty()) sparse.erase(id);
+        --present;
+        if (id == largestNumber) findLargest();
     }
     void clear() {
-        entries.clear();
+        dense.clear();
+        sparse.clear();
+        present = 0;
         largestNumber = 0;
     }
     // Only meaningful when the table is not empty.
     int largest() const { return largestNumber; }
     // The entries from the smallest number up.
-    std::vector<std::pair<int, T*>> inOrder() const {
-        std::vector<std::pair<int, T*>> sorted(entries.begin(), entries.end());
-        std::sort(sorted.begin(), sorted.end(),
-                  [](const std::pair<int, T*>& a, const std::pair<int, T*>& b) { return a.first < b.first; });
+    std::vector<Entry> inOrder() const {
+        std::vector<Entry> sorted;
+        sorted.reserve(present);
+        for (const Entry& e : dense)
+            if (e.second) sorted.push_back(e);
+        for (const auto& e : sparse)
+            if (e.second.second) sorted.push_back(e.second);
+        std::sort(sorted.begin(), sorted.end(), [](const Entry& a, const Entry& b) { return a.first < b.first; });
         return sorted;
     }
 
 private:
-    void noteNumber(int id) {
-        if (entries.size() == 1 || id > largestNumber) largestNumber = id;
+    // The array reaches this far past the numbers it holds before a number
+    // goes to the hash map instead.
+    static constexpr std::size_t kSlack = 4096;
+
+    iterator place(int id, T* object) {
+        Entry* at = nullptr;
+        const std::size_t index = static_cast<std::size_t>(id);
+        if (id >= 0 && index < std::max(dense.size(), 2 * present + kSlack)) {
+            if (index >= dense.size()) dense.resize(std::max(index + 1, dense.size() * 2), Entry{0, nullptr});
+            at = &dense[index];
+        } else {
+            at = &sparse[id];
+        }
+        *at = Entry{id, object};
+        if (present++ == 0 || id > largestNumber) largestNumber = id;
+        return at;
+    }
+    void findLargest() {
+        largestNumber = 0;
+        bool any = false;
+        for (std::size_t i = dense.size(); i-- > 0;)
+            if (dense[i].second) {
+                largestNumber = dense[i].first;
+                any = true;
+                break;
+            }
+        for (const auto& e : sparse)
+            if (e.second.second && (!any || e.first > largestNumber)) {
+                largestNumber = e.first;
+                any = true;
+            }
     }
 
-    Map entries;
+    std::vector<Entry> dense;                // by number; a null object is a gap
+    std::unordered_map<int, Entry> sparse;   // numbers the array does not reach
+    std::size_t present = 0;
     int largestNumber = 0;
 };
 

@@ -72,8 +72,8 @@ int znDatabaseIntern::CreatePrototype(char* name, char** parents, char* url, int
         return 0;
     }
     const char* typeName = name != nullptr ? name : "";
-    if (hasParents(parents) && bodyProtos.count(typeName) == 0 && nestedProtos.count(typeName) == 0)
-        nestedProtos.emplace(typeName, 0);
+    if (hasParents(parents) && !bodyProtos.contains(typeName) && !nestedProtos.contains(typeName))
+        nestedProtos.insert(typeName, 0);
     // The two counters go in step, so the number kept by name is the ID.
     ++protoCounter;
     proto.id = ++protoIdCounter;
@@ -151,6 +151,8 @@ void znDatabaseIntern::DeleteDatabase() {
     bodyProtos.clear();
     nestedProtos.clear();
     instanceTypes.clear();
+    typeNumbers.clear();
+    typeNames.clear();
     instanceIds.clear();
     vnodeOwners.clear();
     clearVirtualRecords();
@@ -222,8 +224,8 @@ void znDatabaseIntern::setRouteHead(_zndbRoute* head) {
 
 const char* znDatabaseIntern::getProto(const char* instName) {
     if (instName == nullptr) return nullptr;
-    auto found = instanceTypes.find(instName);
-    return found != instanceTypes.end() ? found->second.c_str() : nullptr;
+    const int* type = instanceTypes.find(instName);
+    return type != nullptr ? typeNames[static_cast<size_t>(*type)].c_str() : nullptr;
 }
 
 int znDatabaseIntern::protoIdOf(const char* typeName) const {
@@ -234,6 +236,6 @@ int znDatabaseIntern::protoIdOf(const char* typeName) const {
 
 int znDatabaseIntern::lookupInstanceId(const char* name) const {
     if (name == nullptr) return 0;
-    auto found = instanceIds.find(name);
-    return found != instanceIds.end() ? found->second : 0;
+    const int* id = instanceIds.find(name);
+    return id != nullptr ? *id : 0;
 }

@@ -10,6 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "browser/zn_name_table.h"
 #include "database/zn_database.h"
 #include "database/zn_database_records.h"
 
@@ -174,13 +175,16 @@ private:
     int protoRefused = 0;
 
     std::unordered_map<std::string, int> protoIds;
-    std::unordered_map<std::string, int> bodyProtos;
-    std::unordered_map<std::string, int> nestedProtos;
-    std::unordered_map<std::string, std::string> instanceTypes;
+    znNameTable bodyProtos;
+    znNameTable nestedProtos;
+    // Node name to its type, as a number in `typeNames`.
+    znNameTable instanceTypes;
+    znNameTable typeNumbers;
+    std::vector<std::string> typeNames;
     // Node name to node ID; the running number of the records is the node
     // ID, so a route can be resolved by name.
-    std::unordered_map<std::string, int> instanceIds;
-    std::unordered_map<std::string, int> vnodeOwners;
+    znNameTable instanceIds;
+    znNameTable vnodeOwners;
     std::unordered_map<int, std::vector<_zndbVNode*>> vnodes;  // owning
     // Virtual ID to the last real node made from it.
     std::unordered_map<int, int> expansions;

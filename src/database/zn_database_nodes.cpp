@@ -36,20 +36,24 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
     const int count = countParents(parents);
     const char* typeName = type != nullptr ? type : "";
     const char* nodeName = instName != nullptr ? instName : "";
-    instanceTypes.emplace(nodeName, typeName);
+    if (!instanceTypes.contains(nodeName)) {
+        auto type = typeNumbers.insert(typeName, static_cast<int>(typeNames.size()));
+        if (type.second) typeNames.emplace_back(typeName);
+        instanceTypes.insert(nodeName, *type.first);
+    }
     if (count != 0 && nesting == 0 && grouping) groupingMark = 1;
     int toplevel = grouping && count == 0 && nesting == 0 ? 1 : 0;
 
     if (count != 0) {
         for (int i = 0; i < count; ++i)
-            if (bodyProtos.count(parents[i]) == 0) bodyProtos.emplace(parents[i], ++ownerCounter);
+            if (bodyProtos.insert(parents[i], ownerCounter + 1).second) ++ownerCounter;
         isRealNode = 0;
         currentNode = nullptr;
         return CreateVirtualNode(type, instName, parents, grouping, count, toplevel, nesting);
     }
 
     pendingInstance.clear();
-    if (bodyProtos.count(typeName) != 0) pendingInstance = typeName;
+    if (bodyProtos.contains(typeName)) pendingInstance = typeName;
     isRealNode = 1;
     currentNode = nullptr;
     currentFields = currentFieldsTail = nullptr;

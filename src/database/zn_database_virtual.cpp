@@ -52,9 +52,9 @@ int znDatabaseIntern::CreateVirtualNode(char* type, char* instName, char** paren
     if (typeId == 0 || count <= 0) return 0;
 
     const char* innermost = parents[count - 1];
-    auto owner = vnodeOwners.find(innermost);
-    if (owner == vnodeOwners.end()) owner = vnodeOwners.emplace(innermost, ++ownerCounter).first;
-    currentKey = owner->second;
+    auto owner = vnodeOwners.insert(innermost, ownerCounter + 1);
+    if (owner.second) ++ownerCounter;
+    currentKey = *owner.first;
 
     auto* node = new _zndbVNode{};
     if (!copyName(node->name, nodeName) || !copyName(node->typeName, type) || !copyName(node->owner, innermost) ||
@@ -107,8 +107,8 @@ void znDatabaseIntern::addVirtualNodes() {
 int znDatabaseIntern::isProto(const char* instName) {
     const char* type = getProto(instName);
     if (type == nullptr) return 0;
-    if (nestedProtos.count(type) != 0) return 2;
-    if (bodyProtos.count(type) != 0) return 1;
+    if (nestedProtos.contains(type)) return 2;
+    if (bodyProtos.contains(type)) return 1;
     return 0;
 }
 
@@ -117,9 +117,8 @@ int znDatabaseIntern::makeNodes(const char* protoName, int suffix) {
     // instances of its own, so the names of two expansions cannot meet.
     const int thisInstance = ++instanceCounter;
     instanceNumber = thisInstance;
-    auto owner = vnodeOwners.find(protoName != nullptr ? protoName : "");
-    if (owner != vnodeOwners.end()) {
-        auto body = vnodes.find(owner->second);
+    if (const int* owner = vnodeOwners.find(protoName != nullptr ? protoName : "")) {
+        auto body = vnodes.find(*owner);
         if (body != vnodes.end()) {
             // The vector may not grow while it is replayed: bodies are read
             // before any instance of them.

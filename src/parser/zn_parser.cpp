@@ -90,19 +90,14 @@ const char* znParser::makeDefName(const char* name, int number, char kind) {
 }
 
 int znParser::setDefName(const char* name) {
-    int number = 0;
-    auto found = defCounters.find(name);
-    if (found != defCounters.end()) {
-        number = found->second + 1;
-        defCounters.erase(found);
-    }
-    if (!defCounters.emplace(name, number).second) znAlert(znParserFormat(kDefNameFailed, name).c_str());
-    return number;
+    auto entry = defCounters.insert(name != nullptr ? name : "", 0);
+    if (!entry.second) ++*entry.first;
+    return *entry.first;
 }
 
 const char* znParser::getDefName(const char* name) {
-    auto found = defCounters.find(name);
-    if (found != defCounters.end()) return makeDefName(name, found->second, 'u');
+    if (const int* number = defCounters.find(name != nullptr ? name : ""))
+        return makeDefName(name, *number, 'u');
     znAlert(znParserFormat(kUseNameFailed, name).c_str());
     return name;
 }

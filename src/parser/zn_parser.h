@@ -7,8 +7,9 @@
 #include <iosfwd>
 #include <list>
 #include <string>
-#include <unordered_map>
 #include <vector>
+
+#include "browser/zn_name_table.h"
 
 class zn_Lexer;
 class zn_URL;
@@ -206,7 +207,7 @@ private:
     std::list<VrmlNodeType*> instanceNameSpace;  // owning
     // DEF name -> number of its latest DEF; hashed, as a file may DEF a name
     // per node and nothing walks them in order.
-    std::unordered_map<std::string, int> defCounters;
+    znNameTable defCounters;
     // The PROTO being declared: owning until inProto puts it on protoStack,
     // borrowed from there on.
     VrmlNodeType* currentProto = nullptr;

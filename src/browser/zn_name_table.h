@@ -1,0 +1,143 @@
+// Numbers by name for the tables that hold one entry per node of a world.
+// Such a table reaches millions of names. A node-based hash map pays two
+// allocations per name (its node and, past the short-string room, the
+// string) and a trip through memory per step of a look-up; here the names
+// lie one after another in one block and the slots in one array, probed in
+// line, so a look-up touches one slot and the one name it compares.
+#ifndef ZN_NAME_TABLE_H
+#define ZN_NAME_TABLE_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+class znNameTable {
+public:
+    // The number of `name`, or null. The pointer holds until the next
+    // insertion.
+    int* find(std::string_view name) {
+        if (slots.empty()) return nullptr;
+        const std::uint32_t h = hashOf(name);
+        for (std::size_t i = h & mask();; i = (i + 1) & mask()) {
+            Slot& s = slots[i];
+            if (s.state == kEmpty) return nullptr;
+            if (s.state == kFull && matches(s, h, name)) return &s.value;
+        }
+    }
+    const int* find(std::string_view name) const { return const_cast<znNameTable*>(this)->find(name); }
+    bool contains(std::string_view name) const { return find(name) != nullptr; }
+
+    // The number of `name`, entered as 0 when the name is new.
+    int& operator[](std::string_view name) { return *insert(name, 0).first; }
+
+    // Enters `name` with `value` unless it is there; answers whether it was
+    // entered. Either way the pointer is to the stored number.
+    std::pair<int*, bool> insert(std::string_view name, int value) {
+        if (int* found = find(name)) return {found, false};
+        if ((used + 1) * 2 > slots.size()) grow();
+        const std::uint32_t h = hashOf(name);
+        std::size_t i = h & mask();
+        while (slots[i].state == kFull) i = (i + 1) & mask();
+        Slot& s = slots[i];
+        if (s.state == kEmpty) ++used;
+        s.name = store(name);
+        s.length = static_cast<std::uint32_t>(name.size());
+        s.hash = h;
+        s.value = value;
+        s.state = kFull;
+        ++count;
+        return {&s.value, true};
+    }
+
+    // The name's characters stay stored until the table is cleared.
+    bool erase(std::string_view name) {
+        int* found = find(name);
+        if (found == nullptr) return false;
+        Slot* s = reinterpret_cast<Slot*>(reinterpret_cast<char*>(found) - offsetof(Slot, value));
+        s->state = kErased;
+        --count;
+        return true;
+    }
+
+    void clear() {
+        slots.clear();
+        blocks.clear();
+        blockLeft = 0;
+        used = 0;
+        count = 0;
+    }
+    std::size_t size() const { return count; }
+    bool empty() const { return count == 0; }
+
+    // Calls `visit(name, number)` for every entry, in no particular order.
+    template <class Visit>
+    void forEach(Visit visit) const {
+        for (const Slot& s : slots)
+            if (s.state == kFull) visit(std::string_view(s.name, s.length), s.value);
+    }
+
+private:
+    enum : std::uint8_t { kEmpty = 0, kFull = 1, kErased = 2 };
+    struct Slot {
+        const char* name = nullptr;  // in `blocks`
+        std::uint32_t length = 0;
+        std::uint32_t hash = 0;
+        int value = 0;
+        std::uint8_t state = kEmpty;
+    };
+
+    static std::uint32_t hashOf(std::string_view name) {
+        const std::size_t h = std::hash<std::string_view>{}(name);
+        return static_cast<std::uint32_t>(h ^ (h >> 32));
+    }
+    std::size_t mask() const { return slots.size() - 1; }
+    bool matches(const Slot& s, std::uint32_t h, std::string_view name) const {
+        return s.hash == h && s.length == name.size() &&
+               (name.empty() || std::memcmp(s.name, name.data(), name.size()) == 0);
+    }
+    static constexpr std::size_t kBlockSize = 64 * 1024;
+    const char* store(std::string_view name) {
+        if (name.size() > blockLeft) {
+            const std::size_t size = name.size() > kBlockSize ? name.size() : kBlockSize;
+            blocks.emplace_back(new char[size]);
+            blockNext = blocks.back().get();
+            blockLeft = size;
+        }
+        char* at = blockNext;
+        if (!name.empty()) std::memcpy(at, name.data(), name.size());
+        blockNext += name.size();
+        blockLeft -= name.size();
+        return at;
+    }
+    // Doubles the slots (or starts them) and drops the erased ones.
+    void grow() {
+        std::vector<Slot> old;
+        old.swap(slots);
+        std::size_t size = 16;
+        while (size < (count + 1) * 2) size *= 2;
+        slots.assign(size, Slot{});
+        used = 0;
+        for (const Slot& s : old) {
+            if (s.state != kFull) continue;
+            std::size_t i = s.hash & mask();
+            while (slots[i].state != kEmpty) i = (i + 1) & mask();
+            slots[i] = s;
+            ++used;
+        }
+    }
+
+    std::vector<Slot> slots;  // a power of two of them, at most half in use
+    // Every name entered, back to back in blocks that never move; a name
+    // longer than a block gets one of its own.
+    std::vector<std::unique_ptr<char[]>> blocks;
+    char* blockNext = nullptr;
+    std::size_t blockLeft = 0;
+    std::size_t used = 0;     // slots not empty, erased ones included
+    std::size_t count = 0;    // names in the table
+};
+
+#endif

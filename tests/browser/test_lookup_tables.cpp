@@ -1,0 +1,121 @@
+// The tables that hold one entry per node: names to numbers and numbers to
+// objects. Their faults would show only in big worlds (growth, erased slots,
+// numbers beyond the array), so those paths are driven here directly.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <string>
+
+#include "browser/zn_id_table.h"
+#include "browser/zn_name_table.h"
+
+namespace {
+
+std::string nodeName(int i) { return "x" + std::to_string(i) + "+Transform_" + std::to_string(i * 7); }
+
+TEST(NameTable, KeepsEveryNameThroughGrowthAndErasure) {
+    znNameTable table;
+    const int n = 50000;
+    for (int i = 0; i < n; ++i) EXPECT_TRUE(table.insert(nodeName(i), i).second);
+    EXPECT_EQ(table.size(), static_cast<size_t>(n));
+    // Every other name leaves; the rest must still be found past the gaps.
+    for (int i = 0; i < n; i += 2) EXPECT_TRUE(table.erase(nodeName(i)));
+    EXPECT_FALSE(table.erase(nodeName(0)));
+    for (int i = 0; i < n; ++i) {
+        const int* found = table.find(nodeName(i));
+        if (i % 2 == 0) {
+            EXPECT_EQ(found, nullptr) << i;
+        } else {
+            ASSERT_NE(found, nullptr) << i;
+            EXPECT_EQ(*found, i);
+        }
+    }
+    // Names come back into erased slots and grow the table again.
+    for (int i = 0; i < 2 * n; i += 2) table[nodeName(i)] = -i;
+    EXPECT_EQ(table.size(), static_cast<size_t>(n / 2 + n));
+    EXPECT_EQ(*table.find(nodeName(4)), -4);
+    EXPECT_EQ(*table.find(nodeName(2 * n - 2)), -(2 * n - 2));
+    EXPECT_EQ(*table.find(nodeName(3)), 3);
+}
+
+TEST(NameTable, InsertKeepsTheFirstAndIndexingReplaces) {
+    znNameTable table;
+    EXPECT_TRUE(table.insert("A", 1).second);
+    auto again = table.insert("A", 2);
+    EXPECT_FALSE(again.second);
+    EXPECT_EQ(*again.first, 1);
+    table["A"] = 3;
+    EXPECT_EQ(*table.find("A"), 3);
+    EXPECT_EQ(table["B"], 0);  // a new name starts at 0
+    EXPECT_EQ(table.size(), 2u);
+}
+
+TEST(NameTable, TellsApartEmptyPrefixedAndLongNames) {
+    znNameTable table;
+    const std::string longName(200000, 'n');  // longer than a storage block
+    table.insert("", 10);
+    table.insert("P", 11);
+    table.insert("P_1", 12);
+    table.insert(longName, 13);
+    table.insert(longName + "x", 14);
+    EXPECT_EQ(*table.find(""), 10);
+    EXPECT_EQ(*table.find("P"), 11);
+    EXPECT_EQ(*table.find("P_1"), 12);
+    EXPECT_EQ(table.find("P_"), nullptr);
+    EXPECT_EQ(*table.find(longName), 13);
+    EXPECT_EQ(*table.find(longName + "x"), 14);
+    int visited = 0;
+    table.forEach([&](std::string_view name, int value) {
+        ++visited;
+        if (value == 13) {
+            EXPECT_EQ(name.size(), longName.size());
+        }
+    });
+    EXPECT_EQ(visited, 5);
+    table.clear();
+    EXPECT_TRUE(table.empty());
+    EXPECT_EQ(table.find("P"), nullptr);
+    table.insert("P", 1);
+    EXPECT_EQ(*table.find("P"), 1);
+}
+
+TEST(IdTable, NumbersNearAndFarFromTheArray) {
+    znIdTable<int> table;
+    int objects[6] = {};
+    EXPECT_TRUE(table.empty());
+    EXPECT_TRUE(table.emplace(1, &objects[0]).second);
+    EXPECT_FALSE(table.emplace(1, &objects[1]).second);
+    EXPECT_EQ(table.find(1)->second, &objects[0]);
+    // Far and negative numbers take the other road.
+    table.set(INT_MAX, &objects[2]);
+    table.set(-5, &objects[3]);
+    table.set(100000, &objects[4]);
+    EXPECT_EQ(table.find(INT_MAX)->second, &objects[2]);
+    EXPECT_EQ(table.find(-5)->second, &objects[3]);
+    EXPECT_EQ(table.find(100000)->second, &objects[4]);
+    EXPECT_EQ(table.find(2), table.end());
+    EXPECT_EQ(table.largest(), INT_MAX);
+    EXPECT_EQ(table.size(), 4u);
+
+    // The array grows over a number that went to the hash map: the number
+    // must still be found, replaced and erased, once.
+    for (int i = 2; i < 60000; ++i) table.set(i, &objects[5]);
+    EXPECT_EQ(table.find(100000)->second, &objects[4]);
+    table.set(100000, &objects[1]);
+    EXPECT_EQ(table.find(100000)->second, &objects[1]);
+    table.erase(100000);
+    EXPECT_EQ(table.find(100000), table.end());
+    EXPECT_EQ(table.count(100000), 0u);
+
+    table.erase(INT_MAX);
+    EXPECT_EQ(table.largest(), 59999);
+    auto sorted = table.inOrder();
+    ASSERT_EQ(sorted.size(), table.size());
+    EXPECT_EQ(sorted.front().first, -5);
+    EXPECT_EQ(sorted.back().first, 59999);
+    table.clear();
+    EXPECT_TRUE(table.empty());
+    EXPECT_EQ(table.find(1), table.end());
+}
+
+}  // namespace
