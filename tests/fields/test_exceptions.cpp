@@ -8,36 +8,24 @@
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-TEST(ExceptionText, ConstructionWritesThrowingLine) {
+TEST(ExceptionText, ConstructionWritesTheThrowingLineAndKeepsAtMost511Characters) {
     CaptureStderr();
     InvalidFieldException e("Invalid field name = foo");
     EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Invalid field name = foo\n");
     EXPECT_STREQ(e.text, "Invalid field name = foo");
-}
 
-TEST(ExceptionText, DefaultObjectHasNoTextAndWritesNothing) {
     CaptureStderr();
-    Exception e;
+    Exception none;
     EXPECT_EQ(GetCapturedStderr(), "");
-    EXPECT_STREQ(e.text, "");
-}
+    EXPECT_STREQ(none.text, "");
 
-TEST(ExceptionText, LongMessageIsCutAt511Characters) {
-    std::string longText(700, 'x');
     CaptureStderr();
-    Exception e(longText.c_str());
+    Exception cut(std::string(700, 'x').c_str());
     GetCapturedStderr();
-    EXPECT_EQ(std::string(e.text), std::string(511, 'x'));
+    EXPECT_EQ(std::string(cut.text), std::string(511, 'x'));
 }
 
-TEST(ExceptionTree, SpecificClassesAreCaughtAsTheirBases) {
-    CaptureStderr();
-    EXPECT_THROW(throw znInvalidNodeIDException("x"), znException);
-    EXPECT_THROW(throw ArrayIndexOutOfBoundsException("x"), Exception);
-    GetCapturedStderr();
-}
-
-TEST(ExceptionFormat, ThrowFormatsTheMessage) {
+TEST(ExceptionText, ThrowFormatsTheMessageAndClassesAreCaughtAsTheirBases) {
     CaptureStderr();
     try {
         znThrow<InvalidRouteException>("Bad route due to invalid source node ID: %d", 12);
@@ -46,4 +34,8 @@ TEST(ExceptionFormat, ThrowFormatsTheMessage) {
         EXPECT_STREQ(e.text, "Bad route due to invalid source node ID: 12");
     }
     EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Bad route due to invalid source node ID: 12\n");
+    CaptureStderr();
+    EXPECT_THROW(throw znInvalidNodeIDException("x"), znException);
+    EXPECT_THROW(throw ArrayIndexOutOfBoundsException("x"), Exception);
+    GetCapturedStderr();
 }

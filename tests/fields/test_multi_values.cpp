@@ -2,6 +2,7 @@
 // at the edges, and forwarding of list writes.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 
 #include <sys/resource.h>
@@ -12,181 +13,118 @@
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-namespace {
-
-// Runs `op`, expects the bounds exception and answers its text.
-template <class Op>
-std::string boundsText(Op op) {
-    CaptureStderr();
-    std::string text = "<no exception>";
-    try {
-        op();
-    } catch (ArrayIndexOutOfBoundsException& e) {
-        text = e.text;
-    }
-    std::string err = GetCapturedStderr();
-    if (text != "<no exception>") {
-        EXPECT_EQ(err, "\nThrowing Exception: " + text + "\n");
-    }
-    return text;
-}
-
-}  // namespace
-
-TEST(MFBounds, Get1ValueOnEmptyList) {
-    MFInt32 list;
-    EXPECT_EQ(boundsText([&] { list.get1Value(0); }),
-              "Array index out of bounds in MFInt32.get1Value():  index=0");
-}
-
-TEST(MFBounds, Set1ValueSpacingDiffersBetweenArrayAndListClasses) {
+TEST(MFBounds, EachClassAndMethodNamesItselfInTheMessage) {
+    MFInt32 ints;
     MFColor colors;
-    SFColor c(1, 0, 0);
-    EXPECT_EQ(boundsText([&] { colors.set1Value(-1, c); }),
-              "Array index out of bounds in MFColor.set1Value(): index=-1");
+    SFColor red(1, 0, 0);
     MFFloat floats;
-    EXPECT_EQ(boundsText([&] { floats.set1Value(-1, 2.0f); }),
-              "Array index out of bounds in MFFloat.set1Value():  index=-1");
-}
-
-TEST(MFBounds, InsertValueMessage) {
-    MFVec3f list;
+    MFVec3f vectors;
     SFVec3f v;
-    EXPECT_EQ(boundsText([&] { list.insertValue(-2, v); }),
-              "Array index out of bounds in MFVec3f.insertValue(): index=-2");
-}
-
-TEST(MFBounds, SetValueWithWholeSizeThrows) {
-    MFFloat list;
-    std::vector<float> three{1, 2, 3};
-    EXPECT_EQ(boundsText([&] { list.setValue(3, three); }),
-              "Array index out of bounds in MFFloat.setValue():  size=3");
-    std::vector<float> four{1, 2, 3, 4};
-    list.setValue(3, four);
-    EXPECT_EQ(list.getSize(), 3);
-    EXPECT_EQ(list.get1Value(2), 3.0f);
-}
-
-TEST(MFBounds, StringCharFormsRefuseTheEnd) {
-    MFString list;
+    MFNode nodes;
+    MFString strings;
     char a[] = "a";
-    list.addValue(a);
-    list.addValue(a);
-    list.addValue(a);
-    EXPECT_EQ(boundsText([&] { list.set1Value(3, a); }),
-              "Array index out of bounds in MFString.set1Value():  index=3");
-    EXPECT_EQ(boundsText([&] { list.insertValue(3, a); }),
-              "Array index out of bounds in MFString.insertValue(): index=3");
+    for (int i = 0; i < 3; ++i) strings.addValue(a);
+    std::vector<float> three{1, 2, 3};
+    // The spacing before "index" differs between the array and list classes.
+    const std::pair<std::function<void()>, const char*> cases[] = {
+        {[&] { ints.get1Value(0); }, "Array index out of bounds in MFInt32.get1Value():  index=0"},
+        {[&] { colors.set1Value(-1, red); }, "Array index out of bounds in MFColor.set1Value(): index=-1"},
+        {[&] { floats.set1Value(-1, 2.0f); }, "Array index out of bounds in MFFloat.set1Value():  index=-1"},
+        {[&] { vectors.insertValue(-2, v); }, "Array index out of bounds in MFVec3f.insertValue(): index=-2"},
+        {[&] { floats.setValue(3, three); }, "Array index out of bounds in MFFloat.setValue():  size=3"},
+        {[&] { strings.set1Value(3, a); }, "Array index out of bounds in MFString.set1Value():  index=3"},
+        {[&] { strings.insertValue(3, a); }, "Array index out of bounds in MFString.insertValue(): index=3"},
+        {[&] { nodes.get1Value(1); }, "Array index out of bounds in MFNode.get1Value():  index=1"},
+    };
+    for (const auto& [op, message] : cases) {
+        SCOPED_TRACE(message);
+        CaptureStderr();
+        std::string text = "<no exception>";
+        try {
+            op();
+        } catch (ArrayIndexOutOfBoundsException& e) {
+            text = e.text;
+        }
+        EXPECT_EQ(text, message);
+        EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: " + std::string(message) + "\n");
+    }
+    // A longer vector sets the first `size`; the string form may add at the end.
+    std::vector<float> four{1, 2, 3, 4};
+    floats.setValue(3, four);
+    EXPECT_EQ(floats.getSize(), 3);
+    EXPECT_EQ(floats.get1Value(2), 3.0f);
     std::string s = "b";
-    list.set1Value(3, s);
-    EXPECT_EQ(list.getSize(), 4);
+    strings.set1Value(3, s);
+    EXPECT_EQ(strings.getSize(), 4);
 }
 
-TEST(MFBounds, NodeListGet1ValueNamesItsClass) {
-    MFNode list;
-    EXPECT_EQ(boundsText([&] { list.get1Value(1); }),
-              "Array index out of bounds in MFNode.get1Value():  index=1");
-}
+TEST(MFGapFilling, WritesBeyondTheEndGrowTheList) {
+    MFInt32 ints;
+    ints.set1Value(5, 9);
+    EXPECT_EQ(ints.getSize(), 6);
+    EXPECT_EQ(ints.get1Value(5), 9);
 
-TEST(MFGapFilling, Set1ValueBeyondEndGrowsToIndexPlusOne) {
-    MFInt32 list;
-    list.set1Value(5, 9);
-    EXPECT_EQ(list.getSize(), 6);
-    EXPECT_EQ(list.get1Value(5), 9);
-}
+    MFFloat floats;
+    floats.addValue(1.0f);
+    floats.addValue(2.0f);
+    floats.insertValue(2, 7.0f);  // the filler goes last
+    EXPECT_EQ(floats.getSize(), 4);
+    EXPECT_EQ(floats.get1Value(2), 7.0f);
 
-TEST(MFGapFilling, InsertValueAtTheEndPutsFillerLast) {
-    MFFloat list;
-    list.addValue(1.0f);
-    list.addValue(2.0f);
-    list.insertValue(2, 7.0f);
-    EXPECT_EQ(list.getSize(), 4);
-    EXPECT_EQ(list.get1Value(2), 7.0f);
-}
-
-TEST(MFGapFilling, ArrayElementsGrowAndTakeWidth) {
-    MFVec2f list;
+    MFVec2f vectors;
     SFVec2f v(1, 2);
-    list.set1Value(2, v);
-    EXPECT_EQ(list.getSize(), 3);
+    vectors.set1Value(2, v);
+    EXPECT_EQ(vectors.getSize(), 3);
     float out[2];
-    list.get1Value(2, out);
+    vectors.get1Value(2, out);
     EXPECT_EQ(out[1], 2.0f);
-}
 
-TEST(MFGapFilling, SeparateFloatFormOutOfRangeDoesNothing) {
+    // The form with separate floats does nothing out of range.
     wrltest::RecordingBrowser browser;
-    znMFColor list(&browser);
-    list.setEventIndex(1);
-    list.set1Value(0, 1.0f, 1.0f, 1.0f);
-    EXPECT_EQ(list.getSize(), 0);
+    znMFColor colors(&browser);
+    colors.setEventIndex(1);
+    colors.set1Value(0, 1.0f, 1.0f, 1.0f);
+    EXPECT_EQ(colors.getSize(), 0);
     EXPECT_TRUE(browser.posted.empty());
 }
 
-TEST(MFRemove, OutOfRangeDropsTheLast) {
+TEST(MFEdges, RemoveReadAndWriteStopAtTheEnds) {
     MFInt32 list;
     for (int i = 1; i <= 3; ++i) list.addValue(i);
-    list.remove(100);
+    list.remove(100);  // out of range drops the last
     ASSERT_EQ(list.getSize(), 2);
     EXPECT_EQ(list.get1Value(1), 2);
     list.remove(0);
     EXPECT_EQ(list.get1Value(0), 2);
-}
+    MFString empty;
+    empty.remove(0);
+    EXPECT_EQ(empty.getSize(), 0);
 
-TEST(MFRemove, EmptyListStaysEmpty) {
-    MFString list;
-    list.remove(0);
-    EXPECT_EQ(list.getSize(), 0);
-}
+    MFTime times;
+    times.addValue(2.0);
+    double read[2] = {0, -5};
+    times.getValue(2, read);
+    EXPECT_EQ(read[0], 2.0);
+    EXPECT_EQ(read[1], -5.0);
 
-TEST(MFRead, GetValueStopsAtTheSize) {
-    MFTime list;
-    list.addValue(2.0);
-    double out[2] = {0, -5};
-    list.getValue(2, out);
-    EXPECT_EQ(out[0], 2.0);
-    EXPECT_EQ(out[1], -5.0);
-}
-
-TEST(MFRead, ArrayFloatCountsFloats) {
-    MFVec3f list;
+    MFVec3f vectors;
     float in[6] = {1, 2, 3, 4, 5, 6};
-    list.setValue(6, in);
-    float out[4] = {};
-    list.getValue(4, out);
-    EXPECT_EQ(out[3], 4.0f);
-    std::vector<float> flat;
-    list.getValue(flat);
-    EXPECT_EQ(flat.size(), 6u);
+    vectors.setValue(6, in);
+    float some[4] = {};
+    vectors.getValue(4, some);  // counts floats, not elements
+    EXPECT_EQ(some[3], 4.0f);
+
+    MFRotation rotations;
+    std::vector<float> partial{0, 0, 1, 0, 1, 1};
+    rotations.setValue(0, partial);  // the incomplete group is dropped
+    EXPECT_EQ(rotations.getSize(), 1);
+    MFVec2f pairs;
+    float three[4] = {1, 2, 3, 4};
+    pairs.setValue(3, three);  // the pointer form takes the whole last element
+    EXPECT_EQ(pairs.getSize(), 2);
 }
 
-TEST(MFWrite, FloatVectorFormDropsIncompleteGroup) {
-    MFRotation list;
-    std::vector<float> v{0, 0, 1, 0, 1, 1};
-    list.setValue(0, v);
-    EXPECT_EQ(list.getSize(), 1);
-}
-
-TEST(MFWrite, FloatPointerFormTakesWholeLastElement) {
-    MFVec2f list;
-    float in[4] = {1, 2, 3, 4};
-    list.setValue(3, in);
-    EXPECT_EQ(list.getSize(), 2);
-}
-
-TEST(MFRuntime, FailingRealFieldStopsTheWrite) {
-    wrltest::RecordingBrowser browser;
-    znMFFloat real(&browser), outer(&browser);
-    outer.setEventIndex(4);
-    std::vector<znField*> remote{&real};
-    outer.addRemoteData(&remote);
-    CaptureStderr();
-    EXPECT_THROW(outer.set1Value(-1, 1.0f), ArrayIndexOutOfBoundsException);
-    GetCapturedStderr();
-    EXPECT_TRUE(browser.posted.empty());
-}
-
-TEST(MFRuntime, WritesReachRealFieldsAndReadsComeFromThem) {
+TEST(MFRuntime, WritesReachRealFieldsAndAFailingOneStopsThePost) {
     znMFString real(nullptr), outer(nullptr);
     std::vector<znField*> remote{&real};
     outer.addRemoteData(&remote);
@@ -195,16 +133,20 @@ TEST(MFRuntime, WritesReachRealFieldsAndReadsComeFromThem) {
     EXPECT_EQ(real.getSize(), 1);
     real.addValue(s);
     EXPECT_EQ(outer.getSize(), 2);
-}
+    outer.setData(static_cast<void*>(nullptr));  // a null raw value leaves the list
+    EXPECT_EQ(outer.getSize(), 2);
+    outer.setData("");
+    EXPECT_EQ(outer.getSize(), 0);
 
-TEST(MFRuntime, EmptyTextClearsAndNullRawLeaves) {
-    znMFString list(nullptr);
-    std::string s = "x";
-    list.addValue(s);
-    list.setData(static_cast<void*>(nullptr));
-    EXPECT_EQ(list.getSize(), 1);
-    list.setData("");
-    EXPECT_EQ(list.getSize(), 0);
+    wrltest::RecordingBrowser browser;
+    znMFFloat target(&browser), forwarding(&browser);
+    forwarding.setEventIndex(4);
+    std::vector<znField*> targets{&target};
+    forwarding.addRemoteData(&targets);
+    CaptureStderr();
+    EXPECT_THROW(forwarding.set1Value(-1, 1.0f), ArrayIndexOutOfBoundsException);
+    GetCapturedStderr();
+    EXPECT_TRUE(browser.posted.empty());
 }
 
 TEST(ContainerMemory, ExhaustedMemoryEndsWithMessage) {
