@@ -33,36 +33,26 @@ protected:
 
 }  // namespace
 
-TEST_F(WorldTables, NumberedNameFallsBackToThePlainName) {
+TEST_F(WorldTables, NumberedNamesFallBackToTheNearestDefinition) {
     addNode(4, "d00000+x");
     EXPECT_EQ(browser.getNodeID("u00000+x_2"), 4);
     EXPECT_EQ(browser.getNodeID("u00000+x_1"), 4);
-}
-
-TEST_F(WorldTables, NumberedNameStopsAtTheNearestDefinition) {
-    addNode(4, "d00000+x");
     addNode(5, "d00000+x_1");
     EXPECT_EQ(browser.getNodeID("u00000+x_3"), 5);
-}
+    EXPECT_EQ(browser.getNode("x_2"), static_cast<Node*>(browser.getNode(5)));
 
-TEST_F(WorldTables, UnknownNameIsReportedWithItsPlainForm) {
     CaptureStderr();
     EXPECT_EQ(browser.getNodeID("u00000+a_b"), 0);
     EXPECT_EQ(GetCapturedStderr(),
               "\nMessage:  Possible error in getNodeID, will try to resolve later!\n"
               "getNodeID : can't find ID for a_b\n\n");
-}
-
-TEST_F(WorldTables, UnknownNameIsSilentWhileAddingAType) {
-    browser.setAddingType(1);
+    browser.setAddingType(1);  // silent while a type is added
     CaptureStderr();
     EXPECT_EQ(browser.getNodeID("u00000+gone"), 0);
     EXPECT_EQ(GetCapturedStderr(), "");
 }
 
-TEST_F(WorldTables, PlainNameLookupFallsBackAndNamesTheLastForm) {
-    znNode* x = addNode(4, "d00000+x");
-    EXPECT_EQ(browser.getNode("x_2"), static_cast<Node*>(x));
+TEST_F(WorldTables, PlainNameLookupThrowsNamingTheLastForm) {
     CaptureStderr();
     try {
         browser.getNode("y_2");
@@ -71,9 +61,6 @@ TEST_F(WorldTables, PlainNameLookupFallsBackAndNamesTheLastForm) {
         EXPECT_STREQ(e.text, "Invalid Node name:  nodeName=y");
     }
     GetCapturedStderr();
-}
-
-TEST_F(WorldTables, PlainNameWithoutUnderscoreThrowsAtOnce) {
     CaptureStderr();
     EXPECT_THROW(browser.getNode("x"), znInvalidNodeNameException);
     EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Invalid Node name:  nodeName=x\n");
@@ -157,11 +144,4 @@ TEST_F(WorldTables, FailedLoadsThrowTheirMessages) {
         EXPECT_STREQ(e.text, "Can't add to current world");
     }
     GetCapturedStderr();
-}
-
-TEST_F(WorldTables, SmallAnswers) {
-    EXPECT_STREQ(browser.getName(), "Zenoscapes");
-    EXPECT_STREQ(browser.getVersion(), "2.0R4");
-    EXPECT_EQ(browser.getCurrentSpeed(), 0.0f);
-    EXPECT_EQ(browser.ZNType(), -1);
 }
