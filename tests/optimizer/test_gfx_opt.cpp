@@ -54,39 +54,3 @@ TEST(gfx_opt, SetTopNodeWithoutGroupOrRootDoesNothing) {
     group->unref();
     root->unref();
 }
-
-TEST(gfx_opt, DefaultsOfTheInterface) {
-    gfx_opt g(nullptr);
-    gfx& base = g;
-    EXPECT_STREQ(base.getClass(), "gfx");
-    EXPECT_STREQ(base.getType(), "gfx_opt");
-    EXPECT_EQ(base.getNavigationType(), 1);
-    EXPECT_EQ(base.setNavigationType("WALK"), 0);
-    EXPECT_EQ(base.isViewpointInterpolating(), 0);
-    EXPECT_FLOAT_EQ(base.getCollisionDistance(), 0.25f);
-    EXPECT_FLOAT_EQ(base.getEyeHeight(), 1.6f);
-    EXPECT_FLOAT_EQ(base.getStepHeight(), 0.75f);
-    EXPECT_EQ(base.getFOV(), 0.0f);
-    EXPECT_EQ(base.getNavigationSpeed(), 0.0f);
-    EXPECT_EQ(base.getHeadlight(), 0);
-    EXPECT_EQ(base.getWorldInfoTitle(), nullptr);
-    EXPECT_TRUE(base.getWorldInfoInfo().empty());
-    EXPECT_EQ(base.handleAnchor({"a.wrl"}, {}), 0);
-    std::vector<const char*> urls{"b.wrl"}, params;
-    EXPECT_EQ(base.loadNewWorld(urls, params), 0);
-    EXPECT_EQ(g.keyHandler(nullptr, 'q'), 1);
-    EXPECT_EQ(g.getCamera(), nullptr);
-    EXPECT_EQ(g.getPose(), nullptr);
-}
-
-TEST(gfx_opt, CameraMatrixIsLeftAsItWas) {
-    gfx_opt g(nullptr);
-    float m[4][4];
-    for (int i = 0; i < 4; ++i)
-        for (int j = 0; j < 4; ++j) m[i][j] = static_cast<float>(i * 4 + j);
-    g.getCameraMatrix(m);
-    g.getViewpointMatrix(m);
-    g.getMouseMatrix(m);
-    for (int i = 0; i < 4; ++i)
-        for (int j = 0; j < 4; ++j) EXPECT_EQ(m[i][j], static_cast<float>(i * 4 + j));
-}

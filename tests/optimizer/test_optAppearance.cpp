@@ -11,7 +11,6 @@
 #include "fields/zn_values.h"
 #include "opRep.h"
 #include "optimizer/optAppearance.h"
-#include "optimizer/optHandleTable.h"
 #include "optimizer/optMaterial.h"
 #include "optimizer/optShape.h"
 #include "optimizer/optTextureTransform.h"
@@ -81,19 +80,6 @@ TEST(optMaterial, ChangesReachTheSceneThroughTheRefreshPass) {
     expectVec3(material->getAmbientColor(), 1, 0, 0);
     // A new intensity leaves the diffuse colour alone.
     expectVec3(material->getDiffuseColor(), 0, 1, 0);
-}
-
-TEST(optAppearance, WithoutAMaterialTheShapeGlowsWhite) {
-    SceneLoad world;
-    csEnvironment* scene = world.load(shapeWith("Appearance { }") + shapeWith("Appearance { material Box { } }"));
-    for (int i = 0; i < 2; ++i) {
-        csAppearance* look = appearanceOf(scene, i);
-        ASSERT_NE(look, nullptr);
-        EXPECT_STREQ(look->getName(), "Unnamed Appearance Node");
-        EXPECT_TRUE(look->getLightEnable());
-        expectVec3(look->getMaterial()->getDiffuseColor(), 0, 0, 0);
-        expectVec3(look->getMaterial()->getEmissiveColor(), 1, 1, 1);
-    }
 }
 
 TEST(optAppearance, TransparencyModeFollowsTheEnvironment) {
@@ -170,27 +156,4 @@ TEST(optTextureTransform, MatrixTranslatesThenTurnsAndScalesAboutTheCentre) {
     SFTime time(1.0);
     shape->action(time, kActionRefresh, nullptr);
     EXPECT_TRUE(look->getTexTransform().almostEqual(csMatrix4f(), 1e-6f)) << "the refresh hands the new matrix on";
-}
-
-TEST(optHandleTable, HandlesStandForOneKindOfObjectEach) {
-    EXPECT_EQ(optHandleTable::handleOf(static_cast<csObject*>(nullptr)), 0);
-    EXPECT_EQ(optHandleTable::objectOf(0), nullptr);
-    EXPECT_EQ(optHandleTable::objectOf(-3), nullptr);
-    EXPECT_EQ(optHandleTable::objectOf(1 << 30), nullptr);
-
-    csMaterial* material = new csMaterial();
-    material->ref();
-    csMatrix4f matrix;
-    int first = optHandleTable::handleOf(material);
-    EXPECT_NE(first, 0);
-    EXPECT_EQ(optHandleTable::handleOf(material), first) << "one object, one handle";
-    EXPECT_EQ(optHandleTable::objectOf(first), material);
-    EXPECT_EQ(optHandleTable::objectOf<csMaterial>(first), material);
-    EXPECT_EQ(optHandleTable::objectOf<csAppearance>(first), nullptr);
-    EXPECT_EQ(optHandleTable::matrixOf(first), nullptr) << "an object is never taken for a matrix";
-    int second = optHandleTable::handleOf(&matrix);
-    EXPECT_NE(second, first);
-    EXPECT_EQ(optHandleTable::matrixOf(second), &matrix);
-    EXPECT_EQ(optHandleTable::objectOf(second), nullptr);
-    material->unref();
 }

@@ -1,16 +1,14 @@
 // Grouping nodes through whole loads: transforms with DEF/USE, scoped
-// lights, children rebuilt after a change, collision, PROTO bodies, and
-// worlds that name a group inside itself.
+// lights, children rebuilt after a change, and worlds that name a group
+// inside itself.
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "csCollision.h"
 #include "csDirectionalLight.h"
 #include "csShape.h"
 #include "csTransform.h"
 #include "fields/zn_values.h"
-#include "optimizer/optCollision.h"
 #include "optimizer/optGroup.h"
 #include "optimizer/optTransform.h"
 #include "scene_world.h"
@@ -189,40 +187,6 @@ DEF C Shape { }
     ASSERT_EQ(group->getChildCount(), 2);
     EXPECT_NE(group->getChild(0), b);
     EXPECT_EQ(b->getRefCount(), 1) << "a removed child is given back in full";
-}
-
-TEST(optCollision, CollideIsCopiedAndFollowsEvents) {
-    SceneLoad world;
-    csEnvironment* scene = world.load("DEF OFF Collision { collide FALSE }\nCollision { }\n");
-    auto* off = childAs<csCollision>(scene, 0);
-    auto* on = childAs<csCollision>(scene, 1);
-    ASSERT_NE(off, nullptr);
-    ASSERT_NE(on, nullptr);
-    EXPECT_FALSE(off->getCollide());
-    EXPECT_TRUE(on->getCollide());
-    EXPECT_STREQ(on->getName(), "Unnamed Collision Node");
-    auto* node = dynamic_cast<optCollision*>(world.builtinNamed("OFF"));
-    ASSERT_NE(node, nullptr);
-    SFBool yes(1);
-    node->set_collide(yes, 1.0);
-    EXPECT_TRUE(off->getCollide());
-}
-
-TEST(optTransform, PrototypeInstancesWithATransformBodyStandAtTopLevel) {
-    SceneLoad world;
-    csEnvironment* scene = world.load(R"(
-PROTO Post [ field SFVec3f at 0 0 0 ] { Transform { translation IS at children Shape { } } }
-Post { at -2 0 0 }
-Post { at 2 0 0 }
-)");
-    ASSERT_EQ(scene->getChildCount(), 2) << world.lastErrors();
-    auto* left = childAs<csTransform>(scene, 0);
-    auto* right = childAs<csTransform>(scene, 1);
-    ASSERT_NE(left, nullptr);
-    ASSERT_NE(right, nullptr);
-    expectVec3(left->getTranslation(), -2, 0, 0);
-    expectVec3(right->getTranslation(), 2, 0, 0);
-    EXPECT_NE(left->getChild(0), right->getChild(0)) << "each instance has a body of its own";
 }
 
 TEST(optGroupingNode, AGroupNamedInsideItselfIsLeftOut) {

@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,7 +25,6 @@
 
 using testing::HasSubstr;
 using testing::Not;
-using wrltest::alertLine;
 using wrltest::childAs;
 using wrltest::messageLine;
 using wrltest::SceneLoad;
@@ -109,7 +107,6 @@ TEST_F(ImageTextureLoad, ImageBesideTheWorldIsFoundFromAnotherWorkingDirectory) 
     EXPECT_EQ(image->getWidth(), 3);
     EXPECT_EQ(image->getHeight(), 2);
     EXPECT_EQ(pixelsOf(image), pattern(3, 2, 3, 1));
-    EXPECT_EQ(texture("T")->isImageReady(), 1);
     EXPECT_THAT(world.lastErrors(), Not(HasSubstr("Can't open")));
     // Only nodes that name files keep the directory they were read from.
     EXPECT_STREQ(texture("T")->getUrlBase(), (world.directory() + "/").c_str());
@@ -117,60 +114,35 @@ TEST_F(ImageTextureLoad, ImageBesideTheWorldIsFoundFromAnotherWorkingDirectory) 
     EXPECT_EQ(dynamic_cast<BaseNode*>(world.builtinNamed("S"))->getUrlBase(), nullptr);
 }
 
-TEST_F(ImageTextureLoad, RelativeWorldNameFindsItsImagesBesideIt) {
-    writePng(beside("relative.png"), 2, 2, 4);
-    FILE* file = std::fopen(beside("relative.wrl").c_str(), "w");
-    ASSERT_NE(file, nullptr);
-    std::fputs(("#VRML V2.0 utf8\n" + texturedShape("T", "url \"relative.png\"")).c_str(), file);
-    std::fclose(file);
-    const std::string& path = world.directory();
-    const size_t slash = path.rfind('/');
-    wrltest::ScopedDirectory cwd(path.substr(0, slash));
-    const std::string leaf = path.substr(slash + 1);
-
-    csTexture* shown = textureOf(world.loadFile(leaf + "/relative.wrl"), 0);
-    ASSERT_NE(shown, nullptr);
-    ASSERT_NE(shown->getImage(), nullptr);
-    EXPECT_EQ(shown->getFormat(), csTexture::RGBA);
-    EXPECT_STREQ(texture("T")->getFileName(), (leaf + "/relative.png").c_str());
-}
-
-TEST_F(ImageTextureLoad, SecondTextureOfOneURLIsACacheHit) {
+TEST_F(ImageTextureLoad, SecondTextureOfOneFileIsACacheHitWithItsOwnCopy) {
     writePng(beside("shared.png"), 4, 3, 3, 7);
     csEnvironment* scene = world.load(texturedShape("A", "url \"shared.png\" repeatS FALSE") +
-                                      texturedShape("B", "url \"shared.png\" repeatT FALSE"));
+                                      texturedShape("B", "url \"shared.png\""));
     optImageTexture* first = texture("A");
     optImageTexture* second = texture("B");
     ASSERT_NE(first, nullptr);
     ASSERT_NE(second, nullptr);
-
     EXPECT_STREQ(first->getFileName(), beside("shared.png").c_str());
     EXPECT_EQ(second->getFileName(), nullptr) << "a hit reads no file";
-    EXPECT_STREQ(second->getTexture()->getFileName(), "");
     ASSERT_NE(first->getImageRecord(), nullptr);
     EXPECT_EQ(first->getImageRecord(), second->getImageRecord());
     EXPECT_EQ(second->getImageRecord()->hits, 1);
-
-    // The hit's own image holds a copy of the cached bytes.
     const csImage* copy = second->getTexture()->getImage();
     ASSERT_NE(copy, nullptr);
     EXPECT_NE(copy, first->getTexture()->getImage());
-    EXPECT_EQ(copy->getWidth(), 4);
-    EXPECT_EQ(copy->getHeight(), 3);
-    EXPECT_EQ(copy->getComponents(), 3);
     EXPECT_EQ(pixelsOf(copy), pattern(4, 3, 3, 7));
     EXPECT_EQ(second->getTexture()->getFormat(), csTexture::RGB);
-    EXPECT_EQ(second->getTexture()->getMinFilter(), csTexture::MIPMAP_LINEAR);
     EXPECT_EQ(textureOf(scene, 1), second->getTexture());
-
-    // Repeat modes are each texture's own.
+    // Repeat modes stay each texture's own.
     EXPECT_EQ(first->getTexture()->getRepeatS(), csTexture::CLAMP);
-    EXPECT_EQ(first->getTexture()->getRepeatT(), csTexture::REPEAT);
     EXPECT_EQ(second->getTexture()->getRepeatS(), csTexture::REPEAT);
-    EXPECT_EQ(second->getTexture()->getRepeatT(), csTexture::CLAMP);
 }
 
 TEST_F(ImageTextureLoad, CacheSwitchedOffReadsTheFileForEachTexture) {
+    for (const char* off : {"0", "F", "f", "false", "FALSE", "0x1"}) EXPECT_FALSE(optImageTexture::cachingImages(off)) << off;
+    for (const char* on : {"", "1", "true", "yes", "no", " 0"}) EXPECT_TRUE(optImageTexture::cachingImages(on)) << on;
+    EXPECT_TRUE(optImageTexture::cachingImages(nullptr));
+
     writePng(beside("uncached.png"), 2, 2, 3);
     ScopedEnv off("ZN_CACHE_IMAGES", "0");
     world.load(texturedShape("A", "url \"uncached.png\"") + texturedShape("B", "url \"uncached.png\""));
@@ -180,19 +152,12 @@ TEST_F(ImageTextureLoad, CacheSwitchedOffReadsTheFileForEachTexture) {
         ASSERT_NE(node, nullptr);
         EXPECT_STREQ(node->getFileName(), beside("uncached.png").c_str());
         EXPECT_EQ(node->getImageRecord(), nullptr);
-        ASSERT_NE(node->getTexture()->getImage(), nullptr);
-        EXPECT_EQ(node->isImageReady(), 1);
+        EXPECT_NE(node->getTexture()->getImage(), nullptr);
     }
     // Nothing was cached either: with the cache back on the file is read.
     ScopedEnv on("ZN_CACHE_IMAGES", "");
     world.load(texturedShape("C", "url \"uncached.png\""));
     EXPECT_NE(texture("C")->getFileName(), nullptr);
-}
-
-TEST(optImageTexture, CacheIsOffOnlyForTextsBeginningWithFOr0) {
-    for (const char* off : {"0", "F", "f", "false", "FALSE", "0x1"}) EXPECT_FALSE(optImageTexture::cachingImages(off)) << off;
-    for (const char* on : {"", "1", "true", "yes", "no", " 0"}) EXPECT_TRUE(optImageTexture::cachingImages(on)) << on;
-    EXPECT_TRUE(optImageTexture::cachingImages(nullptr));
 }
 
 TEST_F(ImageTextureLoad, RemoteImageGoesThroughTheURLCache) {
@@ -210,7 +175,6 @@ TEST_F(ImageTextureLoad, RemoteImageGoesThroughTheURLCache) {
     ASSERT_NE(remote, nullptr);
     const std::string cached = tmp.path() + "/.zncacheremote_served.png";
     EXPECT_STREQ(remote->getFileName(), cached.c_str());
-    EXPECT_EQ(wrltest::readFile(cached), bytes);
     ASSERT_NE(remote->getTexture()->getImage(), nullptr);
     EXPECT_EQ(pixelsOf(remote->getTexture()->getImage()), pattern(2, 3, 3, 5));
     server.stop();
@@ -224,7 +188,7 @@ TEST_F(ImageTextureLoad, RemoteImageGoesThroughTheURLCache) {
     EXPECT_NE(texture("S")->getTexture()->getImage(), nullptr);
 }
 
-TEST_F(ImageTextureLoad, MissingAndUnreadableFilesAreReportedAndSkipped) {
+TEST_F(ImageTextureLoad, MissingUnreadableAndOverlongNamesAreReportedAndSkipped) {
     FILE* junk = std::fopen(beside("junk.png").c_str(), "w");
     ASSERT_NE(junk, nullptr);
     std::fputs("this is no picture at all", junk);
@@ -236,12 +200,14 @@ TEST_F(ImageTextureLoad, MissingAndUnreadableFilesAreReportedAndSkipped) {
     std::fwrite(whole.data(), 1, whole.size() / 2, cut);
     std::fclose(cut);
     writePng(beside("third.png"), 1, 1, 3);
+    const std::string longName(2000, 'x');
 
-    world.load(texturedShape("T", "url [ \"absent.png\" \"junk.png\" \"cut.png\" \"third.png\" ]"));
+    const std::string urls = "url [ \"absent.png\" \"junk.png\" \"cut.png\" \"" + longName + ".png\" \"third.png\" ]";
+    world.load(texturedShape("T", urls));
     const std::string& errors = world.lastErrors();
-    EXPECT_THAT(errors, HasSubstr(messageLine("optImageTexture:  Can't open absent.png!")));
-    EXPECT_THAT(errors, HasSubstr(messageLine("optImageTexture:  Can't open junk.png!")));
-    EXPECT_THAT(errors, HasSubstr(messageLine("optImageTexture:  Can't open cut.png!")));
+    for (const std::string& name : {std::string("absent.png"), std::string("junk.png"), std::string("cut.png"),
+                                    longName + ".png"})
+        EXPECT_THAT(errors, HasSubstr(messageLine("optImageTexture:  Can't open " + name + "!")));
     EXPECT_THAT(errors, HasSubstr("csTexture: cannot read image " + beside("junk.png") + ": " +
                                   kCsImageUnknownFormat + "\n"));
     EXPECT_THAT(errors, HasSubstr("csTexture: cannot read image " + beside("cut.png") + ": " + kCsImageCorrupt));
@@ -252,12 +218,12 @@ TEST_F(ImageTextureLoad, MissingAndUnreadableFilesAreReportedAndSkipped) {
     EXPECT_STREQ(node->getFileName(), beside("third.png").c_str());
 
     // Only the name that gave an image is cached: the failures come again.
-    world.load(texturedShape("U", "url [ \"absent.png\" \"junk.png\" \"cut.png\" \"third.png\" ]"));
+    world.load(texturedShape("U", urls));
     EXPECT_THAT(world.lastErrors(), HasSubstr(messageLine("optImageTexture:  Can't open junk.png!")));
-    EXPECT_EQ(texture("U")->getFileName(), nullptr) << "the third name came from the cache";
+    EXPECT_EQ(texture("U")->getFileName(), nullptr) << "the last name came from the cache";
 }
 
-TEST_F(ImageTextureLoad, NoUsableURLLeavesATextureWithoutImage) {
+TEST_F(ImageTextureLoad, NoUsableURLLeavesATextureWithoutImageAndANewURLBringsOne) {
     csEnvironment* scene = world.load(texturedShape("E", "url [ ]") + texturedShape("M", "url \"nowhere.png\"") +
                                       "Shape { appearance Appearance { texture ImageTexture { } } }\n");
     ASSERT_NE(textureOf(scene, 2), nullptr);
@@ -273,83 +239,15 @@ TEST_F(ImageTextureLoad, NoUsableURLLeavesATextureWithoutImage) {
         EXPECT_EQ(node->getTexture()->getImage(), nullptr);
         EXPECT_EQ(node->getFileName(), nullptr);
     }
-}
 
-TEST_F(ImageTextureLoad, URLLongerThanAPathBufferIsRefusedNotCut) {
-    const std::string longName(2000, 'x');
-    writePng(beside("short.png"), 1, 1, 3);
-    world.load(texturedShape("T", "url [ \"" + longName + ".png\" \"short.png\" ]"));
-    EXPECT_THAT(world.lastErrors(), HasSubstr(messageLine("optImageTexture:  Can't open " + longName + ".png!")));
-    ASSERT_NE(texture("T"), nullptr);
-    EXPECT_STREQ(texture("T")->getFileName(), beside("short.png").c_str());
-}
-
-TEST_F(ImageTextureLoad, NewURLReplacesTheImage) {
-    writePng(beside("before.png"), 1, 1, 3);
     writePng(beside("after.png"), 2, 1, 4);
-    world.load(texturedShape("T", "url \"before.png\""));
-    optImageTexture* node = texture("T");
-    ASSERT_NE(node, nullptr);
-
     MFString urls;
     std::string name = "after.png";
     urls.addValue(name);
+    optImageTexture* node = texture("M");
     node->set_url(urls, 1.0);
     EXPECT_STREQ(node->getFileName(), beside("after.png").c_str());
     ASSERT_NE(node->getTexture()->getImage(), nullptr);
     EXPECT_EQ(node->getTexture()->getImage()->getWidth(), 2);
     EXPECT_EQ(node->getTexture()->getFormat(), csTexture::RGBA);
-}
-
-TEST_F(ImageTextureLoad, CachingANameTwiceKeepsTheFirstEntry) {
-    writePng(beside("twice.png"), 1, 1, 3);
-    world.load(texturedShape("T", "url \"twice.png\""));
-    optImageTexture* node = texture("T");
-    ASSERT_NE(node, nullptr);
-    const znImage* first = node->getImageRecord();
-
-    testing::internal::CaptureStderr();
-    node->cacheImage("twice.png", std::make_shared<znImage>());
-    node->cacheImage("twice.png", nullptr);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              alertLine("WARNING:  Couldn't add twice.png to image cache.\n"));
-    EXPECT_EQ(node->findCachedImage("twice.png").get(), first);
-
-    // A forgotten name is read from its file again.
-    node->removeCachedImage("twice.png");
-    EXPECT_EQ(node->findCachedImage("twice.png"), nullptr);
-    world.load(texturedShape("U", "url \"twice.png\""));
-    EXPECT_NE(texture("U")->getFileName(), nullptr);
-}
-
-TEST_F(ImageTextureLoad, CachedRecordThatDoesNotMatchItsBytesIsPassedOver) {
-    writePng(beside("mismatch.png"), 2, 2, 3);
-    world.load(texturedShape("T", "url [ ]"));
-    auto odd = std::make_shared<znImage>();
-    odd->width = 2;
-    odd->height = 2;
-    odd->components = 9;
-    odd->bytes.resize(36);
-    texture("T")->cacheImage("mismatch.png", odd);
-
-    world.load(texturedShape("U", "url \"mismatch.png\""));
-    optImageTexture* node = texture("U");
-    ASSERT_NE(node, nullptr);
-    EXPECT_STREQ(node->getFileName(), beside("mismatch.png").c_str()) << "read from the file instead";
-    EXPECT_THAT(world.lastErrors(), HasSubstr(alertLine("WARNING:  Couldn't add mismatch.png to image cache.\n")));
-    ASSERT_NE(node->getTexture()->getImage(), nullptr);
-    EXPECT_EQ(node->getTexture()->getImage()->getComponents(), 3);
-}
-
-TEST_F(ImageTextureLoad, ShippedExampleFindsItsPictureFromAnyDirectory) {
-    TempDir elsewhere;
-    wrltest::ScopedDirectory cwd(elsewhere.path());
-    csEnvironment* scene = world.loadFile(WRL_SOURCE_DIR "/data/examples/textured.wrl");
-    ASSERT_NE(scene, nullptr);
-    EXPECT_THAT(world.lastErrors(), Not(HasSubstr("Can't open")));
-    optImageTexture* checker = texture("CHECKER");
-    ASSERT_NE(checker, nullptr);
-    ASSERT_NE(checker->getTexture()->getImage(), nullptr);
-    EXPECT_EQ(checker->getTexture()->getImage()->getWidth(), 8);
-    EXPECT_EQ(checker->getImageRecord()->hits, 1) << "the second box takes the cached picture";
 }

@@ -63,7 +63,7 @@ struct RGBTextured {
 // ---- Index lists and winding
 
 TEST(optIndexedFaceSet, CoordIndexIsClosedAndPackedIntoFaces) {
-    FaceSetWorld world(faceSet(kTriangleAndSquare, "coordIndex [ 0 1 2 -1 3 4 5 6 ]"));
+    FaceSetWorld world(faceSet(kTriangleAndSquare, "solid FALSE coordIndex [ 0 1 2 -1 3 4 5 6 ]"));
     csIndexedFaceSet* faces = world.faces();
     ASSERT_NE(faces, nullptr);
     EXPECT_STREQ(faces->getName(), "F");
@@ -72,28 +72,23 @@ TEST(optIndexedFaceSet, CoordIndexIsClosedAndPackedIntoFaces) {
     // The set is as long as the closed list; the places of terminators stay 0.
     EXPECT_THAT(indexesOf(faces->getCoordIndexSet()), ElementsAre(0, 1, 2, 3, 4, 5, 6, 0, 0));
     EXPECT_EQ(faces->getCoordSet()->point().getCount(), 7);
+    EXPECT_FALSE(faces->getSolid());
+    EXPECT_TRUE(faces->getConvex());
+    expectVec(normalAt(faces, 0), 0, 0, 1);
 }
 
-TEST(optIndexedFaceSet, FalseCcwReversesTheCornersOfEachFaceAndTheFaces) {
+TEST(optIndexedFaceSet, FalseCcwReversesCornersAndFacesAndFlipsTheNormals) {
     FaceSetWorld one(faceSet(kTriangleAndSquare, "ccw FALSE coordIndex [ 0 1 2 -1 ]"));
     csIndexedFaceSet* faces = one.faces();
     EXPECT_THAT(intsOf(faces->faceLength()), ElementsAre(3));
     EXPECT_THAT(indexesOf(faces->getCoordIndexSet()), ElementsAre(2, 1, 0, 0));
+    for (int corner = 0; corner < 3; ++corner) expectVec(normalAt(faces, corner), 0, 0, -1);
 
     FaceSetWorld two(faceSet(kTriangleAndSquare, "ccw FALSE coordIndex [ 0 1 2 -1 3 4 5 6 ]"));
     faces = two.faces();
     EXPECT_THAT(intsOf(faces->faceLength()), ElementsAre(4, 3));
     EXPECT_THAT(indexesOf(faces->getCoordIndexSet()), ElementsAre(6, 5, 4, 3, 2, 1, 0, 0, 0));
 }
-
-TEST(optIndexedFaceSet, SolidAndConvexComeFromTheFields) {
-    FaceSetWorld world(faceSet(kTriangleAndSquare, "solid FALSE coordIndex [ 0 1 2 ]"));
-    csIndexedFaceSet* faces = world.faces();
-    EXPECT_FALSE(faces->getSolid());
-    EXPECT_TRUE(faces->getConvex());
-}
-
-// ---- Generated normals
 
 TEST(optIndexedFaceSet, QuadWithCollinearFirstCornersTakesItsNormalFromTheNextOnes) {
     FaceSetWorld world(faceSet("0 0 0, 1 0 0, 2 0 0, 2 1 0", "coordIndex [ 0 1 2 3 -1 ]"));
@@ -105,14 +100,6 @@ TEST(optIndexedFaceSet, QuadWithCollinearFirstCornersTakesItsNormalFromTheNextOn
     }
     EXPECT_EQ(faces->getNormalSet()->vector().getCount(), 5);  // one place for each list entry
     EXPECT_EQ(world.messages, "");
-}
-
-TEST(optIndexedFaceSet, FalseCcwFlipsTheGeneratedNormal) {
-    FaceSetWorld front(faceSet(kTriangleAndSquare, "coordIndex [ 0 1 2 -1 ]"));
-    expectVec(normalAt(front.faces(), 0), 0, 0, 1);
-    FaceSetWorld back(faceSet(kTriangleAndSquare, "ccw FALSE coordIndex [ 0 1 2 -1 ]"));
-    csIndexedFaceSet* faces = back.faces();
-    for (int corner = 0; corner < 3; ++corner) expectVec(normalAt(faces, corner), 0, 0, -1);
 }
 
 TEST(optIndexedFaceSet, CreaseAngleDecidesWhichCornersOfAPointAverage) {
@@ -160,15 +147,13 @@ TEST(optIndexedFaceSet, BadIndexIsReportedAndMendedInTheNormalsOnly) {
                                "normal Normal { vector [ 0 0 1 ] } coordIndex [ 1 2 -2 -1 ] normalIndex [ 0 0 0 -1 ]"));
     given.faces();
     EXPECT_EQ(given.messages, "");
-}
 
-TEST(optIndexedFaceSet, EmptyCoordinateGivesAnEmptySetAndEveryIndexIsBad) {
-    FaceSetWorld world("DEF F IndexedFaceSet { coord Coordinate { } coordIndex [ 0 1 2 -1 ] }\n");
-    csIndexedFaceSet* faces = world.faces();
+    // An empty coordinate gives an empty set, and every index is bad.
+    FaceSetWorld empty("DEF F IndexedFaceSet { coord Coordinate { } coordIndex [ 0 1 2 -1 ] }\n");
+    faces = empty.faces();
     ASSERT_NE(faces->getCoordSet(), nullptr);
     EXPECT_EQ(faces->getCoordSet()->point().getCount(), 0);
-    EXPECT_EQ(world.messages, "Invalid index: 0\nInvalid index: 1\nInvalid index: 2\n");
-    EXPECT_EQ(faces->getTexCoordSet()->point().getCount(), 0);
+    EXPECT_EQ(empty.messages, "Invalid index: 0\nInvalid index: 1\nInvalid index: 2\n");
 }
 
 // ---- Generated texture coordinates
@@ -197,47 +182,47 @@ TEST(optIndexedFaceSet, TextureCoordinatesSpanTheTwoLongestSidesOfTheBound) {
 
 // ---- Given texture coordinates, colours and normals with their index lists
 
-TEST(optIndexedFaceSet, GivenTextureCoordinatesUseTheirIndexOrTheCoordinateIndex) {
+TEST(optIndexedFaceSet, GivenListsUseTheirOwnIndexOrTheCoordinateIndexAndFollowTheWinding) {
     const std::string texCoord = "texCoord TextureCoordinate { point [ 0 0, 1 0, 0 1 ] } ";
-    FaceSetWorld without(faceSet(kTriangleAndSquare, texCoord + "coordIndex [ 2 1 0 -1 ]"));
-    csIndexedFaceSet* faces = without.faces();
-    EXPECT_EQ(faces->getTexCoordSet()->point().get(1), csVec2f(1, 0));
-    EXPECT_THAT(indexesOf(faces->getTexCoordIndexSet()), ElementsAre(2, 1, 0, 0));
+    const std::string perFace = "colorPerVertex FALSE color Color { color [ 1 0 0, 0 0 1 ] } ";
+    const std::string normals = "normal Normal { vector [ 0 0 1, 0 0 -1 ] } ";
+    using Set = const csIndexSet* (*)(csIndexedFaceSet*);
+    const Set tex = [](csIndexedFaceSet* f) -> const csIndexSet* { return f->getTexCoordIndexSet(); };
+    const Set color = [](csIndexedFaceSet* f) -> const csIndexSet* { return f->getColorIndexSet(); };
+    const Set normal = [](csIndexedFaceSet* f) -> const csIndexSet* { return f->getNormalIndexSet(); };
+    const struct {
+        std::string fields;
+        Set set;
+        std::vector<int> expected;
+    } cases[] = {
+        {texCoord + "coordIndex [ 2 1 0 -1 ]", tex, {2, 1, 0, 0}},
+        {texCoord + "coordIndex [ 0 1 2 -1 ] texCoordIndex [ 1 2 0 -1 ]", tex, {1, 2, 0, 0}},
+        {texCoord + "ccw FALSE coordIndex [ 0 1 2 -1 ] texCoordIndex [ 1 2 0 -1 ]", tex, {0, 2, 1, 0}},
+        {perFace + "coordIndex [ 0 1 2 -1 3 4 5 6 ] colorIndex [ 1 0 ]", color, {1, 0}},
+        {perFace + "ccw FALSE coordIndex [ 0 1 2 -1 3 4 5 6 ] colorIndex [ 1 0 ]", color, {0, 1}},
+        {perFace + "coordIndex [ 0 1 2 -1 3 4 5 6 ]", color, {0, 1}},
+        {"color Color { color [ 1 0 0, 0 1 0, 0 0 1 ] } coordIndex [ 2 0 1 ]", color, {2, 0, 1, 0}},
+        {normals + "coordIndex [ 0 1 2 -1 ]", normal, {0, 1, 2, 0}},
+        // The trailing terminator goes before the set is sized.
+        {normals + "ccw FALSE coordIndex [ 0 1 2 -1 ] normalIndex [ 1 1 0 -1 ]", normal, {0, 1, 1}},
+        // Per-face normals without an index put one per face in the colour slot.
+        {"normalPerVertex FALSE " + normals + "coordIndex [ 0 1 2 -1 3 4 5 6 ]", color, {0, 1}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.fields);
+        FaceSetWorld world(faceSet(kTriangleAndSquare, c.fields));
+        EXPECT_EQ(indexesOf(c.set(world.faces())), c.expected);
+    }
 
-    FaceSetWorld with(faceSet(kTriangleAndSquare, texCoord + "coordIndex [ 0 1 2 -1 ] texCoordIndex [ 1 2 0 -1 ]"));
-    EXPECT_THAT(indexesOf(with.faces()->getTexCoordIndexSet()), ElementsAre(1, 2, 0, 0));
-
-    FaceSetWorld reversed(faceSet(kTriangleAndSquare,
-                                  texCoord + "ccw FALSE coordIndex [ 0 1 2 -1 ] texCoordIndex [ 1 2 0 -1 ]"));
-    EXPECT_THAT(indexesOf(reversed.faces()->getTexCoordIndexSet()), ElementsAre(0, 2, 1, 0));
-}
-
-TEST(optIndexedFaceSet, PerFaceColoursBindByTheirIndexOrOnePerFace) {
-    const std::string colors = "colorPerVertex FALSE color Color { color [ 1 0 0, 0 0 1 ] } ";
-    FaceSetWorld indexed(faceSet(kTriangleAndSquare, colors + "coordIndex [ 0 1 2 -1 3 4 5 6 ] colorIndex [ 1 0 ]"));
-    csIndexedFaceSet* faces = indexed.faces();
+    FaceSetWorld faceColours(faceSet(kTriangleAndSquare, perFace + "coordIndex [ 0 1 2 -1 3 4 5 6 ]"));
+    csIndexedFaceSet* faces = faceColours.faces();
     EXPECT_EQ(faces->getColorBind(), csGeoSet::PER_PRIM);
     EXPECT_FALSE(faces->getColorPerVertex());
-    EXPECT_THAT(indexesOf(faces->getColorIndexSet()), ElementsAre(1, 0));
     EXPECT_EQ(faces->getColorSet()->color().get(1), csVec4f(0, 0, 1, 1));
-
-    FaceSetWorld reversed(
-        faceSet(kTriangleAndSquare, colors + "ccw FALSE coordIndex [ 0 1 2 -1 3 4 5 6 ] colorIndex [ 1 0 ]"));
-    EXPECT_THAT(indexesOf(reversed.faces()->getColorIndexSet()), ElementsAre(0, 1));
-
-    FaceSetWorld plain(faceSet(kTriangleAndSquare, colors + "coordIndex [ 0 1 2 -1 3 4 5 6 ]"));
-    faces = plain.faces();
-    EXPECT_EQ(faces->getColorBind(), csGeoSet::PER_PRIM);
-    EXPECT_THAT(indexesOf(faces->getColorIndexSet()), ElementsAre(0, 1));
-}
-
-TEST(optIndexedFaceSet, PerVertexColoursFollowTheCoordinateIndexWithoutTheirOwn) {
-    FaceSetWorld world(faceSet(kTriangleAndSquare, "color Color { color [ 1 0 0, 0 1 0, 0 0 1 ] } coordIndex [ 2 0 1 ]"));
-    csIndexedFaceSet* faces = world.faces();
-    EXPECT_EQ(faces->getColorBind(), csGeoSet::PER_VERTEX);
-    EXPECT_TRUE(faces->getColorPerVertex());
-    EXPECT_THAT(indexesOf(faces->getColorIndexSet()), ElementsAre(2, 0, 1, 0));
-
+    FaceSetWorld faceNormals(faceSet(kTriangleAndSquare, "normalPerVertex FALSE " + normals + "coordIndex [ 0 1 2 ]"));
+    faces = faceNormals.faces();
+    EXPECT_EQ(faces->getNormalBind(), csGeoSet::PER_PRIM);
+    EXPECT_EQ(faces->getNormalIndexSet(), nullptr);
     FaceSetWorld none(faceSet(kTriangleAndSquare, "coordIndex [ 0 1 2 ]"));
     EXPECT_EQ(none.faces()->getColorSet(), nullptr);
     EXPECT_EQ(none.faces()->getColorBind(), csGeoSet::OFF);
@@ -251,30 +236,6 @@ TEST(optIndexedFaceSet, ThreeComponentTextureTurnsColoursToOneGrey) {
     ASSERT_EQ(faces->getColorSet()->color().getCount(), 1);
     EXPECT_EQ(faces->getColorSet()->color().get(0), csVec4f(0.8f, 0.8f, 0.8f, 1));
     EXPECT_EQ(faces->getColorIndexSet(), nullptr);
-}
-
-TEST(optIndexedFaceSet, GivenNormalsUseTheirIndexOrTheCoordinateIndex) {
-    const std::string normals = "normal Normal { vector [ 0 0 1, 0 0 -1 ] } ";
-    FaceSetWorld without(faceSet(kTriangleAndSquare, normals + "coordIndex [ 0 1 2 -1 ]"));
-    csIndexedFaceSet* faces = without.faces();
-    EXPECT_EQ(faces->getNormalBind(), csGeoSet::PER_VERTEX);
-    EXPECT_THAT(indexesOf(faces->getNormalIndexSet()), ElementsAre(0, 1, 2, 0));
-
-    FaceSetWorld with(faceSet(kTriangleAndSquare, normals + "ccw FALSE coordIndex [ 0 1 2 -1 ] normalIndex [ 1 1 0 -1 ]"));
-    faces = with.faces();
-    // The trailing terminator goes before the set is sized.
-    EXPECT_THAT(indexesOf(faces->getNormalIndexSet()), ElementsAre(0, 1, 1));
-    expectVec(faces->getNormalSet()->vector().get(1), 0, 0, -1);
-}
-
-TEST(optIndexedFaceSet, PerFaceNormalsWithoutIndexPutOnePerFaceInTheColourSlot) {
-    FaceSetWorld world(faceSet(kTriangleAndSquare, "normalPerVertex FALSE normal Normal { vector [ 0 0 1, 0 0 -1 ] } "
-                                                   "coordIndex [ 0 1 2 -1 3 4 5 6 ]"));
-    csIndexedFaceSet* faces = world.faces();
-    EXPECT_EQ(faces->getNormalBind(), csGeoSet::PER_PRIM);
-    EXPECT_FALSE(faces->getNormalPerVertex());
-    EXPECT_EQ(faces->getNormalIndexSet(), nullptr);
-    EXPECT_THAT(indexesOf(faces->getColorIndexSet()), ElementsAre(0, 1));
 }
 
 // ---- Missing coordinates
@@ -309,17 +270,16 @@ TEST(optIndexedFaceSet, MovedPointsRenewNormalsAndTextureCoordinates) {
     EXPECT_EQ(faces->getTexCoordSet()->point().get(1), csVec2f(1, 0));
     EXPECT_EQ(faces->getTexCoordSet()->point().get(2), csVec2f(0, 0.5f));
     EXPECT_FALSE(world.node("C")->getExposedField("point")->isDirty());  // seen once, cleaned
-}
 
-TEST(optIndexedFaceSet, UnchangedGivenTextureCoordinatesGiveWayToGeneratedOnesWhenPointsMove) {
-    FaceSetWorld world(faceSet("0 0 0, 1 0 0, 0 1 0",
+    // Given coordinates give way to generated ones when the points move.
+    FaceSetWorld given(faceSet("0 0 0, 1 0 0, 0 1 0",
                                "texCoord TextureCoordinate { point [ 5 5, 6 6, 7 7 ] } coordIndex [ 0 1 2 ]"));
-    csIndexedFaceSet* faces = world.faces();
+    faces = given.faces();
     EXPECT_EQ(faces->getTexCoordSet()->point().get(0), csVec2f(5, 5));
     std::vector<float> same{0, 0, 0, 1, 0, 0, 0, 1, 0};
-    MFVec3f points(static_cast<int>(same.size()), same.data());
-    world.object<optCoordinate>("C")->set_point(points, 0.0);
-    world.refresh();
+    MFVec3f again(static_cast<int>(same.size()), same.data());
+    given.object<optCoordinate>("C")->set_point(again, 0.0);
+    given.refresh();
     EXPECT_EQ(faces->getTexCoordSet()->point().get(1), csVec2f(1, 0));
 }
 
@@ -336,15 +296,6 @@ TEST(optIndexedFaceSet, NewCoordIndexRepacksFacesAndBindsTheRestPerFace) {
     EXPECT_EQ(faces->getColorBind(), csGeoSet::PER_PRIM);
     EXPECT_EQ(faces->getNormalBind(), csGeoSet::PER_PRIM);
     EXPECT_THAT(indexesOf(faces->getColorIndexSet()), ElementsAre(0, 1));
-}
-
-TEST(optIndexedFaceSet, NothingIsBuiltBeforeTheFirstFetch) {
-    FaceSetWorld world(faceSet(kTriangleAndSquare, "coordIndex [ 0 1 9 ]"));
-    csIndexedFaceSet* faces = world.act<csIndexedFaceSet>("F", kActionTopLevel);
-    ASSERT_NE(faces, nullptr);
-    EXPECT_EQ(faces->getCoordSet(), nullptr);
-    EXPECT_EQ(world.messages, "");
-    EXPECT_EQ(world.object<optIndexedFaceSet>("F")->isBuilt(), 0);
 }
 
 TEST(optIndexedFaceSet, CoordinatesFromAPrototypeAreFetchedAndWatched) {
@@ -371,24 +322,6 @@ TEST(optIndexedFaceSet, TooFewNewColoursSwitchColourOffAndKeepTheOldOnes) {
     world.refresh();
     EXPECT_EQ(faces->getColorBind(), csGeoSet::OFF);
     EXPECT_EQ(faces->getColorSet(), before);
-}
-
-TEST(optIndexedFaceSet, AFaceSetNoFileDeclaresStartsAtTheDefaults) {
-    optIndexedFaceSet own(0);
-    csIndexedFaceSet* faces = own.getGeometry();
-    EXPECT_STREQ(faces->getName(), "Unnamed IndexedFaceSet Node");
-    auto* points = new csCoordSet3f(3);
-    points->point().set(1, csVec3f(1, 0, 0));
-    points->point().set(2, csVec3f(0, 1, 0));
-    own.recalcCoord(points);
-    std::vector<int> list{0, 1, 2};
-    MFInt32 field(list);
-    own.set_coordIndex(field, 0.0);
-    own.recalcCoordIndex(&list);
-    EXPECT_THAT(list, ElementsAre(0, 1, 2, -1));  // counter-clockwise: closed, not reversed
-    own.recalcNormal(nullptr);  // from the field just set
-    expectVec(normalAt(faces, 2), 0, 0, 1);
-    EXPECT_TRUE(faces->getSolid());
 }
 
 TEST(optIndexedFaceSet, HostileIndexListsBuildWithoutHarm) {

@@ -67,12 +67,10 @@ TEST(optIndexedLineSet, ThreeIndexesMakeOneClosedLineOfThreePoints) {
     EXPECT_EQ(set->getCoordSet()->point().getCount(), 4);
     EXPECT_FLOAT_EQ(set->getWidth(), 3.0f);
     EXPECT_EQ(world.messages, "");
-}
 
-TEST(optIndexedLineSet, LinesKeepTheirOrderAndDirection) {
-    FaceSetWorld world(lineSet("coordIndex [ 0 1 -1 3 2 1 -1 ]"));
-    UnlitLook look;
-    csIndexedLineSet* set = lines(world, look);
+    // Lines keep their order and direction.
+    FaceSetWorld two(lineSet("coordIndex [ 0 1 -1 3 2 1 -1 ]"));
+    set = lines(two, look);
     EXPECT_EQ(set->getPrimCount(), 2);
     EXPECT_THAT(intsOf(set->stripLength()), ElementsAre(2, 3));
     EXPECT_THAT(firstIndexes(set->getCoordIndexSet(), 5), ElementsAre(0, 1, 3, 2, 1));
@@ -80,36 +78,29 @@ TEST(optIndexedLineSet, LinesKeepTheirOrderAndDirection) {
 
 // ---- Colours
 
-TEST(optIndexedLineSet, PerVertexColoursFollowTheirIndexOrTheCoordinateIndex) {
-    const std::string colours = "color Color { color [ 1 0 0, 0 1 0, 0 0 1 ] } ";
-    FaceSetWorld plain(lineSet(colours + "coordIndex [ 0 1 2 -1 2 0 ]"));
-    UnlitLook look;
-    csIndexedLineSet* set = lines(plain, look);
-    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_VERTEX);
-    EXPECT_TRUE(set->getColorPerVertex());
-    ASSERT_NE(set->getColorSet(), nullptr);
-    EXPECT_EQ(set->getColorSet()->color().get(2), csVec4f(0, 0, 1, 1));
-    EXPECT_THAT(firstIndexes(set->getColorIndexSet(), 5), ElementsAre(0, 1, 2, 2, 0));
-
-    FaceSetWorld indexed(lineSet(colours + "colorIndex [ 2 1 0 -1 0 1 ] coordIndex [ 0 1 2 -1 2 0 ]"));
-    set = lines(indexed, look);
-    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_VERTEX);
-    EXPECT_THAT(firstIndexes(set->getColorIndexSet(), 5), ElementsAre(2, 1, 0, 0, 1));
-}
-
-TEST(optIndexedLineSet, PerLineColoursFollowTheirIndexOrOneEachLine) {
-    const std::string colours = "colorPerVertex FALSE color Color { color [ 1 0 0, 0 1 0 ] } ";
-    FaceSetWorld plain(lineSet(colours + "coordIndex [ 0 1 -1 2 3 ]"));
-    UnlitLook look;
-    csIndexedLineSet* set = lines(plain, look);
-    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_PRIM);
-    EXPECT_FALSE(set->getColorPerVertex());
-    EXPECT_THAT(indexesOf(set->getColorIndexSet()), ElementsAre(0, 1));
-
-    FaceSetWorld indexed(lineSet(colours + "colorIndex [ 1 0 ] coordIndex [ 0 1 -1 2 3 ]"));
-    set = lines(indexed, look);
-    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_PRIM);
-    EXPECT_THAT(indexesOf(set->getColorIndexSet()), ElementsAre(1, 0));
+TEST(optIndexedLineSet, ColoursFollowTheirIndexOrTheCoordinateIndexOrOneEachLine) {
+    const std::string perVertex = "color Color { color [ 1 0 0, 0 1 0, 0 0 1 ] } ";
+    const std::string perLine = "colorPerVertex FALSE color Color { color [ 1 0 0, 0 1 0 ] } ";
+    const struct {
+        std::string fields;
+        int bind;
+        std::vector<int> expected;  // the first entries of the colour index
+    } cases[] = {
+        {perVertex + "coordIndex [ 0 1 2 -1 2 0 ]", csGeoSet::PER_VERTEX, {0, 1, 2, 2, 0}},
+        {perVertex + "colorIndex [ 2 1 0 -1 0 1 ] coordIndex [ 0 1 2 -1 2 0 ]", csGeoSet::PER_VERTEX, {2, 1, 0, 0, 1}},
+        {perLine + "coordIndex [ 0 1 -1 2 3 ]", csGeoSet::PER_PRIM, {0, 1}},
+        {perLine + "colorIndex [ 1 0 ] coordIndex [ 0 1 -1 2 3 ]", csGeoSet::PER_PRIM, {1, 0}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.fields);
+        FaceSetWorld world(lineSet(c.fields));
+        UnlitLook look;
+        csIndexedLineSet* set = lines(world, look);
+        EXPECT_EQ(set->getColorBind(), c.bind);
+        EXPECT_EQ(set->getColorPerVertex(), c.bind == csGeoSet::PER_VERTEX);
+        EXPECT_EQ(firstIndexes(set->getColorIndexSet(), 5), c.expected);
+        EXPECT_EQ(set->getColorSet()->color().get(1), csVec4f(0, 1, 0, 1));
+    }
 }
 
 TEST(optIndexedLineSet, LinesAreUnlitUntexturedAndWithoutColoursTakeTheMaterials) {
@@ -198,18 +189,6 @@ TEST(optIndexedLineSet, HostileIndexListsBuildWithoutHarm) {
         EXPECT_EQ(set->getPrimCount(), set->stripLength().getCount());
         lines(world, look, kActionRefresh);
     }
-}
-
-TEST(optIndexedLineSet, NothingIsBuiltWithoutAFetchThatBringsAState) {
-    FaceSetWorld world(lineSet("coordIndex [ 0 1 2 ]"));
-    SFTime time(-1.0);
-    auto* set = csObject::fromHandleAs<csIndexedLineSet>(world.node("L")->action(time, kActionFetch, nullptr));
-    ASSERT_NE(set, nullptr);
-    UnlitLook look;
-    lines(world, look, kActionTopLevel);
-    EXPECT_EQ(set->getCoordSet(), nullptr);
-    EXPECT_EQ(world.object<optIndexedLineSet>("L")->isBuilt(), 0);
-    EXPECT_TRUE(look.appearance->getLightEnable());
 }
 
 // ---- Refreshing after changes

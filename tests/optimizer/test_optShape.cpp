@@ -5,7 +5,6 @@
 #include <climits>
 
 #include "csAppearance.h"
-#include "csIndexedFaceSet.h"
 #include "csMaterial.h"
 #include "csTransform.h"
 #include "opRep.h"
@@ -111,15 +110,6 @@ TEST(optShape, SamplingFollowsTessQuality) {
     EXPECT_EQ(optShape::samplingFor("nan"), 0);
     EXPECT_EQ(optShape::samplingFor("1e30"), INT_MAX);
     EXPECT_EQ(optShape::samplingFor("-1e30"), INT_MIN);
-
-    SceneLoad world;
-    wrltest::ScopedEnv quality("TESS_QUALITY", "10");
-    csEnvironment* scene = world.load(geometryShape(wrltest::kSphere));
-    opRep* rep = repOf(topShape(scene));
-    ASSERT_NE(rep, nullptr);
-    ASSERT_EQ(rep->getGeometryCount(), 1);
-    auto* faces = static_cast<csIndexedFaceSet*>(rep->getGeometry(0));
-    EXPECT_EQ(faces->getPrimCount(), 2 * 30 * 29) << "a sphere of sampling n has 2n(n-1) triangles";
 }
 
 TEST(optShape, ColouredFacesWithoutMaterialAreUnlitGrey) {
@@ -155,17 +145,6 @@ TEST(optShape, UnusableGeometryLeavesTheAxisTransformEmpty) {
     opRep* rep = repOf(topShape(scene, 1));
     ASSERT_NE(rep, nullptr);
     EXPECT_EQ(rep->getGeometryCount(), 0);
-}
-
-TEST(optShape, BackEndObjectsAreNamedAfterDefNames) {
-    SceneLoad world;
-    csEnvironment* scene = world.load(
-        "DEF BALL Shape { appearance DEF LOOK Appearance { material DEF PAINT Material { } } }\n");
-    opRep* rep = repOf(topShape(scene));
-    ASSERT_NE(rep, nullptr);
-    EXPECT_STREQ(rep->getName(), "BALL");
-    EXPECT_STREQ(rep->getAppearance()->getName(), "LOOK");
-    EXPECT_STREQ(rep->getAppearance()->getMaterial()->getName(), "PAINT");
 }
 
 TEST(optShape, ReplacedGeometryEmptiesTheOldShapeAndIsNotAttached) {

@@ -52,15 +52,3 @@ TEST(optSwitch, WhichChoiceTakesEffectAtOnceAndChoiceEmptiesTheSwitch) {
     node->action(time, kActionRefresh, nullptr);
     EXPECT_EQ(shown->getChildCount(), 0) << "a built switch does not fetch its choices again";
 }
-
-TEST(optSwitch, InsideAGroupItIsFetchedAndItsChildrenRefreshed) {
-    SceneLoad world;
-    csEnvironment* scene = world.load("Group { children " + switchWith("S", "0", 1) + "}\n");
-    auto* group = childAs<csGroup>(scene, 0);
-    ASSERT_NE(group, nullptr);
-    auto* inner = childAs<csSwitch>(group, 0);
-    ASSERT_NE(inner, nullptr);
-    ASSERT_EQ(inner->getChildCount(), 1);
-    EXPECT_NE(childAs<csTransform>(inner, 0), nullptr);
-    EXPECT_EQ(inner->getWhichChild(), 0);
-}

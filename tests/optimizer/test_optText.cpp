@@ -157,15 +157,3 @@ TEST(optText, NodesOfTheWrongTypeInTextFieldsBuildNothing) {
     EXPECT_EQ(text->getFace(), 0);
     EXPECT_EQ(text->getSize(), 50);
 }
-
-TEST(optText, ShippedExampleShowsItsTexts) {
-    SceneLoad world;
-    csEnvironment* scene = world.loadFile(WRL_SOURCE_DIR "/data/examples/text.wrl");
-    ASSERT_NE(scene, nullptr);
-    auto* title = dynamic_cast<optText*>(world.builtinNamed("TITLE"));
-    ASSERT_NE(title, nullptr);
-    EXPECT_STREQ(title->getText()->getText().getString(), "A title\n");
-    EXPECT_EQ(title->getText()->getFace(), 6);
-    EXPECT_EQ(title->getText()->getSize(), 24);
-    expectColour(title->getText(), 1.0f, 0.8f, 0.0f);
-}
