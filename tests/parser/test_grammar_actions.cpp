@@ -12,56 +12,44 @@ namespace {
 bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 }  // namespace
 
-TEST(GrammarActions, EmptyFileIsAccepted) {
+TEST(GrammarActions, EmptyFileAndFilesWithoutHeaderParse) {
     ParseRun run = parseText("");
     EXPECT_EQ(run.result, 0);
     EXPECT_TRUE(run.calls.empty());
+    for (const char* text : {"Group { }", "#VRML V2.0 utf8\nGroup { }", "# any first line\nGroup { }"})
+        EXPECT_EQ(parseText(text).result, 0) << text;
 }
 
-TEST(GrammarActions, FileWithoutHeaderParses) {
-    EXPECT_EQ(parseText("Group { }").result, 0);
-    EXPECT_EQ(parseText("#VRML V2.0 utf8\nGroup { }").result, 0);
-    EXPECT_EQ(parseText("# any first line\nGroup { }").result, 0);
-}
-
-TEST(GrammarActions, AnonymousDefAndUseAtTopLevel) {
+TEST(GrammarActions, AnonymousDefAndUseNamesAndRepeatedDefs) {
     ParseRun run = parseText("Group { }\nDEF A Group { }\nUSE A\n");
     EXPECT_EQ(run.result, 0);
     EXPECT_EQ(run.nodes(), (Calls{"x00000+Group_0", "d00000+A"}));
     EXPECT_EQ(run.calls.back(), "createToplevelUSE(u00000+A)");
-}
-
-TEST(GrammarActions, RepeatedDefOpensANewNumber) {
-    ParseRun run = parseText("DEF A Group { } DEF A Group { } USE A");
+    // A repeated DEF opens a new number.
+    run = parseText("DEF A Group { } DEF A Group { } USE A");
     EXPECT_EQ(run.nodes(), (Calls{"d00000+A", "d00001+A"}));
     EXPECT_TRUE(run.called("createToplevelUSE(u00001+A)"));
 }
 
-TEST(GrammarActions, UseInsideAFieldIsNoTopLevelUse) {
+TEST(GrammarActions, UseInsideAFieldIsAValueAndAnUnknownNameGoesOnPlain) {
     ParseRun run = parseText("DEF A Group { } Group { children [ USE A ] }");
     EXPECT_EQ(run.result, 0);
     EXPECT_FALSE(run.called("createToplevelUSE(u00000+A)"));
     EXPECT_EQ(run.values(), Calls{"[ u00000+A, ]"});
-}
-
-TEST(GrammarActions, UseOfUnknownNameGoesOnWithThePlainName) {
-    ParseRun run = parseText("USE B");
+    run = parseText("USE B");
     EXPECT_TRUE(run.called("createToplevelUSE(B)"));
     EXPECT_TRUE(contains(run.errors, "failed getting unique name for DEF'ed node B."));
 }
 
 TEST(GrammarActions, NodeCarriesEveryFieldWithItsValueOrDefault) {
-    ParseRun run = parseText("Group { children [ ] }");
-    EXPECT_EQ(run.calls, (Calls{"CreateNode(Group,x00000+Group_0,[],0,0,0)",
-                                "SetNodeData(set_children,(null),34,2,e,[])",
-                                "SetNodeData(children,[  ],34,0,ev,[])", "EndNode()"}));
-}
-
-TEST(GrammarActions, FieldNotMentionedKeepsTheDefault) {
     ParseRun run = parseText("Node { sffloat 2 }");
     EXPECT_TRUE(run.called("SetNodeData(sffloat,2,22,0,ev,[])"));
     EXPECT_TRUE(run.called("SetNodeData(sfvec3f,0 0 0,30,0,e,[])"));
     EXPECT_EQ(run.values(), Calls{"2"});
+    ParseRun group = parseText("Group { children [ ] }");
+    EXPECT_EQ(group.calls, (Calls{"CreateNode(Group,x00000+Group_0,[],0,0,0)",
+                                  "SetNodeData(set_children,(null),34,2,e,[])",
+                                  "SetNodeData(children,[  ],34,0,ev,[])", "EndNode()"}));
 }
 
 TEST(GrammarActions, ProtoDeclaration) {
@@ -110,24 +98,18 @@ TEST(GrammarActions, ScriptNodeGetsATypeOfItsOwn) {
                                 "SetNodeData(a,1,24,0,v,[])", "EndNode()"}));
 }
 
-TEST(GrammarActions, ScriptDeclaresItsOwnInterface) {
+TEST(GrammarActions, EventsAreDeclaredOnlyInScriptsAndProtosAndBoundByIs) {
     ParseRun run = parseText("Script { eventIn SFBool go field SFInt32 a 1 eventOut SFTime t }");
     EXPECT_EQ(run.result, 0);
     EXPECT_TRUE(run.errors.empty()) << run.errors;
     EXPECT_TRUE(run.called("SetNodeData(go,(null),20,2,-,[])"));
     EXPECT_TRUE(run.called("SetNodeData(t,(null),28,1,-,[])"));
     EXPECT_TRUE(run.called("SetNodeData(a,1,24,0,v,[])"));
-}
-
-TEST(GrammarActions, EventDeclarationOutsideScriptIsReported) {
-    ParseRun run = parseText("Group { eventIn SFBool go }");
+    run = parseText("Group { eventIn SFBool go }");
     EXPECT_EQ(run.result, 0);
     EXPECT_TRUE(contains(run.errors, "Field or event declaration outside of Script or prototype"));
     EXPECT_FALSE(run.called("SetNodeData(go,(null),20,2,-,[])"));
-}
-
-TEST(GrammarActions, EventBoundByIsInAProto) {
-    ParseRun run = parseText("PROTO P [ eventIn SFBool on ] { Script { eventIn SFBool go IS on } }");
+    run = parseText("PROTO P [ eventIn SFBool on ] { Script { eventIn SFBool go IS on } }");
     EXPECT_EQ(run.result, 0);
     EXPECT_TRUE(run.called("SetNodeData(go,(null),20,2,v,[on])"));
 }
@@ -137,26 +119,6 @@ TEST(GrammarActions, ExposedFieldIsBindsBothHalves) {
     EXPECT_EQ(run.result, 0) << run.errors;
     EXPECT_TRUE(run.called("SetNodeData(sffloat,IZZED,22,0,ev,[x])"));
     EXPECT_TRUE(run.called("SetNodeData(set_sffloat,(null),22,2,ev,[set_x])"));
-}
-
-TEST(GrammarActions, ExternProtoTakesTheProtoOfItsFile) {
-    ParseOptions options;
-    options.files["lib.wrl"] = "PROTO First [ field SFFloat a 1 ] { }\nPROTO B [ field SFFloat b 2 ] { }\n";
-    ParseRun run = parseText("EXTERNPROTO A [ field SFFloat b ] \"lib.wrl#B\"\nA { b 3 }", options);
-    EXPECT_EQ(run.result, 0) << run.errors;
-    EXPECT_TRUE(run.called("CreatePrototype(First,[],(null),0,(null))"));
-    EXPECT_TRUE(run.called("CreatePrototype(A,[],(null),0,(null))"));
-    EXPECT_TRUE(run.called("CreateNode(A,x00000+A_0,[],0,0,0)"));
-    EXPECT_TRUE(run.called("SetNodeData(b,3,22,0,v,[])"));
-}
-
-TEST(GrammarActions, ExternProtoTriesTheNextUrl) {
-    ParseOptions options;
-    options.files["good.wrl"] = "PROTO G [ ] { }";
-    ParseRun run = parseText("EXTERNPROTO A [ ] [ \"missing.wrl\" \"good.wrl\" ] A { }", options);
-    EXPECT_EQ(run.result, 0) << run.errors;
-    EXPECT_TRUE(contains(run.errors, "\nPARSE ERROR:  Could not open EXTERNPROTO missing.wrl.\n"));
-    EXPECT_TRUE(run.called("CreateNode(A,x00000+A_0,[],0,0,0)"));
 }
 
 TEST(GrammarActions, ExternProtoWithoutItsProtoIsAParseError) {

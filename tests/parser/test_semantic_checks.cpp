@@ -20,32 +20,25 @@ int count(const std::vector<std::string>& calls, const std::string& prefix) {
 }
 }  // namespace
 
-TEST(UnknownNames, UnknownTypeWithNoAnswerIsSkipped) {
+TEST(UnknownNames, UnknownTypeWithNoAnswerIsSkippedDefOrNot) {
     ParseRun run = parseText("Foo { a 1 b { c } } Group { }");
     EXPECT_EQ(run.result, 0);
     EXPECT_TRUE(contains(run.errors, "\nPrompt:  Unknown node type Foo near line 1, correct one?\n"));
     EXPECT_TRUE(contains(run.errors, "\nMessage:  Unknown node type 'Foo', skipping node\n"));
     EXPECT_EQ(run.nodes(), Calls{"x00000+Group_1"});
+    ParseRun def = parseText("DEF X Foo { } Group { }");
+    EXPECT_EQ(def.result, 0) << def.errors;
+    EXPECT_EQ(def.nodes(), Calls{"x00000+Group_0"});
 }
 
-TEST(UnknownNames, DefOfUnknownTypeIsSkippedToo) {
-    ParseRun run = parseText("DEF X Foo { } Group { }");
-    EXPECT_EQ(run.result, 0) << run.errors;
-    EXPECT_EQ(run.nodes(), Calls{"x00000+Group_0"});
-}
-
-TEST(UnknownNames, AnsweredTypeNameIsUsed) {
+TEST(UnknownNames, AnsweredTypeAndFieldNamesAreUsed) {
     ParseOptions options;
     options.input = "1\nGroup\n";
     ParseRun run = parseText("Gruop { }", options);
     EXPECT_EQ(run.result, 0) << run.errors;
     EXPECT_TRUE(run.called("CreateNode(Group,x00000+Gruop_0,[],0,0,0)"));
-}
-
-TEST(UnknownNames, AnsweredFieldNameIsUsed) {
-    ParseOptions options;
     options.input = "1\nsffloat\n";
-    ParseRun run = parseText("Node { sfflaot 2 }", options);
+    run = parseText("Node { sfflaot 2 }", options);
     EXPECT_EQ(run.result, 0) << run.errors;
     EXPECT_TRUE(contains(run.errors,
                          "Node's of type Node do not have fields/eventIn/EventOut named sfflaot.\nWhat is the correct "
@@ -66,14 +59,8 @@ TEST(Protos, SecondProtoOfANameIsRefusedAndTheFirstKept) {
     EXPECT_EQ(count(run.calls, "CreatePrototype(P,"), 1);
     EXPECT_TRUE(run.called("SetNodeData(a,1,22,0,-,[])"));
     EXPECT_FALSE(run.called("SetNodeData(b,2,24,0,-,[])"));
-}
-
-TEST(Protos, ProtosOfAFileLeaveWithIt) {
-    ParseRun run = parseText("PROTO P [ ] { } P { }");
-    EXPECT_EQ(run.result, 0);
     // Each parse opens its own scope; a second file may declare P again.
-    ParseRun again = parseText("PROTO P [ ] { }");
-    EXPECT_FALSE(contains(again.errors, "already defined"));
+    EXPECT_FALSE(contains(parseText("PROTO P [ ] { }").errors, "already defined"));
 }
 
 TEST(Protos, NestingOf19ProtosIsReported) {
@@ -98,14 +85,11 @@ TEST(Protos, NestingBeyondTheParentListStaysBounded) {
     EXPECT_TRUE(run.called("CreateNode(Group,x00000+Group_0," + parents + "],0,0,0)"));
 }
 
-TEST(IsBindings, IsOutsideAProtoIsReported) {
+TEST(IsBindings, IsOutsideAProtoOrOfAnotherTypeIsReported) {
     ParseRun run = parseText("Node { sffloat IS x }");
     EXPECT_EQ(run.result, 0);
     EXPECT_TRUE(contains(run.errors, "Invalid IS field type: 0 for field sffloat\n"));
-}
-
-TEST(IsBindings, MismatchedTypeIsReported) {
-    ParseRun run = parseText("PROTO P [ field SFInt32 n 1 ] { Node { sffloat IS n } }");
+    run = parseText("PROTO P [ field SFInt32 n 1 ] { Node { sffloat IS n } }");
     EXPECT_TRUE(contains(run.errors, "Invalid IS field type: 275 for field sffloat\n"));
     EXPECT_TRUE(run.called("SetNodeData(sffloat,IZZED,22,0,ev,[])"));
 }
@@ -115,36 +99,27 @@ TEST(Routes, EventOutToEventInPassesWithSuffixesAndPrefixes) {
     EXPECT_EQ(run.calls.back(), "InsertRouteByName(Node,d00000+A,sffloat,Node,d00000+B,set_sffloat,[])");
 }
 
-TEST(Routes, RouteInsideANodeWaitsForTheNode) {
+TEST(Routes, RouteInsideANodeWaitsForItAndInsideAProtoNamesItsParents) {
     ParseRun run = parseText("DEF A Node { } Group { ROUTE A.sffloat TO A.set_sffloat }");
     EXPECT_EQ(run.result, 0);
     EXPECT_EQ(run.calls.back(), "InsertRouteByName(Node,d00000+A,sffloat,Node,d00000+A,set_sffloat,[])");
-}
-
-TEST(Routes, RouteInsideAProtoNamesItsParents) {
-    ParseRun run = parseText("PROTO P [ ] { DEF A Node { } ROUTE A.sffloat TO A.sffloat }");
+    run = parseText("PROTO P [ ] { DEF A Node { } ROUTE A.sffloat TO A.sffloat }");
     EXPECT_TRUE(run.called("InsertRouteByName(Node,d00000+A,sffloat,Node,d00000+A,set_sffloat,[P])"));
 }
 
-TEST(Routes, UnknownNodeIsRefused) {
-    ParseRun run = parseText("DEF A Node { } ROUTE Z.sffloat TO A.sffloat");
-    EXPECT_TRUE(contains(run.errors, "\nMessage:  BAD ROUTE:  Unknown node type 'Z'\n"));
-    EXPECT_EQ(count(run.calls, "InsertRouteByName"), 0);
-}
-
-TEST(Routes, RouteBeforeItsNodeIsRefused) {
-    ParseRun run = parseText("ROUTE A.sffloat TO B.sffloat DEF A Node { } DEF B Node { }");
-    EXPECT_TRUE(contains(run.errors, "BAD ROUTE:  Unknown node type 'A'"));
-}
-
-TEST(Routes, NotAnEventOutIsRefused) {
-    ParseRun run = parseText("DEF A Node { } ROUTE A.nothing TO A.sffloat");
-    EXPECT_TRUE(contains(run.errors, "\nMessage:  BAD ROUTE:  nothing not an eventOut for d00000+A\n"));
-}
-
-TEST(Routes, NotAnEventInIsRefused) {
-    ParseRun run = parseText("DEF A Node { } ROUTE A.sffloat TO A.nothing");
-    EXPECT_TRUE(contains(run.errors, "\nMessage:  BAD ROUTE:  nothing not an eventIn for d00000+A\n"));
+TEST(Routes, BadRoutesAreRefusedWithTheirMessages) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"DEF A Node { } ROUTE Z.sffloat TO A.sffloat", "\nMessage:  BAD ROUTE:  Unknown node type 'Z'\n"},
+        {"ROUTE A.sffloat TO B.sffloat DEF A Node { } DEF B Node { }", "BAD ROUTE:  Unknown node type 'A'"},
+        {"DEF A Node { } ROUTE A.nothing TO A.sffloat", "\nMessage:  BAD ROUTE:  nothing not an eventOut for d00000+A\n"},
+        {"DEF A Node { } ROUTE A.sffloat TO A.nothing", "\nMessage:  BAD ROUTE:  nothing not an eventIn for d00000+A\n"},
+    };
+    for (const auto& [text, message] : cases) {
+        SCOPED_TRACE(text);
+        ParseRun run = parseText(text);
+        EXPECT_TRUE(contains(run.errors, message)) << run.errors;
+        EXPECT_EQ(count(run.calls, "InsertRouteByName"), 0);
+    }
 }
 
 TEST(Routes, DifferentTypesGoThroughTheErrorReport) {
