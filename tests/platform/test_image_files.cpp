@@ -124,51 +124,40 @@ void expectImage(const Loaded& l, int width, int height, int components) {
 
 }  // namespace
 
-TEST(csTexture, ReadsGreyPng) {
+TEST(csTexture, ReadsPngJpegAndGifWithTheirSizesAndComponents) {
     wrltest::TempDir dir;
-    std::string path = dir.path() + "/grey.png";
-    writePng(path, 5, 3, PNG_COLOR_TYPE_GRAY, 1);
-    Loaded l(path);
-    expectImage(l, 5, 3, 1);
-    std::vector<unsigned char> want = pattern(5, 3, 1);
-    std::vector<std::uint8_t> got(want.size());
-    ASSERT_TRUE(l.image()->pixels().getRange(0, static_cast<int>(got.size()), got.data()));
-    EXPECT_TRUE(std::equal(want.begin(), want.end(), got.begin()));  // top row first, bytes kept
-}
-
-TEST(csTexture, ReadsRgbAndRgbaPng) {
-    wrltest::TempDir dir;
+    writePng(dir.path() + "/grey.png", 5, 3, PNG_COLOR_TYPE_GRAY, 1);
     writePng(dir.path() + "/rgb.png", 4, 2, PNG_COLOR_TYPE_RGB, 3);
     writePng(dir.path() + "/rgba.png", 3, 7, PNG_COLOR_TYPE_RGBA, 4);
-    Loaded rgb(dir.path() + "/rgb.png");
-    expectImage(rgb, 4, 2, 3);
-    EXPECT_EQ(rgb.image()->pixels().get(5), pattern(4, 2, 3)[5]);
-    Loaded rgba(dir.path() + "/rgba.png");
-    expectImage(rgba, 3, 7, 4);
-}
-
-TEST(csTexture, ReadsGreyAndColourJpeg) {
-    wrltest::TempDir dir;
     writeJpeg(dir.path() + "/c.jpg", 16, 8, 3);
     writeJpeg(dir.path() + "/g.jpg", 9, 9, 1);
-    Loaded colour(dir.path() + "/c.jpg");
-    expectImage(colour, 16, 8, 3);
-    Loaded grey(dir.path() + "/g.jpg");
-    expectImage(grey, 9, 9, 1);
-}
-
-TEST(csTexture, ReadsGifWithAndWithoutTransparency) {
-    wrltest::TempDir dir;
     writeGif(dir.path() + "/plain.gif", 6, 4, false);
     writeGif(dir.path() + "/clear.gif", 6, 4, true);
+    const struct {
+        const char* name;
+        int width, height, components;
+    } files[] = {{"grey.png", 5, 3, 1}, {"rgb.png", 4, 2, 3}, {"rgba.png", 3, 7, 4}, {"c.jpg", 16, 8, 3},
+                 {"g.jpg", 9, 9, 1},    {"plain.gif", 6, 4, 3}, {"clear.gif", 6, 4, 4}};
+    for (const auto& f : files) {
+        SCOPED_TRACE(f.name);
+        Loaded l(dir.path() + "/" + f.name);
+        expectImage(l, f.width, f.height, f.components);
+    }
+
+    // PNG bytes are kept, top row first.
+    Loaded grey(dir.path() + "/grey.png");
+    std::vector<unsigned char> want = pattern(5, 3, 1);
+    std::vector<std::uint8_t> got(want.size());
+    ASSERT_TRUE(grey.image()->pixels().getRange(0, static_cast<int>(got.size()), got.data()));
+    EXPECT_TRUE(std::equal(want.begin(), want.end(), got.begin()));
+    Loaded rgb(dir.path() + "/rgb.png");
+    EXPECT_EQ(rgb.image()->pixels().get(5), pattern(4, 2, 3)[5]);
+    // GIF pixel (1, 0) has colour index 1: green; index 3 is the clear one.
     Loaded plain(dir.path() + "/plain.gif");
-    expectImage(plain, 6, 4, 3);
-    // Pixel (1, 0) has colour index 1: green.
     EXPECT_EQ(plain.image()->pixels().get(3), 0);
     EXPECT_EQ(plain.image()->pixels().get(4), 255);
     Loaded clear(dir.path() + "/clear.gif");
-    expectImage(clear, 6, 4, 4);
-    EXPECT_EQ(clear.image()->pixels().get(3 * 4 + 3), 0);  // index 3 is the clear one
+    EXPECT_EQ(clear.image()->pixels().get(3 * 4 + 3), 0);
     EXPECT_EQ(clear.image()->pixels().get(3), 255);
 }
 
@@ -193,7 +182,7 @@ TEST(csTextureFaults, TruncatedFilesGiveNoImage) {
     }
 }
 
-TEST(csTextureFaults, MissingAndForeignFilesAreNamed) {
+TEST(csTextureFaults, MissingForeignAndAbsurdFilesAreNamedAndDropAnEarlierImage) {
     wrltest::TempDir dir;
     std::string missing = dir.path() + "/none.png";
     Loaded a(missing);
@@ -207,29 +196,20 @@ TEST(csTextureFaults, MissingAndForeignFilesAreNamed) {
     EXPECT_EQ(b.image(), nullptr);
     std::snprintf(want, sizeof want, kCsImageUnreadable, text.c_str(), kCsImageUnknownFormat);
     EXPECT_EQ(b.err, want);
-}
 
-TEST(csTextureFaults, AbsurdSizeInTheHeaderIsRefused) {
-    wrltest::TempDir dir;
+    // Width and height stand at bytes 16..23 of the IHDR chunk; the CRC no
+    // longer fits, so the size test or the CRC test must refuse it.
     writePng(dir.path() + "/big.png", 2, 2, PNG_COLOR_TYPE_GRAY, 1);
     std::string bytes = wrltest::readFile(dir.path() + "/big.png");
-    // Width and height stand at bytes 16..23 of the IHDR chunk; the CRC
-    // no longer fits, which libpng only warns about for ancillary data, so
-    // the size test or the CRC test must refuse it.
     bytes[16] = 0x00;
     bytes[17] = 0x10;
     bytes[18] = 0x00;
     bytes[19] = 0x00;
-    std::string path = dir.write("huge.png", bytes);
-    Loaded l(path);
-    EXPECT_EQ(l.image(), nullptr);
-    EXPECT_FALSE(l.err.empty());
-}
+    Loaded huge(dir.write("huge.png", bytes));
+    EXPECT_EQ(huge.image(), nullptr);
+    EXPECT_FALSE(huge.err.empty());
 
-TEST(csTextureFaults, UnreadableFileDropsAnEarlierImage) {
-    wrltest::TempDir dir;
-    writePng(dir.path() + "/ok.png", 2, 2, PNG_COLOR_TYPE_GRAY, 1);
-    Loaded l(dir.path() + "/ok.png");
+    Loaded l(dir.path() + "/big.png");
     ASSERT_NE(l.image(), nullptr);
     CaptureStderr();
     EXPECT_FALSE(l.texture->setFileName(dir.path() + "/gone.png"));

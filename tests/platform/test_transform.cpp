@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
 
 #include "csTransform.h"
 
@@ -23,72 +22,46 @@ void expectPoint(const csVec3f& got, float x, float y, float z) {
 
 }  // namespace
 
-TEST(csTransform, TranslationStandsInTheLastRow) {
+TEST(csTransform, EachPartAgreesWithTheHandComputedPoint) {
     Owned o;
     o.t->setTranslation(1, 2, 3);
     const csMatrix4f& m = o.t->getMatrix();
-    EXPECT_EQ(m[3][0], 1.0f);
-    EXPECT_EQ(m[3][1], 2.0f);
+    EXPECT_EQ(m[3][0], 1.0f);  // translation stands in the last row
     EXPECT_EQ(m[3][2], 3.0f);
     EXPECT_EQ(m[0][3], 0.0f);
-    EXPECT_EQ(m[0][0], 1.0f);
-}
+    o.t->setTranslation(0, 5, 0);  // the matrix follows later changes
+    expectPoint(o.t->getMatrix().xformPt(csVec3f(0, 0, 0)), 0, 5, 0);
 
-TEST(csTransform, RotationAboutZTurnsXTowardsY) {
-    Owned o;
-    o.t->setRotation(0, 0, 1, kHalfPi);
-    const csMatrix4f& m = o.t->getMatrix();
-    EXPECT_NEAR(m[0][1], 1.0f, 1e-6f);   // row x becomes (0, 1, 0)
-    EXPECT_NEAR(m[1][0], -1.0f, 1e-6f);  // row y becomes (-1, 0, 0)
-    expectPoint(m.xformPt(csVec3f(1, 0, 0)), 0, 1, 0);
-}
-
-TEST(csTransform, RotationAndScaleActAboutTheCenter) {
-    Owned o;
-    o.t->setCenter(1, 0, 0);
-    o.t->setRotation(0, 0, 1, kHalfPi);
-    expectPoint(o.t->getMatrix().xformPt(csVec3f(2, 0, 0)), 1, 1, 0);
+    Owned r;
+    r.t->setRotation(0, 0, 1, kHalfPi);
+    EXPECT_NEAR(r.t->getMatrix()[0][1], 1.0f, 1e-6f);  // row x becomes (0, 1, 0)
+    expectPoint(r.t->getMatrix().xformPt(csVec3f(1, 0, 0)), 0, 1, 0);
+    r.t->setCenter(1, 0, 0);  // rotation and scale act about the centre
+    expectPoint(r.t->getMatrix().xformPt(csVec3f(2, 0, 0)), 1, 1, 0);
 
     Owned s;
     s.t->setCenter(1, 0, 0);
     s.t->setScale(2, 3, 4);
     expectPoint(s.t->getMatrix().xformPt(csVec3f(2, 0, 0)), 3, 0, 0);
     expectPoint(s.t->getMatrix().xformPt(csVec3f(1, 1, 1)), 1, 3, 4);
-}
 
-TEST(csTransform, ScaleOrientationTurnsTheScaleAxes) {
-    Owned o;
-    o.t->setScale(2, 1, 1);
-    o.t->setScaleOrientation(0, 0, 1, kHalfPi);  // the x scale now acts along y
-    expectPoint(o.t->getMatrix().xformPt(csVec3f(0, 1, 0)), 0, 2, 0);
-    expectPoint(o.t->getMatrix().xformPt(csVec3f(1, 0, 0)), 1, 0, 0);
-}
+    Owned so;
+    so.t->setScale(2, 1, 1);
+    so.t->setScaleOrientation(0, 0, 1, kHalfPi);  // the x scale now acts along y
+    expectPoint(so.t->getMatrix().xformPt(csVec3f(0, 1, 0)), 0, 2, 0);
+    expectPoint(so.t->getMatrix().xformPt(csVec3f(1, 0, 0)), 1, 0, 0);
 
-TEST(csTransform, AllPartsInTheVrmlOrder) {
-    Owned o;
-    o.t->setTranslation(10, 0, 0);
-    o.t->setRotation(0, 0, 1, kHalfPi);
-    o.t->setScale(2, 2, 2);
-    o.t->setCenter(0, 1, 0);
+    Owned all;
+    all.t->setTranslation(10, 0, 0);
+    all.t->setRotation(0, 0, 1, kHalfPi);
+    all.t->setScale(2, 2, 2);
+    all.t->setCenter(0, 1, 0);
     // (1,1,0) -C-> (1,0,0) -S-> (2,0,0) -R-> (0,2,0) +C-> (0,3,0) +T-> (10,3,0)
-    expectPoint(o.t->getMatrix().xformPt(csVec3f(1, 1, 0)), 10, 3, 0);
-}
+    expectPoint(all.t->getMatrix().xformPt(csVec3f(1, 1, 0)), 10, 3, 0);
 
-TEST(csTransform, MatrixFollowsLaterChanges) {
-    Owned o;
-    o.t->setTranslation(1, 0, 0);
-    expectPoint(o.t->getMatrix().xformPt(csVec3f(0, 0, 0)), 1, 0, 0);
-    o.t->setTranslation(0, 5, 0);
-    expectPoint(o.t->getMatrix().xformPt(csVec3f(0, 0, 0)), 0, 5, 0);
-}
-
-TEST(csTransform, ZeroRotationAxisIsNoRotation) {
-    Owned o;
-    o.t->setRotation(0, 0, 0, 1.0f);
-    csMatrix4f identity;
-    EXPECT_TRUE(o.t->getMatrix().almostEqual(identity, 0.0f));
-    for (int r = 0; r < 4; ++r)
-        for (int c = 0; c < 4; ++c) EXPECT_FALSE(std::isnan(o.t->getMatrix()[r][c]));
+    Owned zero;
+    zero.t->setRotation(0, 0, 0, 1.0f);  // a zero axis is no rotation
+    EXPECT_TRUE(zero.t->getMatrix().almostEqual(csMatrix4f(), 0.0f));
 }
 
 TEST(csMatrix4f, PreTransActsBeforeTheMatrix) {
