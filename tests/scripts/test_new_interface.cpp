@@ -2,8 +2,6 @@
 // exec step and the warning.
 #include <gtest/gtest.h>
 
-#include <dirent.h>
-
 #include <string>
 #include <vector>
 
@@ -61,48 +59,34 @@ protected:
 
 }  // namespace
 
-TEST_F(NewInterface, BadPrefixWarnsOnceAndTheNextURLServes) {
+TEST_F(NewInterface, BadPrefixWarnsOnceInItsExactWordsAndTheNextURLServes) {
     znScriptInterface* chosen = nullptr;
     std::string err = choose({"javascript:alert(1)", "behaviour.rec"}, &chosen);
-    EXPECT_NE(err.find(warning("javascript:")), std::string::npos) << err;
-    EXPECT_EQ(err.find("SCRIPT INTERFACE WARNING"), err.rfind("SCRIPT INTERFACE WARNING"));
+    EXPECT_EQ(err, "\nAlert:  \n\nSCRIPT INTERFACE WARNING:\n   \"javascript:\" inline script prefix not registered.  \n"
+                   "   When running this again you can try commenting\n   nodes with a \"javascript:\" script "
+                   "prefix.\n\n\n");
     ASSERT_NE(chosen, nullptr);
-    ASSERT_EQ(made.files.size(), 1u);
-    EXPECT_EQ(made.files[0], "behaviour.rec");
+    EXPECT_EQ(made.files, std::vector<std::string>{"behaviour.rec"});
     delete chosen;
 }
 
-TEST_F(NewInterface, WarningTextIsExact) {
-    EXPECT_EQ(warning("x:"),
-              "\n\nSCRIPT INTERFACE WARNING:\n   \"x:\" inline script prefix not registered.  \n"
-              "   When running this again you can try commenting\n   nodes with a \"x:\" script prefix.\n\n");
-}
-
-TEST_F(NewInterface, LeadingBlanksAreDropped) {
-    choose({"  \t behaviour.rec"});
-    ASSERT_EQ(made.files.size(), 1u);
-    EXPECT_EQ(made.files[0], "behaviour.rec");
-}
-
-TEST_F(NewInterface, DriveColonCountsAsInline) {
-    std::string err = choose({"C:\\scripts\\a.rec"});
-    EXPECT_NE(err.find(warning("C:")), std::string::npos) << err;
-    EXPECT_TRUE(made.files.empty());
-}
-
-TEST_F(NewInterface, LastDotGivesTheExtension) {
-    std::string err = choose({"archive.rec.tar"});
-    EXPECT_NE(err.find(warning(".tar")), std::string::npos) << err;
+TEST_F(NewInterface, NameDecidesTheInterfaceByItsPrefixOrLastDot) {
+    choose({"  \t behaviour.rec"});  // leading blanks are dropped
+    EXPECT_EQ(made.files, std::vector<std::string>{"behaviour.rec"});
+    EXPECT_NE(choose({"C:\\scripts\\a.rec"}).find(warning("C:")), std::string::npos);  // a drive is inline
+    EXPECT_NE(choose({"archive.rec.tar"}).find(warning(".tar")), std::string::npos);
     choose({"archive.tar.rec"});
-    ASSERT_EQ(made.files.size(), 1u);
-    EXPECT_EQ(made.files[0], "archive.tar.rec");
-}
-
-TEST_F(NewInterface, NameWithoutDotOrEmptyIsSkippedSilently) {
+    EXPECT_EQ(made.files, (std::vector<std::string>{"behaviour.rec", "archive.tar.rec"}));
+    // No dot or no text: skipped silently.
     znScriptInterface* chosen = nullptr;
-    std::string err = choose({"", "NOT_SUPPORTED", nullptr}, &chosen);
+    EXPECT_EQ(choose({"", "NOT_SUPPORTED", nullptr}, &chosen), "");
     EXPECT_EQ(chosen, nullptr);
-    EXPECT_EQ(err, "");
+    // An overlong name is reported and skipped.
+    std::string longName(znScriptInterface::kFileNameSize + 10, 'a');
+    longName += ".rec";
+    std::string err = choose({longName.c_str(), "short.rec"});
+    EXPECT_NE(err.find("Script URL longer than 1023 characters skipped"), std::string::npos) << err;
+    EXPECT_EQ(made.files.back(), "short.rec");
 }
 
 TEST_F(NewInterface, InlineScriptGoesToAFreshFileInTheTemporaryDirectory) {
@@ -114,35 +98,18 @@ TEST_F(NewInterface, InlineScriptGoesToAFreshFileInTheTemporaryDirectory) {
     EXPECT_EQ(file.rfind(dir.path() + "/.zncache", 0), 0u) << file;
     EXPECT_EQ(file.size(), dir.path().size() + std::string("/.zncache").size() + 2 + 6);
     EXPECT_EQ(wrltest::readFile(file), "counter script text");
-
     choose({"rec:second"});
     ASSERT_EQ(made.files.size(), 2u);
     EXPECT_NE(made.files[1], made.files[0]);
 }
 
-TEST_F(NewInterface, ExecStepReplacesTheFileName) {
+TEST_F(NewInterface, ExecStepReplacesTheFileNameOrFailsOnToTheNextURL) {
     world.system.scriptInterfaces->add(recordingFactory, "src", nullptr, nullptr, compile, nullptr, 1);
-    choose({"program.src"});
-    ASSERT_EQ(made.files.size(), 1u);
-    EXPECT_EQ(made.files[0], "/compiled/out.so");
-}
-
-TEST_F(NewInterface, FailedExecStepTriesTheNextURL) {
     world.system.scriptInterfaces->add(recordingFactory, "bad", nullptr, nullptr, refuse, nullptr, 1);
+    choose({"program.src"});
     choose({"program.bad", "second.rec"});
-    ASSERT_EQ(made.files.size(), 1u);
-    EXPECT_EQ(made.files[0], "second.rec");
+    EXPECT_EQ(made.files, (std::vector<std::string>{"/compiled/out.so", "second.rec"}));
 }
-
-TEST_F(NewInterface, OverlongNameIsReportedAndSkipped) {
-    std::string longName(znScriptInterface::kFileNameSize + 10, 'a');
-    longName += ".rec";
-    std::string err = choose({longName.c_str(), "short.rec"});
-    EXPECT_NE(err.find("Script URL longer than 1023 characters skipped"), std::string::npos) << err;
-    ASSERT_EQ(made.files.size(), 1u);
-    EXPECT_EQ(made.files[0], "short.rec");
-}
-
 
 TEST_F(NewInterface, HttpURLGoesThroughTheURLInterface) {
     wrltest::AskedURL access("/cache/fetched.rec");
@@ -151,8 +118,7 @@ TEST_F(NewInterface, HttpURLGoesThroughTheURLInterface) {
     choose({"http://example.invalid/s.rec"});
     EXPECT_EQ(access.asked, "http://example.invalid/s.rec");
     EXPECT_EQ(access.pushed, 0);
-    ASSERT_EQ(made.files.size(), 1u);
-    EXPECT_EQ(made.files[0], "/cache/fetched.rec");
+    EXPECT_EQ(made.files, std::vector<std::string>{"/cache/fetched.rec"});
     world.system.browser->setURLInterface(previous);
 }
 

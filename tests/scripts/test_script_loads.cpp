@@ -2,8 +2,6 @@
 // frame, and reached by events.
 #include <gtest/gtest.h>
 
-#include <dlfcn.h>
-
 #include <string>
 
 #include "browser/zn_browser_intern.h"
@@ -20,14 +18,7 @@ using testing::internal::CaptureStdout;
 using testing::internal::GetCapturedStderr;
 using testing::internal::GetCapturedStdout;
 
-namespace {
-
-template <class F>
-F counterFn(const char* name) {
-    return reinterpret_cast<F>(dlsym(RTLD_DEFAULT, name));
-}
-
-}  // namespace
+using wrltest::counterFn;
 
 TEST(ScriptLoads, CompiledScriptOfAWorldIsBoundTickedAndReached) {
     wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());

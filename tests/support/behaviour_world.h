@@ -3,6 +3,8 @@
 #ifndef WRL_BEHAVIOUR_WORLD_H
 #define WRL_BEHAVIOUR_WORLD_H
 
+#include <dlfcn.h>
+
 #include <memory>
 #include <string>
 #include <utility>
@@ -103,6 +105,13 @@ public:
     std::string asked;
     int pushed = -1;
 };
+
+// A read-out of the test's compiled Script (counter.so), found once the
+// object is loaded.
+template <class F>
+F counterFn(const char* name) {
+    return reinterpret_cast<F>(dlsym(RTLD_DEFAULT, name));
+}
 
 }  // namespace wrltest
 
