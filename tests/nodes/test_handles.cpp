@@ -8,48 +8,18 @@
 
 using wrltest::RecordingBrowser;
 
-TEST(HandleNull, DefaultHandleAnswersAsNoNode) {
-    BaseNode handle;
-    EXPECT_EQ(handle.isDirty(), 1);
-    EXPECT_EQ(handle.getID(), 0);
-    EXPECT_EQ(handle.getType(), nullptr);
-    EXPECT_EQ(handle.getBrowser(), nullptr);
-    EXPECT_EQ(handle.getUrlBase(), nullptr);
-}
-
-TEST(HandleCopy, CopyOwnsItsOwnPairAndAssigningNullReleasesIt) {
+TEST(Handle, CopiesOwnTheirPairAndForwardToTheNode) {
     RecordingBrowser browser;
+    BaseNode none;
+    EXPECT_EQ(none.getID(), 0);
+    EXPECT_EQ(none.getType(), nullptr);
     BaseNode a(new znInternal(&browser, nullptr));
     BaseNode b(a);
     EXPECT_NE(a.internal, b.internal);
     EXPECT_EQ(b.getBrowser(), &browser);
     b = BaseNode();
     EXPECT_EQ(b.internal, nullptr);
-}
 
-TEST(HandleScript, ShutdownForgetsBrowserAndNode) {
-    RecordingBrowser browser;
-    struct TestScript : Script {
-        explicit TestScript(znInternal* p) : BaseNode(p) {}
-    } script(new znInternal(&browser, nullptr));
-    EXPECT_EQ(script.getBrowser(), &browser);
-    script.shutdown();
-    EXPECT_EQ(script.getBrowser(), nullptr);
-}
-
-TEST(HandleScript, ProcessEventsSkipsNullEntries) {
-    struct Counting : Script {
-        int seen = 0;
-        void processEvent(Event&) override { ++seen; }
-    } script;
-    Event* events[3] = {nullptr, nullptr, nullptr};
-    script.processEvents(3, events);
-    script.processEvents(0, nullptr);
-    EXPECT_EQ(script.seen, 0);
-}
-
-TEST(HandleNode, ForwardsToTheNode) {
-    RecordingBrowser browser;
     std::vector<const char*> urls;
     znNodeType type(1, "Thing", urls, &browser, 0, 0, nullptr);
     auto* node = new znNode(7, "d00000+N", &type, &browser);
@@ -63,7 +33,23 @@ TEST(HandleNode, ForwardsToTheNode) {
     delete node;
 }
 
-TEST(HandleBuiltin, NodeListSkipsNullHandles) {
+TEST(Handle, ScriptShutdownForgetsTheBrowserAndNullEventsAreSkipped) {
+    RecordingBrowser browser;
+    struct Counting : Script {
+        explicit Counting(znInternal* p) : BaseNode(p) {}
+        int seen = 0;
+        void processEvent(Event&) override { ++seen; }
+    } script(new znInternal(&browser, nullptr));
+    Event* events[3] = {nullptr, nullptr, nullptr};
+    script.processEvents(3, events);
+    script.processEvents(0, nullptr);
+    EXPECT_EQ(script.seen, 0);
+    EXPECT_EQ(script.getBrowser(), &browser);
+    script.shutdown();
+    EXPECT_EQ(script.getBrowser(), nullptr);
+}
+
+TEST(Handle, NodeListSkipsNullHandles) {
     RecordingBrowser browser;
     std::vector<const char*> urls;
     znNodeType type(1, "Thing", urls, &browser, 0, 0, nullptr);

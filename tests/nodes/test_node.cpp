@@ -40,7 +40,7 @@ FieldFlags valueSet() {
 
 }  // namespace
 
-TEST_F(RuntimeNode, FieldsArePlacedByTheTypesNumbering) {
+TEST_F(RuntimeNode, FieldsArePlacedByTheTypesNumberingAndOnlyTheLastComesOff) {
     znNode node(1, "d00000+N", &type, &browser);
     FieldFlags flags;
     EXPECT_EQ(node.addData("count", SFInt32Type, field, flags, "4"), 1);
@@ -48,21 +48,9 @@ TEST_F(RuntimeNode, FieldsArePlacedByTheTypesNumbering) {
     EXPECT_EQ(node.getZnField(0), node.getZnField(1));
     EXPECT_EQ(node.addData("size", SFFloatType, field, flags, "2"), 0);
     EXPECT_NE(node.getZnField(0), node.getZnField(1));
-}
-
-TEST_F(RuntimeNode, UnknownNameIsReportedAndRefused) {
-    znNode node(1, "d00000+N", &type, &browser);
-    FieldFlags flags;
     CaptureStderr();
     EXPECT_EQ(node.addData("nothing", SFFloatType, field, flags, "2"), -1);
     EXPECT_EQ(GetCapturedStderr(), "\nMessage:  Couldn't add node data with value 2\n");
-}
-
-TEST_F(RuntimeNode, OnlyTheLastEntryCanBeRemoved) {
-    znNode node(1, "d00000+N", &type, &browser);
-    FieldFlags flags;
-    node.addData("size", SFFloatType, field, flags, "1");
-    node.addData("count", SFInt32Type, field, flags, "2");
     znField* last = node.getZnField(1);
     EXPECT_EQ(node.removeData(0), -1);
     EXPECT_EQ(node.removeData(1), 1);
@@ -70,17 +58,13 @@ TEST_F(RuntimeNode, OnlyTheLastEntryCanBeRemoved) {
     delete last;
 }
 
-TEST_F(RuntimeNode, UnknownEventInWritesTwoLinesAndThrows) {
+TEST_F(RuntimeNode, UnknownEventInWritesTwoLinesAndThrowsButTheOutArgumentFormIsSilent) {
     znNode node(1, "d00000+N", &type, &browser);
     CaptureStderr();
     EXPECT_THROW(node.getEventIn("zz"), InvalidEventInException);
     EXPECT_EQ(GetCapturedStderr(),
               "\nThrowing Exception: Invalid field ID = -1\n"
               "\nThrowing Exception: Invalid eventIn name = zz\n");
-}
-
-TEST_F(RuntimeNode, FormsWithOutArgumentAreSilent) {
-    znNode node(1, "d00000+N", &type, &browser);
     Field* out = reinterpret_cast<Field*>(&node);
     CaptureStderr();
     EXPECT_EQ(node.getField("zz", &out), nullptr);
@@ -97,7 +81,7 @@ TEST_F(RuntimeNode, LookupAnswersTheValueSide) {
     EXPECT_EQ(size->getValue(), 3.5f);
 }
 
-TEST_F(RuntimeNode, EventInISFieldPassesInnerEventsOut) {
+TEST_F(RuntimeNode, ISFieldsPassEventsToTheirRealFields) {
     znNode inner(2, "d00000+I", &type, &browser);
     znNode outer(3, "d00000+O", &type, &browser);
     FieldFlags flags;
@@ -106,19 +90,16 @@ TEST_F(RuntimeNode, EventInISFieldPassesInnerEventsOut) {
     EXPECT_EQ(outer.addData("size", SFFloatType, eventIn, flags, &remote, 12), 0);
     EXPECT_EQ(outer.getZnField(0)->getEventIndex(), 12);
     EXPECT_EQ(inner.getZnField(0)->isVirtual(), 1);
-}
 
-TEST_F(RuntimeNode, FieldISFieldPostsUnderFirstRealIndex) {
-    znNode inner(2, "d00000+I", &type, &browser);
-    znNode outer(3, "d00000+O", &type, &browser);
-    FieldFlags flags;
-    inner.addData("size", SFFloatType, field, flags, 7);
-    std::vector<znField*> remote{inner.getZnField(0)};
-    outer.addData("size", SFFloatType, field, flags, &remote, -1);
-    EXPECT_EQ(outer.getZnField(0)->getEventIndex(), 7);
-    auto* value = dynamic_cast<SFFloat*>(outer.getZnField(0));
-    value->setValue(2.0f);
-    EXPECT_EQ(dynamic_cast<SFFloat*>(inner.getZnField(0))->getValue(), 2.0f);
+    // A field IS field posts under the first real field's index.
+    znNode real(4, "d00000+R", &type, &browser);
+    znNode bound(5, "d00000+B", &type, &browser);
+    real.addData("size", SFFloatType, field, flags, 7);
+    std::vector<znField*> reals{real.getZnField(0)};
+    bound.addData("size", SFFloatType, field, flags, &reals, -1);
+    EXPECT_EQ(bound.getZnField(0)->getEventIndex(), 7);
+    dynamic_cast<SFFloat*>(bound.getZnField(0))->setValue(2.0f);
+    EXPECT_EQ(dynamic_cast<SFFloat*>(real.getZnField(0))->getValue(), 2.0f);
 }
 
 TEST_F(RuntimeNode, PrintsDefFieldsWithValueAndChildNodes) {
@@ -166,13 +147,16 @@ TEST_F(RuntimeNode, MissingPartsEndTheProcess) {
                 "ERROR: Must a name, nodeType, and browser for a new node");
 }
 
-TEST_F(RuntimeNode, NewNodeClearsThePauseOfItsType) {
+TEST_F(RuntimeNode, NewNodeClearsThePauseOfItsTypeAndInitializeMarksDirty) {
     znNode first(1, "d00000+A", &type, &browser);
     first.pause(0);
     EXPECT_EQ(type.isPaused(), 1);
     EXPECT_EQ(first.getCPPScript(), nullptr);
     znNode second(2, "d00000+B", &type, &browser);
     EXPECT_EQ(type.isPaused(), 0);
+    EXPECT_EQ(second.isDirty(), 0);
+    second.initialize();  // marks dirty
+    EXPECT_EQ(second.isDirty(), 1);
 }
 
 TEST_F(RuntimeNode, ActionGoesToTheFirstNodeOfAnInstance) {
@@ -186,11 +170,4 @@ TEST_F(RuntimeNode, ActionGoesToTheFirstNodeOfAnInstance) {
     SFTime time(-1.0);
     EXPECT_EQ(instance.getCPPScript(), nullptr);
     EXPECT_EQ(instance.action(time, 2, nullptr), 1);
-}
-
-TEST_F(RuntimeNode, InitializeMarksDirty) {
-    znNode node(1, "d00000+A", &type, &browser);
-    EXPECT_EQ(node.isDirty(), 0);
-    node.initialize();
-    EXPECT_EQ(node.isDirty(), 1);
 }

@@ -33,23 +33,21 @@ protected:
 
 }  // namespace
 
-TEST_F(NodeType, ChangedSuffixFindsTheField) {
+TEST_F(NodeType, ChangedSuffixFindsTheFieldAndTheFirstEntryOfANameStands) {
     EXPECT_EQ(type.getDataID("on_changed"), type.getDataID("on"));
     EXPECT_EQ(type.getDataID("set_on"), 2);
     EXPECT_EQ(type.getDataID("size_changedb"), 0);
     EXPECT_EQ(type.getDataID("nothing"), -1);
     std::string longName(200, 'a');
     EXPECT_EQ(type.getDataID((longName + "_changed").c_str()), -1);
-}
-
-TEST_F(NodeType, SecondEntryOfOneNameKeepsTheFirstIndex) {
+    // A second entry of one name keeps the first index.
     FieldFlags flags;
     EXPECT_EQ(type.addData("size", SFInt32Type, field, flags, nullptr), 4);
     EXPECT_EQ(type.getDataID("size"), 0);
     EXPECT_EQ(type.getFieldCount(), 5);
 }
 
-TEST_F(NodeType, BadIndexThrowsWithMessageOrAnswersNull) {
+TEST_F(NodeType, BadIndexOrNameThrowsOrAnswersNull) {
     CaptureStderr();
     try {
         type.getData(5);
@@ -59,9 +57,7 @@ TEST_F(NodeType, BadIndexThrowsWithMessageOrAnswersNull) {
     }
     EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Invalid field ID = 5\n");
     EXPECT_EQ(type.getData(5, static_cast<Field*>(nullptr)), nullptr);
-}
-
-TEST_F(NodeType, UnknownNameThrowsWithoutTextAndSilently) {
+    // An unknown name throws without text, silently.
     CaptureStderr();
     try {
         type.getData("zz");
@@ -75,13 +71,6 @@ TEST_F(NodeType, UnknownNameThrowsWithoutTextAndSilently) {
     EXPECT_EQ(type.getEventOut("zz", static_cast<Field*>(nullptr)), nullptr);
 }
 
-TEST_F(NodeType, DefaultsComeFromTheDeclaration) {
-    auto* size = dynamic_cast<SFFloat*>(type.getData("size"));
-    ASSERT_NE(size, nullptr);
-    EXPECT_EQ(size->getValue(), 2.5f);
-    EXPECT_EQ(type.getZnField(0)->getParentNode(), nullptr);
-}
-
 TEST_F(NodeType, PrintsAsProtoDeclaration) {
     std::ostringstream os;
     type.print(os);
@@ -91,13 +80,10 @@ TEST_F(NodeType, PrintsAsProtoDeclaration) {
               "  exposedField SFBool     on\tFALSE\n"
               "  eventOut     SFTime     fired\t\n"
               "] { }\n");
-}
-
-TEST_F(NodeType, SystemTypePrintsNothing) {
-    type.setSystemProto(1);
-    std::ostringstream os;
-    type.print(os);
-    EXPECT_EQ(os.str(), "");
+    type.setSystemProto(1);  // a system type prints nothing
+    std::ostringstream none;
+    type.print(none);
+    EXPECT_EQ(none.str(), "");
 }
 
 TEST_F(NodeType, SupportMessageOncePerSystemTypeWithoutInterface) {
