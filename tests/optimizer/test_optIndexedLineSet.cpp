@@ -9,12 +9,9 @@
 
 #include "browser/zn_browser_event.h"
 #include "csIndexedLineSet.h"
-#include "csTransform.h"
-#include "opRep.h"
 #include "face_set_world.h"
 #include "optimizer/optCoordinate.h"
 #include "optimizer/optIndexedLineSet.h"
-#include "scene_world.h"
 #include "unlit_look.h"
 
 using testing::ElementsAre;
@@ -99,7 +96,7 @@ TEST(optIndexedLineSet, ColoursFollowTheirIndexOrTheCoordinateIndexOrOneEachLine
         EXPECT_EQ(set->getColorBind(), c.bind);
         EXPECT_EQ(set->getColorPerVertex(), c.bind == csGeoSet::PER_VERTEX);
         EXPECT_EQ(firstIndexes(set->getColorIndexSet(), 5), c.expected);
-        EXPECT_EQ(set->getColorSet()->color().get(1), csVec4f(0, 1, 0, 1));
+        EXPECT_EQ(set->getColorSet()->color().get(1), csVec4f(0, 1, 0, 1)) << "not the material's";
     }
 }
 
@@ -127,36 +124,6 @@ TEST(optIndexedLineSet, LinesAreUnlitUntexturedAndWithoutColoursTakeTheMaterials
     lines(world, look, kActionRefresh);
     EXPECT_EQ(set->getColorSet()->color().get(0), csVec4f(1, 0, 0, 1));
     EXPECT_FALSE(look.appearance->getLightEnable());
-}
-
-TEST(optIndexedLineSet, OwnColoursAreNotReplacedByTheMaterials) {
-    FaceSetWorld world(lineSet("color Color { color [ 1 0 0, 0 1 0, 0 0 1, 1 1 1 ] } coordIndex [ 0 1 2 ]"));
-    UnlitLook look;
-    look.material->setEmissiveColor(0, 1, 1);
-    csIndexedLineSet* set = lines(world, look);
-    EXPECT_EQ(set->getColorSet()->getCount(), 4);
-    EXPECT_EQ(set->getColorSet()->color().get(0), csVec4f(1, 0, 0, 1));
-    EXPECT_EQ(set->getColorBind(), csGeoSet::PER_VERTEX);
-}
-
-TEST(optIndexedLineSet, AShapeDrawsItsLinesUnlitInTheMaterialsColour) {
-    wrltest::SceneLoad world;
-    csEnvironment* scene = world.load(
-        "Shape { appearance Appearance { material Material { emissiveColor 0 1 0 } }\n"
-        "        geometry IndexedLineSet { coord Coordinate { point [ 0 0 0, 1 1 1 ] } coordIndex [ 0 1 ] } }\n"
-        "Shape { geometry IndexedLineSet { coord Coordinate { point [ 0 0 0, 1 1 1 ] } coordIndex [ 0 1 ] } }\n");
-    for (int i = 0; i < 2; ++i) {
-        SCOPED_TRACE(i);
-        auto* axis = wrltest::childAs<csTransform>(wrltest::childAs<csGroup>(scene, i), 0);
-        opRep* rep = wrltest::childAs<opRep>(axis, 0);
-        ASSERT_NE(rep, nullptr) << world.lastErrors();
-        ASSERT_EQ(rep->getGeometryCount(), 1);
-        auto* set = static_cast<csIndexedLineSet*>(rep->getGeometry(0));
-        ASSERT_TRUE(set->isOfType(csIndexedLineSet::getClassType()));
-        EXPECT_FALSE(rep->getAppearance()->getLightEnable());
-        // The second shape's default appearance glows white.
-        EXPECT_EQ(set->getColorSet()->color().get(0), i == 0 ? csVec4f(0, 1, 0, 1) : csVec4f(1, 1, 1, 1));
-    }
 }
 
 // ---- Missing data
