@@ -30,22 +30,17 @@ std::string format(const char* fmt, float value) {
 
 // ---- ml_axisToMat: the three exact branches and the general one
 
-TEST(ml_axisToMat, NegativeZAxisNegatesTheSine) {
-    const float down[3] = {0, 0, -1};
+TEST(ml_axisToMat, PrincipalAxesTakeTheExactBranches) {
+    // An unnormalised principal axis still gives a pure rotation, which the
+    // general formula would not.
+    const float down[3] = {0, 0, -1}, y[3] = {0, 5, 0}, negX[3] = {-3, 0, 0}, zero[3] = {0, 0, 0};
     float m[4][4];
-    ml_axisToMat(m, down, kHalfPi);
+    ml_axisToMat(m, down, kHalfPi);  // a negative z negates the sine
     EXPECT_NEAR(m[0][1], -1.0f, 1e-6f);
     EXPECT_NEAR(m[1][0], 1.0f, 1e-6f);
     EXPECT_EQ(m[2][2], 1.0f);
     EXPECT_EQ(m[3][3], 1.0f);
     EXPECT_EQ(m[0][3], 0.0f);
-}
-
-TEST(ml_axisToMat, PrincipalAxesTakeTheExactBranches) {
-    // An unnormalised principal axis still gives a pure rotation, which the
-    // general formula would not.
-    const float y[3] = {0, 5, 0}, negX[3] = {-3, 0, 0};
-    float m[4][4];
     ml_axisToMat(m, y, kHalfPi);
     EXPECT_NEAR(m[0][2], -1.0f, 1e-6f);
     EXPECT_NEAR(m[2][0], 1.0f, 1e-6f);
@@ -54,13 +49,7 @@ TEST(ml_axisToMat, PrincipalAxesTakeTheExactBranches) {
     EXPECT_EQ(m[0][0], 1.0f);
     EXPECT_NEAR(m[1][2], -1.0f, 1e-6f);
     EXPECT_NEAR(m[2][1], 1.0f, 1e-6f);
-}
-
-TEST(ml_axisToMat, ZeroAxisTakesTheZBranch) {
-    // x and y are both 0, so the z test comes first and z = 0 is not
-    // negative: a rotation about +z.
-    const float zero[3] = {0, 0, 0};
-    float m[4][4];
+    // x and y both 0: the z test comes first and z = 0 is not negative.
     ml_axisToMat(m, zero, kHalfPi);
     EXPECT_NEAR(m[0][1], 1.0f, 1e-6f);
 }
@@ -78,7 +67,7 @@ TEST(ml_axisToMat, GeneralAxisAgreesWithTheQuaternion) {
     for (int i = 0; i < 4; ++i) EXPECT_NEAR(back[i], q[i], 1e-5f);
 }
 
-// ---- Row-vector conventions
+// ---- Row-vector conventions and inverses
 
 TEST(ml_matTranslate, ChainReadsLikeTheVrmlRule) {
     // T then R in the call order: the rotation acts first on a point.
@@ -92,22 +81,12 @@ TEST(ml_matTranslate, ChainReadsLikeTheVrmlRule) {
     ml_vecMult(r, p, m);
     EXPECT_NEAR(r[0], 10.0f, 1e-5f);
     EXPECT_NEAR(r[1], 1.0f, 1e-5f);
-    float tm[4][4];
-    ml_transToMat(tm, t);
-    EXPECT_EQ(tm[3][0], 10.0f);
-    EXPECT_EQ(tm[0][3], 0.0f);
+    ml_vecRot(r, p, z, kHalfPi);  // and agrees with the vector rotation
+    EXPECT_NEAR(r[0], 0.0f, 1e-6f);
+    EXPECT_NEAR(r[1], 1.0f, 1e-6f);
 }
 
-TEST(ml_matInvert, SingularMatrixLeavesTheResultAlone) {
-    float m[4][4], r[4][4];
-    const float flat[3] = {1, 0, 1};
-    ml_scaleToMat(m, flat);
-    ml_IDToMat(r);
-    EXPECT_EQ(ml_matInvert(r, m), 0);
-    expectMat(r, ml_idmat, 0.0f);
-}
-
-TEST(ml_matInverthomo, MatchesTheGeneralInverseOnARigidMatrix) {
+TEST(ml_matInvert, RigidInverseMatchesTheGeneralOneAndSingularIsRefused) {
     float m[4][4];
     const float axis[3] = {0.6f, 0.0f, 0.8f}, t[3] = {1, -2, 3};
     ml_axisToMat(m, axis, 1.1f);
@@ -118,80 +97,58 @@ TEST(ml_matInverthomo, MatchesTheGeneralInverseOnARigidMatrix) {
     expectMat(general, rigid, 1e-5f);
     ml_matInverthomo(m, m);  // in place
     expectMat(m, rigid, 0.0f);
+
+    float flat[4][4], r[4][4];
+    const float squash[3] = {1, 0, 1};
+    ml_scaleToMat(flat, squash);
+    ml_IDToMat(r);
+    EXPECT_EQ(ml_matInvert(r, flat), 0);
+    expectMat(r, ml_idmat, 0.0f);
 }
 
 // ---- Quaternions
 
-TEST(ml_quatSlerp, NegativeTGivesFromWithoutReadingTo) {
-    const float from[4] = {1, 0, 0, 0};
-    float r[4];
-    ml_quatSlerp(r, from, nullptr, -1.0f);
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(r[i], from[i]);
-}
-
-TEST(ml_quatSlerp, TakesTheShortWayToANegatedQuaternion) {
+TEST(ml_quatSlerp, TakesTheShortWayAndHalvesTheAngle) {
     // q and -q are one rotation: the halfway point is that rotation, not
     // a swing through the identity.
-    const float axis[3] = {0, 0, 1};
+    const float z[3] = {0, 0, 1};
     float q[4], negated[4], r[4];
-    ml_axisToQuat(q, 1.0f, axis);
+    ml_axisToQuat(q, 1.0f, z);
     for (int i = 0; i < 4; ++i) negated[i] = -q[i];
     ml_quatSlerp(r, q, negated, 0.5f);
     float len = std::sqrt(r[0] * r[0] + r[1] * r[1] + r[2] * r[2] + r[3] * r[3]);
     ASSERT_GT(len, 0.5f);
     for (int i = 0; i < 4; ++i) EXPECT_NEAR(r[i] / len, q[i], 1e-5f);
-}
 
-TEST(ml_quatSlerp, HalfwayBetweenTwoRotationsIsTheHalfAngle) {
-    const float axis[3] = {0, 1, 0};
-    float a[4], b[4], r[4], want[4];
-    ml_axisToQuat(a, 0.0f, axis);
-    ml_axisToQuat(b, 2.0f, axis);
-    ml_axisToQuat(want, 1.0f, axis);
+    const float y[3] = {0, 1, 0};
+    float a[4], b[4], want[4];
+    ml_axisToQuat(a, 0.0f, y);
+    ml_axisToQuat(b, 2.0f, y);
+    ml_axisToQuat(want, 1.0f, y);
     ml_quatSlerp(r, a, b, 0.5f);
     for (int i = 0; i < 4; ++i) EXPECT_NEAR(r[i], want[i], 1e-6f);
     ml_quatSlerp(r, a, b, 1.0f);
     for (int i = 0; i < 4; ++i) EXPECT_EQ(r[i], b[i]);
-}
+    ml_quatSlerp(r, a, nullptr, -1.0f);  // a negative t gives `from` without reading `to`
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(r[i], a[i]);
 
-TEST(ml_quatMult, EightProductsMatchTheHamiltonProduct) {
-    const float a[4] = {0.3f, -1.2f, 0.5f, 2.0f}, b[4] = {-0.7f, 0.4f, 1.5f, -0.9f};
-    float r[4];
-    ml_quatMult(r, a, b);
-    float w = a[0] * b[0] - a[1] * b[1] - a[2] * b[2] - a[3] * b[3];
-    float x = a[0] * b[1] + a[1] * b[0] + a[2] * b[3] - a[3] * b[2];
-    float y = a[0] * b[2] - a[1] * b[3] + a[2] * b[0] + a[3] * b[1];
-    float z = a[0] * b[3] + a[1] * b[2] - a[2] * b[1] + a[3] * b[0];
-    EXPECT_NEAR(r[0], w, 1e-5f);
-    EXPECT_NEAR(r[1], x, 1e-5f);
-    EXPECT_NEAR(r[2], y, 1e-5f);
-    EXPECT_NEAR(r[3], z, 1e-5f);
-}
-
-TEST(ml_quatToAxis, IdentityGivesTheZAxis) {
-    const float id[4] = {1, 0, 0, 0};
     float angle = -1.0f, axis[3] = {9, 9, 9};
-    ml_quatToAxis(&angle, axis, id);
+    ml_quatToAxis(&angle, axis, a);  // the identity gives the z axis
     EXPECT_EQ(angle, 0.0f);
-    EXPECT_EQ(axis[0], 0.0f);
     EXPECT_EQ(axis[2], 1.0f);
 }
 
 // ---- Rigidity texts
 
-TEST(ml_matUnhomo, EveryAxisUsesTheXAxisText) {
+TEST(ml_matUnhomo, EveryAxisUsesTheXAxisTextAndPairsGoXyYzZx) {
     float m[4][4];
     ml_IDToMat(m);
     m[1][1] = 2.0f;  // the y axis is long, and still called x
     EXPECT_EQ(std::string(ml_matUnhomo(m)), format(kMlAxisNotUnit, 2.0f));
     EXPECT_EQ(std::string(ml_matUnhomo(m)), "x-axis not unit: 2.000000");
-}
-
-TEST(ml_matUnhomo, PairsAreTestedInTheOrderXyYzZx) {
-    float m[4][4];
-    ml_IDToMat(m);
     const float c = std::sqrt(0.5f);
     // y and z lean towards each other, x stays clear: only yz fails.
+    ml_IDToMat(m);
     m[1][1] = c;
     m[1][2] = c;
     EXPECT_EQ(std::string(ml_matUnhomo(m)), format(kMlYzNotPerpendicular, c));
@@ -233,18 +190,7 @@ TEST(ml_alligntransform, TurnsTheZAxisTowardsThePoint) {
     ml_alligntransform(r, ml_idmat, behind, 0);
     EXPECT_EQ(ml_matIshomo(r), 1);
     EXPECT_GT(std::fabs(r[2][2]), 0.99f);
-}
-
-TEST(ml_vecRot, AgreesWithTheRowVectorMatrix) {
-    const float v[3] = {1, 0, 0}, z[3] = {0, 0, 2};
-    float r[3];
-    ml_vecRot(r, v, z, kHalfPi);
-    EXPECT_NEAR(r[0], 0.0f, 1e-6f);
-    EXPECT_NEAR(r[1], 1.0f, 1e-6f);
-}
-
-TEST(ml_vecUnitize, ZeroVectorStaysZero) {
-    float v[3] = {0, 0, 0};
+    float v[3] = {0, 0, 0};  // a zero vector stays zero
     EXPECT_EQ(ml_vecUnitize(v), 0.0f);
     EXPECT_FALSE(std::isnan(v[0]));
 }
