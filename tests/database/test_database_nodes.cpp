@@ -118,7 +118,7 @@ TEST(DatabaseNodes, DefUsedTwiceLeavesTheLatestNodeUnderTheName) {
     EXPECT_EQ(world.browser.getTopLevel(), expected);
 }
 
-TEST(DatabaseNodes, EveryInstanceGetsTheBodyUnderNamesOfItsOwn) {
+TEST(DatabaseNodes, EveryInstanceGetsTheBodyUnderNamesOfItsOwnBoundToItsFields) {
     World world;
     world.load(kPostWorld);
     // The body was read as six records, IDs 1 to 6 in the order the parser
@@ -136,11 +136,8 @@ TEST(DatabaseNodes, EveryInstanceGetsTheBodyUnderNamesOfItsOwn) {
     EXPECT_EQ(world.node("d00000+P1")->getFirstNode(), world.node("d00000+T_1"));
     EXPECT_EQ(world.node("d00000+P2")->getFirstNode(), world.node("d00000+T_2"));
     EXPECT_EQ(world.node("d00000+T_1")->getParent(), std::string("Post"));
-}
 
-TEST(DatabaseNodes, FieldsBoundByIsReadTheInstancesFields) {
-    World world;
-    world.load(kPostWorld);
+    // Fields bound by IS read the instance's fields.
     znField* color = world.field("d00000+M_1", "diffuseColor");
     ASSERT_TRUE(color->isVirtual());
     EXPECT_EQ(realOf(color), world.field("d00000+P1", "color"));
@@ -150,23 +147,26 @@ TEST(DatabaseNodes, FieldsBoundByIsReadTheInstancesFields) {
     EXPECT_NE(world.text("d00000+P1", "color"), world.text("d00000+P2", "color"));
     EXPECT_EQ(world.text("d00000+P2", "color"), world.text("d00000+M_3", "diffuseColor"));
     EXPECT_EQ(world.text("d00000+B_3", "size"), world.text("d00000+B_1", "size"));
-}
 
-TEST(DatabaseNodes, NodeNamesInBodyValuesTakeTheInstanceSuffix) {
-    World world;
-    world.load(kPostWorld);
-    // The Shape is anonymous; its geometry names the Box of its own instance.
-    znNode* box = world.node("d00000+B_2");
-    bool found = false;
+    // Node names in body values take the instance's suffix: the anonymous
+    // Shape's geometry names the Box of its own instance.
+    int shapes = 0;
     for (int id = 9; id <= 14; ++id) {
         znNode* n = world.browser.getNode(id);
         if (std::strcmp(n->getType(), "Shape") != 0) continue;
         char buffer[256] = "";
         n->getZnField(n->getDataID("geometry"))->getData(buffer);
         EXPECT_THAT(buffer, HasSubstr("B_2")) << buffer;
-        found = box != nullptr;
+        ++shapes;
     }
-    EXPECT_TRUE(found);
+    EXPECT_EQ(shapes, 1);
+
+    // The PROTO declaration prints its first instance's body.
+    std::ostringstream out;
+    world.browser.writeURLtoStream(out);
+    EXPECT_THAT(out.str(), HasSubstr("PROTO Post ["));
+    EXPECT_THAT(out.str(), HasSubstr("DEF T_1  Transform {"));
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("T_2  Transform")));
 }
 
 TEST(DatabaseNodes, RoutesOfTheBodyConnectEachInstance) {
@@ -208,35 +208,18 @@ TEST(DatabaseNodes, NestedInstanceBindsToTheEnclosingInstance) {
     EXPECT_EQ(world.recorder->routes.back(), "TS_6.fraction_changed TO M_6.set_transparency");
 }
 
-TEST(DatabaseNodes, InstanceTakesTheTopLevelMarkOfItsBody) {
+TEST(DatabaseNodes, InstanceTakesTheTopLevelMarkOfItsBodyAndANewWorldForgetsOldPrototypes) {
     World world;
-    world.load("PROTO G [] { Group { } }\nPROTO N [] { Material { } }\nG { }\nN { }\n");
+    world.load("PROTO G [] { Group { } }\nPROTO N [] { Material { } }\nG { }\nN { }\n"
+               "PROTO E [ field SFInt32 n 1 ] { }\nDEF X E { n 2 }\n");
     const std::list<int>& top = world.browser.getTopLevel();
     ASSERT_EQ(top.size(), 1u);
     EXPECT_STREQ(world.browser.getNode(top.front())->getType(), "G");
-}
-
-TEST(DatabaseNodes, PrototypeWithoutBodyHasNoExpansion) {
-    World world;
-    world.load("PROTO E [ field SFInt32 n 1 ] { }\nDEF X E { n 2 }\n");
+    // A prototype without a body has no expansion.
     EXPECT_EQ(world.node("d00000+X")->getFirstNode(), nullptr);
     EXPECT_EQ(world.text("d00000+X", "n"), "2");
-}
 
-TEST(DatabaseNodes, PrototypeDeclarationPrintsItsFirstInstancesBody) {
-    World world;
-    world.load(kPostWorld);
-    std::ostringstream out;
-    world.browser.writeURLtoStream(out);
-    EXPECT_THAT(out.str(), HasSubstr("PROTO Post ["));
-    EXPECT_THAT(out.str(), HasSubstr("DEF T_1  Transform {"));
-    EXPECT_THAT(out.str(), testing::Not(HasSubstr("T_2  Transform")));
-}
-
-TEST(DatabaseNodes, NewWorldForgetsTheOldOnesPrototypes) {
-    World world;
-    world.load(kPostWorld);
-    world.load("DEF P Post { }\n");
+    world.load("DEF P G { }\n");
     EXPECT_EQ(world.browser.getTopLevel().size(), 0u);
 }
 
