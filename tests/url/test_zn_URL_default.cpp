@@ -59,62 +59,41 @@ TEST(zn_URL_default, NestedPushJoinsTheSubdirectoryToTheTop) {
     url.fcloseURL(outer, 1);
 }
 
-TEST(zn_URL_default, BareNameWithEmptyStackPushesDotSlash) {
+TEST(zn_URL_default, NamesMeetTheTopDirectoryUnlessTheyNameAScheme) {
     zn_URL_default url;
-    EXPECT_STREQ(url.addpath("world.wrl", 1), "world.wrl");
+    EXPECT_STREQ(url.addpath("world.wrl", 1), "world.wrl");  // a bare name pushes "./"
     EXPECT_STREQ(url.get_path(), "./");
-    // A bare name under a nonempty stack is placed in the top directory.
     EXPECT_STREQ(url.addpath("next.wrl", 1), "./next.wrl");
-    EXPECT_STREQ(url.get_path(), "./");
-}
-
-TEST(zn_URL_default, CapitalFileSchemeKeepsTheSlash) {
-    TempDir dir;
-    const std::string world = dir.write("w.wrl", "w");
-    zn_URL_default url;
-    const std::string spelled = "FILE:" + world;
-    EXPECT_EQ(std::string(url.addpath(spelled.c_str(), 1)), world);
-    EXPECT_EQ(std::string(url.get_path()), dir.path() + "/");
-    EXPECT_STREQ(url.addpath("fIlE:/x/y.wrl", 0), "/x/y.wrl");
-}
-
-TEST(zn_URL_default, NameStartingWithSlashIsStillJoined) {
-    zn_URL_default url;
     url.addpath("models/world.wrl", 1);
-    EXPECT_STREQ(url.addpath("/abs/x.wrl", 0), "models//abs/x.wrl");
-}
-
-TEST(zn_URL_default, NameWithColonIsNotJoined) {
-    zn_URL_default url;
-    url.addpath("models/world.wrl", 1);
+    EXPECT_STREQ(url.addpath("/abs/x.wrl", 0), "./models//abs/x.wrl");  // a leading slash is still joined
     EXPECT_STREQ(url.addpath("http://host/x.wrl", 0), "http://host/x.wrl");
+    EXPECT_STREQ(url.addpath("fIlE:/x/y.wrl", 0), "/x/y.wrl");
     EXPECT_STREQ(url.addpath("file:/abs/sub/x.wrl", 1), "/abs/sub/x.wrl");
     EXPECT_STREQ(url.get_path(), "/abs/sub/");
+
+    TempDir dir;
+    const std::string world = dir.write("w.wrl", "w");
+    zn_URL_default spelled;
+    EXPECT_EQ(std::string(spelled.addpath(("FILE:" + world).c_str(), 1)), world);  // the slash is kept
+    EXPECT_EQ(std::string(spelled.get_path()), dir.path() + "/");
 }
 
-TEST(zn_URL_default, OnlyFlagOnePops) {
+TEST(zn_URL_default, OnlyFlagOnePopsAndPoppedTextStaysValid) {
     zn_URL_default url;
     url.addpath("a/x.wrl", 1);
     url.delpath(2);
     url.delpath(-1);
     url.delpath(0);
-    EXPECT_STREQ(url.get_path(), "a/");
     url.fcloseURL(nullptr, 0);
     url.icloseURL(nullptr, 2);
     EXPECT_STREQ(url.get_path(), "a/");
+    const char* kept = url.get_path();
     url.delpath(1);
     EXPECT_EQ(url.get_path(), nullptr);
     url.delpath(1);  // an empty stack stays empty
     EXPECT_EQ(url.get_path(), nullptr);
-}
-
-TEST(zn_URL_default, PoppedDirectoryTextStaysValid) {
-    zn_URL_default url;
-    url.addpath("dir/x.wrl", 1);
-    const char* kept = url.get_path();
-    url.delpath(1);
     url.addpath("other/y.wrl", 1);
-    EXPECT_STREQ(kept, "dir/");
+    EXPECT_STREQ(kept, "a/");
 }
 
 TEST(zn_URL_default, MissingFileKeepsItsStackEntry) {

@@ -49,24 +49,19 @@ TEST_F(WebLocal, AbsolutePathIsNotJoined) {
     url.fcloseURL(outer, 1);
 }
 
-TEST_F(WebLocal, FailedOpenTakesItsStackEntryOffAgain) {
+TEST_F(WebLocal, FailedOpenTakesItsStackEntryOffAgainAndCloseWithFlagZeroDoesNotPop) {
     const std::string world = files.write("m/world.wrl", "w");
     FILE* outer = url.fopenURL(world.c_str(), 1);
     EXPECT_EQ(url.fopenURL("sub/missing.wrl", 1), nullptr);
     EXPECT_EQ(url.iopenURL("missing.wrl", 1), nullptr);
     EXPECT_EQ(std::string(url.get_path()), files.path() + "/m/");
-    url.fcloseURL(outer, 1);
-}
-
-TEST_F(WebLocal, CloseWithFlagZeroDoesNotPop) {
-    const std::string world = files.write("m/world.wrl", "w");
     std::ifstream* stream = url.iopenURL(world.c_str(), 1);
     ASSERT_NE(stream, nullptr);
     url.icloseURL(stream, 0);
-    EXPECT_EQ(std::string(url.get_path()), files.path() + "/m/");
     delete stream;
     FILE* again = url.fopenURL(world.c_str(), 0);
     url.fcloseURL(again, 0);
+    url.fcloseURL(outer, 1);
     EXPECT_EQ(std::string(url.get_path()), files.path() + "/m/");
 }
 
@@ -76,28 +71,18 @@ TEST_F(WebLocal, GzipFileArrivesUnpackedInTheTemporaryDirectory) {
     ASSERT_NE(local, nullptr);
     EXPECT_EQ(std::string(local), tmp.path() + "/scene.wrl");
     EXPECT_EQ(readFile(local), "#VRML V2.0 utf8\n");
-    // The packed original is left alone.
-    EXPECT_EQ(readFile(packed).substr(0, 2), "\x1f\x8b");
+    EXPECT_EQ(readFile(packed).substr(0, 2), "\x1f\x8b");  // the packed original is left alone
+    // Inside the temporary directory it is unpacked in place.
+    const std::string inTmp = tmp.write("inplace.wrl", wrltest::gzipBytes("plain text"));
+    EXPECT_EQ(std::string(url.getURL(inTmp.c_str(), 0)), inTmp);
+    EXPECT_EQ(readFile(inTmp), "plain text");
 }
 
-TEST_F(WebLocal, GzipFileInsideTheTemporaryDirectoryIsUnpackedInPlace) {
-    const std::string packed = tmp.write("scene.wrl", wrltest::gzipBytes("plain text"));
-    const char* local = url.getURL(packed.c_str(), 0);
-    ASSERT_NE(local, nullptr);
-    EXPECT_EQ(std::string(local), packed);
-    EXPECT_EQ(readFile(packed), "plain text");
-}
-
-TEST_F(WebLocal, OnlyBothSignatureBytesMeanGzip) {
-    const std::string one = files.write("one.wrl", "\x1f");
-    EXPECT_EQ(std::string(url.getURL(one.c_str(), 0)), one);
-    const std::string swapped = files.write("swapped.wrl", "\x8b\x1f rest");
-    EXPECT_EQ(std::string(url.getURL(swapped.c_str(), 0)), swapped);
-    const std::string empty = files.write("empty.wrl", "");
-    EXPECT_EQ(std::string(url.getURL(empty.c_str(), 0)), empty);
-}
-
-TEST_F(WebLocal, BrokenGzipGivesNullAndLeavesNothingBehind) {
+TEST_F(WebLocal, OnlyBothSignatureBytesMeanGzipAndBrokenGzipLeavesNothing) {
+    for (const std::string& text : {std::string("\x1f"), std::string("\x8b\x1f rest"), std::string()}) {
+        const std::string file = files.write("plain.wrl", text);
+        EXPECT_EQ(std::string(url.getURL(file.c_str(), 0)), file);
+    }
     const std::string whole = wrltest::gzipBytes(std::string(5000, 'x'));
     const std::string cut = files.write("cut.wrl", whole.substr(0, whole.size() / 2));
     EXPECT_EQ(url.getURL(cut.c_str(), 0), nullptr);
@@ -107,4 +92,3 @@ TEST_F(WebLocal, BrokenGzipGivesNullAndLeavesNothingBehind) {
     EXPECT_NE(stat((tmp.path() + "/cut.wrl").c_str(), &info), 0);
     EXPECT_NE(stat((tmp.path() + "/garbage.wrl").c_str(), &info), 0);
 }
-
