@@ -8,8 +8,6 @@
 #include <vector>
 
 #include "browser/zn_browser_event.h"
-#include "csAppearance.h"
-#include "csTexture.h"
 #include "face_set_world.h"
 #include "optimizer/optCoordinate.h"
 #include "optimizer/optIndexedFaceSet.h"
@@ -45,18 +43,6 @@ void expectVec(const csVec3f& v, float x, float y, float z) {
     EXPECT_NEAR(v[1], y, 1e-5f);
     EXPECT_NEAR(v[2], z, 1e-5f);
 }
-
-// A shape's appearance with an image texture of three components.
-struct RGBTextured {
-    RGBTextured() : appearance(new csAppearance()) {
-        appearance->ref();
-        auto* texture = new csTexture();
-        texture->setFormat(csTexture::RGB);
-        appearance->setTexture(texture);
-    }
-    ~RGBTextured() { appearance->unref(); }
-    csAppearance* appearance;
-};
 
 }  // namespace
 
@@ -226,16 +212,6 @@ TEST(optIndexedFaceSet, GivenListsUseTheirOwnIndexOrTheCoordinateIndexAndFollowT
     FaceSetWorld none(faceSet(kTriangleAndSquare, "coordIndex [ 0 1 2 ]"));
     EXPECT_EQ(none.faces()->getColorSet(), nullptr);
     EXPECT_EQ(none.faces()->getColorBind(), csGeoSet::OFF);
-}
-
-TEST(optIndexedFaceSet, ThreeComponentTextureTurnsColoursToOneGrey) {
-    RGBTextured shape;
-    FaceSetWorld world(faceSet(kTriangleAndSquare, "color Color { color [ 1 0 0, 0 1 0, 0 0 1 ] } coordIndex [ 0 1 2 ]"));
-    csIndexedFaceSet* faces = world.faces("F", shape.appearance);
-    EXPECT_EQ(faces->getColorBind(), csGeoSet::OVERALL);
-    ASSERT_EQ(faces->getColorSet()->color().getCount(), 1);
-    EXPECT_EQ(faces->getColorSet()->color().get(0), csVec4f(0.8f, 0.8f, 0.8f, 1));
-    EXPECT_EQ(faces->getColorIndexSet(), nullptr);
 }
 
 // ---- Missing coordinates

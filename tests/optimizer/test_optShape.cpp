@@ -1,5 +1,5 @@
-// Shapes through whole loads: default appearance, primitives upright and
-// tessellated, coloured face sets, top-level groups, replaced geometry.
+// Shapes through whole loads: the default appearance, top-level groups,
+// sampling, coloured face sets, unusable and replaced geometry.
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -8,7 +8,6 @@
 #include "csMaterial.h"
 #include "csTransform.h"
 #include "opRep.h"
-#include "opSphere.h"
 #include "optimizer/optShape.h"
 #include "scene_world.h"
 
@@ -17,17 +16,6 @@ using wrltest::expectVec3;
 using wrltest::SceneLoad;
 
 namespace {
-
-constexpr float kQuarterTurnBack = -1.5707964f;
-
-void expectRotation(const csTransform* t, float x, float y, float z, float angle) {
-    ASSERT_NE(t, nullptr);
-    const csVec4f& r = t->getRotation();
-    EXPECT_FLOAT_EQ(r[0], x);
-    EXPECT_FLOAT_EQ(r[1], y);
-    EXPECT_FLOAT_EQ(r[2], z);
-    EXPECT_FLOAT_EQ(r[3], angle);
-}
 
 // The axis transform of the shape at top level `index`.
 csTransform* topShape(csEnvironment* scene, int index = 0) {
@@ -69,27 +57,6 @@ TEST(optShape, ShapeWithoutFieldsIsAnEmptyRepWithTheGlowingDefaultAppearanceUnde
     ASSERT_NE(group, nullptr);
     EXPECT_STREQ(group->getName(), "Unnamed Group Node");
     ASSERT_NE(childAs<csTransform>(group, 0), nullptr) << "the shape in the group hangs straight under it";
-}
-
-TEST(optShape, PrimitivesAreTurnedUprightAndTessellated) {
-    SceneLoad world;
-    csEnvironment* scene = world.load(geometryShape(wrltest::kSphere) + geometryShape(wrltest::kCone) +
-                                      geometryShape(wrltest::kCuboid) + geometryShape(wrltest::kPlainFaces));
-    ASSERT_EQ(scene->getChildCount(), 4) << world.lastErrors();
-    expectRotation(topShape(scene, 0), 1, 0, 0, kQuarterTurnBack);
-    expectRotation(topShape(scene, 1), 1, 0, 0, kQuarterTurnBack);
-    expectRotation(topShape(scene, 2), 0, 0, 1, kQuarterTurnBack);
-    expectRotation(topShape(scene, 3), 0, 0, 1, 0);
-    for (int i = 0; i < 3; ++i) {
-        opRep* rep = repOf(topShape(scene, i));
-        ASSERT_NE(rep, nullptr) << world.lastErrors();
-        EXPECT_TRUE(rep->isTessellated()) << i;
-        EXPECT_EQ(rep->getGeometryCount(), 1) << i;
-    }
-    // A primitive is its own shape and keeps its own name; a face set gets
-    // a new shape named for the Shape node.
-    EXPECT_EQ(repOf(topShape(scene, 0))->getName(), nullptr);
-    EXPECT_STREQ(repOf(topShape(scene, 3))->getName(), "Unnamed Shape Node");
 }
 
 TEST(optShape, SamplingFollowsTessQuality) {
