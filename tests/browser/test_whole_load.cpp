@@ -14,25 +14,13 @@
 #include "test_support.h"
 
 using testing::internal::CaptureStderr;
-using testing::internal::CaptureStdout;
 using testing::internal::GetCapturedStderr;
-using testing::internal::GetCapturedStdout;
 
 namespace {
 std::string dataFile(const char* name) { return std::string(WRL_TEST_DATA_DIR) + "/world/" + name; }
-
-csNode* load(const std::string& path) {
-    std::string copy = path;
-    CaptureStdout();
-    csNode* scene = wrlLoad(&copy[0]);
-    GetCapturedStdout();
-    return scene;
-}
-
 }  // namespace
 
 TEST(WholeLoad, UnparsableOrUnreadableWorldGivesAnEnvironmentWithoutChildren) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
     wrltest::TempDir dir;
     wrltest::ScopedEnv tmp("ZN_TMP_PATH", dir.path().c_str());
     // A web name is not tried as a file; nothing listens on port 1.
@@ -41,13 +29,11 @@ TEST(WholeLoad, UnparsableOrUnreadableWorldGivesAnEnvironmentWithoutChildren) {
         {"./http://127.0.0.1:1/absent.wrl", "Throwing Exception: Couldn't load URL"}};
     for (const auto& [path, report] : cases) {
         SCOPED_TRACE(path);
-        CaptureStderr();
-        csNode* scene = load(path);
-        std::string err = GetCapturedStderr();
-        auto* group = dynamic_cast<csGroup*>(scene);
+        wrltest::WorldLoad load = wrltest::loadWorld(path);
+        auto* group = dynamic_cast<csGroup*>(load.scene);
         ASSERT_NE(group, nullptr);
         EXPECT_EQ(group->getChildCount(), 0);
-        EXPECT_NE(err.find(report), std::string::npos) << err;
+        EXPECT_NE(load.err.find(report), std::string::npos) << load.err;
     }
 }
 
@@ -57,12 +43,12 @@ TEST(WholeLoad, UnparsableOrUnreadableWorldGivesAnEnvironmentWithoutChildren) {
 class StringWorld : public testing::Test {
 protected:
     void SetUp() override {
-        CaptureStderr();
-        ASSERT_NE(load(dataFile("shapes.wrl")), nullptr);
+        ASSERT_NE(wrltest::loadWorld(dataFile("shapes.wrl")).scene, nullptr);
         browser = _ZNmain->browser;
         before = browser->getTopLevel();
     }
     std::vector<BaseNode> make(const char* text) {
+        CaptureStderr();
         std::unique_ptr<std::vector<BaseNode>> nodes(browser->createVrmlFromString(text));
         GetCapturedStderr();
         return *nodes;

@@ -9,9 +9,7 @@
 #include "loader/zn.h"
 #include "test_support.h"
 
-using testing::internal::CaptureStderr;
 using testing::internal::CaptureStdout;
-using testing::internal::GetCapturedStderr;
 using testing::internal::GetCapturedStdout;
 
 namespace {
@@ -20,17 +18,10 @@ std::string outputFile(const std::string& name) { return std::string(WRL_TEST_DA
 
 // What `wrlload --vrml` prints for the world file `name`.
 std::string writtenWorld(const std::string& path) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
-    std::string copy = path;
-    CaptureStderr();
+    if (wrltest::loadWorld(path).scene == nullptr) return "not loaded";
     CaptureStdout();
-    csNode* scene = wrlLoad(&copy[0]);
-    GetCapturedStdout();  // the banner
-    CaptureStdout();
-    if (scene != nullptr) _ZNmain->browser->writeURL(nullptr);
-    std::string text = GetCapturedStdout();
-    GetCapturedStderr();
-    return scene != nullptr ? text : "not loaded";
+    _ZNmain->browser->writeURL(nullptr);
+    return GetCapturedStdout();
 }
 
 class WrittenWorld : public testing::TestWithParam<const char*> {};

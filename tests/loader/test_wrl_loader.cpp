@@ -23,23 +23,8 @@ namespace {
 const char* kVrml97 = "#VRML V2.0 utf8\n";
 const char* kVrml10 = "#VRML V1.0 ascii\nSeparator { }\n";
 
-// Loads `name` as wrlLoad does and answers what it printed on each stream.
-struct LoadResult {
-    csNode* scene;
-    std::string out, err;
-};
-
-LoadResult load(const std::string& name) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
-    std::vector<char> writable(name.begin(), name.end());
-    writable.push_back('\0');
-    CaptureStdout();
-    CaptureStderr();
-    csNode* scene = wrlLoad(writable.data());
-    LoadResult r{scene, GetCapturedStdout(), GetCapturedStderr()};
-    return r;
-}
-
+using LoadResult = wrltest::WorldLoad;
+LoadResult load(const std::string& name) { return wrltest::loadWorld(name); }
 
 }  // namespace
 

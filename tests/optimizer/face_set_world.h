@@ -23,13 +23,9 @@ public:
     // Loads `body` after the VRML 97 header. Standard error of the load is
     // kept in `messages`.
     explicit FaceSetWorld(const std::string& body) {
-        ScopedEnv builtins("ZNBUILTINS", nodeSupportFile().c_str());
-        std::string path = dir.write("faces.wrl", "#VRML V2.0 utf8\n" + body);
-        testing::internal::CaptureStdout();
-        testing::internal::CaptureStderr();
-        scene = wrlLoad(&path[0]);
-        messages = testing::internal::GetCapturedStderr();
-        testing::internal::GetCapturedStdout();
+        WorldLoad load = loadWorld(dir.write("faces.wrl", "#VRML V2.0 utf8\n" + body));
+        scene = load.scene;
+        messages = load.err;
         browser = _ZNmain->browser;
     }
 

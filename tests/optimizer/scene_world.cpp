@@ -158,12 +158,9 @@ csEnvironment* SceneLoad::load(const std::string& body) {
 }
 
 csEnvironment* SceneLoad::loadFile(std::string path) {
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    csNode* scene = wrlLoad(&path[0]);
-    errors = testing::internal::GetCapturedStderr();
-    testing::internal::GetCapturedStdout();
-    return static_cast<csEnvironment*>(scene);
+    WorldLoad load = loadWorld(path, "");
+    errors = load.err;
+    return static_cast<csEnvironment*>(load.scene);
 }
 
 Builtin* SceneLoad::builtinNamed(const char* name) {

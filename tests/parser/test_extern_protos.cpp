@@ -12,10 +12,6 @@
 #include "test_support.h"
 
 using testing::HasSubstr;
-using testing::internal::CaptureStderr;
-using testing::internal::CaptureStdout;
-using testing::internal::GetCapturedStderr;
-using testing::internal::GetCapturedStdout;
 
 namespace {
 
@@ -30,15 +26,11 @@ const char kLibrary[] =
 // Loads `main` from a directory that also holds the library; answers what
 // the load wrote on the error stream.
 std::string load(wrltest::TempDir& dir, const std::string& main) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
     wrltest::ScopedStdin noAnswer("");
     dir.write("lib.wrl", kLibrary);
-    std::string path = dir.write("main.wrl", "#VRML V2.0 utf8\n" + main);
-    CaptureStderr();
-    CaptureStdout();
-    EXPECT_NE(wrlLoad(&path[0]), nullptr);
-    GetCapturedStdout();
-    return GetCapturedStderr();
+    wrltest::WorldLoad load = wrltest::loadWorld(dir.write("main.wrl", "#VRML V2.0 utf8\n" + main));
+    EXPECT_NE(load.scene, nullptr);
+    return load.err;
 }
 
 znNode* node(const char* name) { return dynamic_cast<znNode*>(_ZNmain->browser->getNode(name)); }

@@ -13,15 +13,9 @@
 #include "behaviour_world.h"
 #include "test_support.h"
 
-using testing::internal::CaptureStderr;
-using testing::internal::CaptureStdout;
-using testing::internal::GetCapturedStderr;
-using testing::internal::GetCapturedStdout;
-
 using wrltest::counterFn;
 
 TEST(ScriptLoads, CompiledScriptOfAWorldIsBoundTickedAndReached) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
     wrltest::TempDir dir;
     // USE at the top puts the Script on the list of nodes that the load
     // frame ticks.
@@ -30,13 +24,9 @@ TEST(ScriptLoads, CompiledScriptOfAWorldIsBoundTickedAndReached) {
                                   "DEF S Script { url \"" COUNTER_SO "\"\n"
                                   "  eventIn SFTime set_time }\n"
                                   "USE S\n");
-    CaptureStderr();
-    CaptureStdout();
-    csNode* scene = wrlLoad(&world[0]);
-    GetCapturedStdout();
-    std::string err = GetCapturedStderr();
-    ASSERT_NE(scene, nullptr);
-    EXPECT_EQ(err.find("Warning"), std::string::npos) << err;
+    wrltest::WorldLoad load = wrltest::loadWorld(world);
+    ASSERT_NE(load.scene, nullptr);
+    EXPECT_EQ(load.err.find("Warning"), std::string::npos) << load.err;
 
     auto* node = dynamic_cast<znNode*>(_ZNmain->browser->getNode("S"));
     ASSERT_NE(node, nullptr);
@@ -54,21 +44,17 @@ TEST(ScriptLoads, CompiledScriptOfAWorldIsBoundTickedAndReached) {
 }
 
 TEST(ScriptLoads, InlineScriptOfAnUnknownLanguageIsReportedAndLeftWithoutBehaviour) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
     wrltest::TempDir dir;
     wrltest::ScopedEnv tmp("ZN_TMP_PATH", dir.path().c_str());
     // A node's type is bound through the first URL of its list.
     std::string world = dir.write("inline.wrl",
                                   "#VRML V2.0 utf8\n"
                                   "DEF J Script { url [ \"javascript:ignored()\" \"" COUNTER_SO "\" ] }\n");
-    CaptureStderr();
-    CaptureStdout();
-    ASSERT_NE(wrlLoad(&world[0]), nullptr);
-    GetCapturedStdout();
-    std::string err = GetCapturedStderr();
-    EXPECT_NE(err.find("SCRIPT INTERFACE WARNING:\n   \"javascript:\" inline script prefix not registered."),
+    wrltest::WorldLoad load = wrltest::loadWorld(world);
+    ASSERT_NE(load.scene, nullptr);
+    EXPECT_NE(load.err.find("SCRIPT INTERFACE WARNING:\n   \"javascript:\" inline script prefix not registered."),
               std::string::npos)
-        << err;
+        << load.err;
     auto* node = dynamic_cast<znNode*>(_ZNmain->browser->getNode("J"));
     ASSERT_NE(node, nullptr);
     EXPECT_EQ(node->getCPPScript(), nullptr);

@@ -12,6 +12,9 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <vector>
+
+#include "loader/wrl_loader.h"
 
 namespace wrltest {
 
@@ -80,6 +83,18 @@ std::string readFile(const std::string& path) {
 }
 
 std::string nodeSupportFile() { return std::string(WRL_SOURCE_DIR) + "/data/znbuiltins.wrl"; }
+
+WorldLoad loadWorld(const std::string& path, const std::string& builtins) {
+    const char* chosen = builtins.empty() ? std::getenv("ZNBUILTINS") : builtins.c_str();
+    ScopedEnv support("ZNBUILTINS", chosen);
+    std::vector<char> name(path.begin(), path.end());
+    name.push_back('\0');
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    csNode* scene = wrlLoad(name.data());
+    std::string err = testing::internal::GetCapturedStderr();
+    return WorldLoad{scene, testing::internal::GetCapturedStdout(), err};
+}
 
 ScopedDirectory::ScopedDirectory(const std::string& path) {
     char buffer[4096];

@@ -4,6 +4,8 @@
 
 #include <string>
 
+class csNode;
+
 namespace wrltest {
 
 // A fresh directory under the system's temporary directory, removed with
@@ -66,6 +68,15 @@ std::string readFile(const std::string& path);
 
 // The Node Support file shipped in data/.
 std::string nodeSupportFile();
+
+// A whole load through wrlLoad and what it printed on each stream.
+struct WorldLoad {
+    csNode* scene;
+    std::string out, err;
+};
+// Loads `path` under the Node Support file `builtins` (empty: ZNBUILTINS as
+// it stands), with both streams captured.
+WorldLoad loadWorld(const std::string& path, const std::string& builtins = nodeSupportFile());
 
 }  // namespace wrltest
 

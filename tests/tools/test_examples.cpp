@@ -13,10 +13,6 @@
 #include "test_support.h"
 #include "wrlLoader.h"
 
-using testing::internal::CaptureStderr;
-using testing::internal::CaptureStdout;
-using testing::internal::GetCapturedStderr;
-using testing::internal::GetCapturedStdout;
 
 namespace {
 
@@ -40,7 +36,6 @@ std::vector<std::string> exampleNames() {
 }  // namespace
 
 TEST(Examples, EachLoadsToItsExpectedScene) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
     // The scene must not depend on the tester's environment.
     wrltest::ScopedEnv quality("TESS_QUALITY", nullptr);
     wrltest::ScopedEnv transparency("ZN_TRANSP_MODE", nullptr);
@@ -54,16 +49,11 @@ TEST(Examples, EachLoadsToItsExpectedScene) {
     wrltest::ScopedDirectory sourceTree(WRL_SOURCE_DIR);
     for (const std::string& name : names) {
         SCOPED_TRACE(name);
-        std::string path = "data/examples/" + name + ".wrl";
-        CaptureStderr();
-        CaptureStdout();
-        csNode* scene = wrlLoad(&path[0]);
-        GetCapturedStdout();
-        const std::string err = GetCapturedStderr();
-        ASSERT_NE(scene, nullptr);
-        EXPECT_EQ(err.find("Error"), std::string::npos) << err;
+        wrltest::WorldLoad load = wrltest::loadWorld("data/examples/" + name + ".wrl");
+        ASSERT_NE(load.scene, nullptr);
+        EXPECT_EQ(load.err.find("Error"), std::string::npos) << load.err;
         std::ostringstream json;
-        printSceneJson(json, scene);
+        printSceneJson(json, load.scene);
         EXPECT_EQ(json.str(), wrltest::readFile(kExpected + name + ".json"));
     }
 }

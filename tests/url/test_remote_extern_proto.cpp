@@ -14,31 +14,21 @@
 #include "url_test_server.h"
 
 using testing::HasSubstr;
-using testing::internal::CaptureStderr;
-using testing::internal::CaptureStdout;
-using testing::internal::GetCapturedStderr;
-using testing::internal::GetCapturedStdout;
 
 TEST(RemoteExternProto, PrototypeOfAServedFileLoadsThroughTheCache) {
     wrltest::TempDir dir;
     wrltest::ScopedEnv tmp("ZN_TMP_PATH", dir.path().c_str());
     wrltest::ScopedEnv noProxy("ZNPROXY", nullptr);
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
     zn_URL_web::remoteRequests = 1;
     wrltest::TestHttpServer server(
         "#VRML V2.0 utf8\nPROTO Far [ field SFVec3f at 0 0 0 ] { Transform { translation IS at } }\n");
     const std::string world = dir.write(
         "world.wrl", "#VRML V2.0 utf8\nEXTERNPROTO Near [ field SFVec3f at ] \"" + server.url("/lib/far.wrl") +
                          "\"\nDEF N Near { at 1 2 3 }\n");
-    std::string copy = world;
-    CaptureStderr();
-    CaptureStdout();
-    csNode* scene = wrlLoad(&copy[0]);
-    GetCapturedStdout();
-    std::string err = GetCapturedStderr();
+    wrltest::WorldLoad load = wrltest::loadWorld(world);
     server.stop();
-    ASSERT_NE(scene, nullptr);
-    EXPECT_THAT(err, HasSubstr("Creating a cache file: " + dir.path() + "/.zncachefar.wrl"));
+    ASSERT_NE(load.scene, nullptr);
+    EXPECT_THAT(load.err, HasSubstr("Creating a cache file: " + dir.path() + "/.zncachefar.wrl"));
     EXPECT_EQ(server.requests(), std::vector<std::string>{"GET /lib/far.wrl\n"});
     auto* near = dynamic_cast<znNode*>(_ZNmain->browser->getNode("N"));
     ASSERT_NE(near, nullptr);

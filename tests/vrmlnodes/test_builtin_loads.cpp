@@ -11,10 +11,6 @@
 #include "test_support.h"
 #include "vrmlnodes/VRMLNodebase.h"
 
-using testing::internal::CaptureStderr;
-using testing::internal::CaptureStdout;
-using testing::internal::GetCapturedStderr;
-using testing::internal::GetCapturedStdout;
 
 namespace {
 
@@ -22,15 +18,9 @@ std::string behaviourFile(const char* name) { return std::string(WRL_TEST_DATA_D
 
 // Loads through wrlLoad; answers what the load wrote on the error stream.
 std::string load(const std::string& path) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
-    std::string copy = path;
-    CaptureStderr();
-    CaptureStdout();
-    csNode* scene = wrlLoad(&copy[0]);
-    GetCapturedStdout();
-    std::string err = GetCapturedStderr();
-    EXPECT_NE(scene, nullptr);
-    return err;
+    wrltest::WorldLoad load = wrltest::loadWorld(path);
+    EXPECT_NE(load.scene, nullptr);
+    return load.err;
 }
 
 size_t occurrences(const std::string& text, const std::string& word) {
