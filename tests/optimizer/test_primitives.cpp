@@ -12,7 +12,6 @@
 #include "csIndexedFaceSet.h"
 #include "csTransform.h"
 #include "opCone.h"
-#include "opCylinder.h"
 #include "opSphere.h"
 #include "scene_world.h"
 
@@ -155,27 +154,6 @@ TEST(optCone, FieldsReachTheConeAndItStandsAlongY) {
     }
     // Without a bottom only the side is there: one triangle a sample.
     EXPECT_EQ(faces->getPrimCount(), 15);
-}
-
-TEST(optCylinder, FieldsReachTheCylinderAndItStandsAlongY) {
-    SceneLoad world;
-    csEnvironment* scene = world.load(
-        "Shape { geometry Cylinder { radius 2 height 5 side FALSE top TRUE bottom FALSE } }\n"
-        "Shape { geometry Cylinder { radius 1 height 4 } }\n");
-    opCylinder* capOnly = childAs<opCylinder>(axisOf(scene, 0), 0);
-    ASSERT_NE(capOnly, nullptr) << world.lastErrors();
-    EXPECT_FLOAT_EQ(capOnly->getRadius(), 2.0f);
-    // Only the top cap is left, at the top.
-    Extent cap = extentInWorld(scene, 0);
-    EXPECT_NEAR(cap.min[1], 2.5f, 1e-5f);
-    EXPECT_NEAR(cap.max[1], 2.5f, 1e-5f);
-    EXPECT_EQ(facesOf(scene, 0)->getPrimCount(), 15);
-
-    Extent whole = extentInWorld(scene, 1);
-    EXPECT_NEAR(whole.min[1], -2.0f, 1e-5f);
-    EXPECT_NEAR(whole.max[1], 2.0f, 1e-5f);
-    EXPECT_NEAR(whole.widest, 1.0f, 1e-5f);
-    EXPECT_EQ(facesOf(scene, 1)->getPrimCount(), 4 * 15) << "side, top and bottom";
 }
 
 TEST(optCone, TessQualitySetsTheSamplesOfEveryPrimitive) {

@@ -37,20 +37,6 @@ TEST(ScriptTable, EnableChangesTheFlagOfAKnownIDOnly) {
     EXPECT_EQ(table.isEnabled(2), 0);
 }
 
-TEST(ScriptTable, EndRowStaysBehindTheLastRow) {
-    znScriptInterfaces table(nullptr);
-    ASSERT_EQ(zn_SIArray.size(), 1u);
-    EXPECT_EQ(zn_SIArray[0].extension, "END");
-    EXPECT_EQ(zn_SIIndex, 0);
-    table.add(newZnCPPSI, "so", nullptr, nullptr, nullptr, nullptr, 1);
-    table.add(newZnCPPSI, "js", nullptr, "javascript:", runNothing, nullptr, 1);
-    ASSERT_EQ(zn_SIArray.size(), 3u);
-    EXPECT_EQ(zn_SIIndex, 2);
-    EXPECT_EQ(zn_SIArray[2].extension, "END");
-    EXPECT_EQ(zn_SIArray[2].interfaceFn, nullptr);
-    EXPECT_EQ(zn_SIArray[0].prefix, "") << "a null prefix is stored empty";
-}
-
 TEST(ScriptTable, LookupsFindTheRowByExtensionOrPrefix) {
     znScriptInterfaces table(nullptr);
     table.add(newZnCPPSI, "so", noConstructor, nullptr, nullptr, nullptr, 1);

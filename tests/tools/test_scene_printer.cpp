@@ -113,25 +113,6 @@ TEST(printSceneTree, EmptyEnvironmentAndNullRoot) {
     EXPECT_EQ(none.str(), "NULL\n");
 }
 
-TEST(printSceneJson, OneDocumentWithAKeyPerValue) {
-    csEnvironment* root = makeScene();
-    std::ostringstream out;
-    printSceneJson(out, root);
-    std::string json = out.str();
-    EXPECT_EQ(json.rfind("{\"class\": \"csEnvironment\", \"name\": null, \"children\": [{\"class\": \"csTransform\", "
-                         "\"name\": \"Mover\", \"translation\": [0, 1, 0], ",
-                         0),
-              0u)
-        << json;
-    EXPECT_NE(json.find("\"appearance\": {\"class\": \"csAppearance\", \"name\": null, \"lightEnable\": true, "),
-              std::string::npos);
-    EXPECT_NE(json.find("\"transparency\": 0.5"), std::string::npos);
-    EXPECT_NE(json.find("\"geometry\": [{\"class\": \"csIndexedFaceSet\", \"name\": null, \"primitives\": 24, "),
-              std::string::npos);
-    EXPECT_NE(json.find("\"lights\": [{\"class\": \"csDirectionalLight\", \"name\": null}]}\n"), std::string::npos);
-    root->unref();
-}
-
 TEST(printSceneJson, NamesAreEscaped) {
     auto* root = new csEnvironment();
     root->ref();

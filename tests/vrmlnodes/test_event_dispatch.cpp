@@ -98,7 +98,7 @@ TEST_F(SupportWorld, RemoveChildrenCountsAndTakesFromTheFront) {
     EXPECT_TRUE(object<GroupingNode>(group)->getChildObjects().empty());
 }
 
-TEST_F(SupportWorld, TransformTellsScaleFromScaleOrientationAndCenter) {
+TEST_F(SupportWorld, NamesThatShareAPrefixReachTheirOwnFields) {
     znNode* transform = make("Transform");
     SFVec3f scale(2, 3, 4), center(7, 8, 9);
     SFRotation turn(0, 1, 0, 1.5f);
@@ -113,6 +113,40 @@ TEST_F(SupportWorld, TransformTellsScaleFromScaleOrientationAndCenter) {
     EXPECT_FLOAT_EQ(v[3], 1.5f);
     dynamic_cast<SFVec3f*>(transform->getExposedField("center"))->getValue(v);
     EXPECT_FLOAT_EQ(v[0], 7);
+
+    znNode* material = make("Material");
+    SFColor specular(0.5f, 0.25f, 0.125f);
+    SFFloat shiny;
+    shiny.setValue(0.75f);
+    TestEvent a("set_specularColor", specular), b("set_shininess", shiny);
+    material->processEvent(a);
+    material->processEvent(b);
+    dynamic_cast<SFColor*>(material->getExposedField("specularColor"))->getValue(v);
+    EXPECT_FLOAT_EQ(v[2], 0.125f);
+    EXPECT_FLOAT_EQ(dynamic_cast<SFFloat*>(material->getExposedField("shininess"))->getValue(), 0.75f);
+
+    znNode* appearance = make("Appearance");
+    znNode* child = make("TextureTransform");
+    SFNode value;
+    BaseNode handle(*child);
+    value.setValue(handle);
+    TestEvent textureTransform("set_textureTransform", value);
+    appearance->processEvent(textureTransform);
+    EXPECT_EQ(dynamic_cast<SFNode*>(appearance->getExposedField("textureTransform"))->getValue().getID(),
+              child->getID());
+    EXPECT_EQ(dynamic_cast<SFNode*>(appearance->getExposedField("texture"))->getValue().getID(), 0);
+
+    // Index names are compared by their prefixes.
+    znNode* faces = make("IndexedFaceSet");
+    MFInt32 indexes;
+    indexes.addValue(3);
+    indexes.addValue(-1);
+    TestEvent coords("set_coordIndex", indexes), normals("set_normalIndexes", indexes);
+    faces->processEvent(coords);
+    faces->processEvent(normals);
+    EXPECT_EQ(dynamic_cast<MFInt32*>(faces->getField("coordIndex"))->getSize(), 2);
+    EXPECT_EQ(dynamic_cast<MFInt32*>(faces->getField("normalIndex"))->getSize(), 2);
+    EXPECT_EQ(dynamic_cast<MFInt32*>(faces->getField("colorIndex"))->getSize(), 0);
 }
 
 TEST_F(SupportWorld, ShortNamesNeverReadPastTheirEnd) {
@@ -126,42 +160,3 @@ TEST_F(SupportWorld, ShortNamesNeverReadPastTheirEnd) {
     }
 }
 
-TEST_F(SupportWorld, MaterialTellsSpecularFromShininessByTheSixthCharacter) {
-    znNode* material = make("Material");
-    SFColor specular(0.5f, 0.25f, 0.125f);
-    SFFloat shiny;
-    shiny.setValue(0.75f);
-    TestEvent a("set_specularColor", specular), b("set_shininess", shiny);
-    material->processEvent(a);
-    material->processEvent(b);
-    float c[3] = {};
-    dynamic_cast<SFColor*>(material->getExposedField("specularColor"))->getValue(c);
-    EXPECT_FLOAT_EQ(c[2], 0.125f);
-    EXPECT_FLOAT_EQ(dynamic_cast<SFFloat*>(material->getExposedField("shininess"))->getValue(), 0.75f);
-}
-
-TEST_F(SupportWorld, AppearanceComparesOnlyThirteenCharactersOfTextureTransform) {
-    znNode* appearance = make("Appearance");
-    znNode* child = make("TextureTransform");
-    SFNode value;
-    BaseNode handle(*child);
-    value.setValue(handle);
-    TestEvent event("set_textureTransform", value);
-    appearance->processEvent(event);
-    EXPECT_EQ(dynamic_cast<SFNode*>(appearance->getExposedField("textureTransform"))->getValue().getID(),
-              child->getID());
-    EXPECT_EQ(dynamic_cast<SFNode*>(appearance->getExposedField("texture"))->getValue().getID(), 0);
-}
-
-TEST_F(SupportWorld, IndexedFaceSetComparesTheIndexNamesByTheirPrefixes) {
-    znNode* faces = make("IndexedFaceSet");
-    MFInt32 indexes;
-    indexes.addValue(3);
-    indexes.addValue(-1);
-    TestEvent coords("set_coordIndex", indexes), normals("set_normalIndexes", indexes);
-    faces->processEvent(coords);
-    faces->processEvent(normals);
-    EXPECT_EQ(dynamic_cast<MFInt32*>(faces->getField("coordIndex"))->getSize(), 2);
-    EXPECT_EQ(dynamic_cast<MFInt32*>(faces->getField("normalIndex"))->getSize(), 2);
-    EXPECT_EQ(dynamic_cast<MFInt32*>(faces->getField("colorIndex"))->getSize(), 0);
-}
