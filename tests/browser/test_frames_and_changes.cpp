@@ -1,9 +1,8 @@
 // The frame and the default manager's tick, requested and deferred loads,
-// worlds made from strings and URLs, and the world written back as text.
+// and worlds made from strings and URLs.
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sstream>
 #include <string>
 
 #include "browser_fixture.h"
@@ -65,9 +64,7 @@ TEST_F(Frames, FrameWithoutAWorldOnlySetsTheTime) {
 TEST_F(Frames, FailedRequestedLoadStillIteratesTheEmptyWorld) {
     const char* urls[] = {"/nonexistent/world.wrl", nullptr};
     EXPECT_EQ(browser.loadURL(urls, nullptr), 1);
-    CaptureStderr();
-    browser.executeFrame(0.0);
-    EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Couldn't load URL\n");
+    EXPECT_EQ(wrltest::stderrOf([&] { browser.executeFrame(0.0); }), "\nThrowing Exception: Couldn't load URL\n");
     ASSERT_EQ(manager->calls.size(), 2u);
     EXPECT_EQ(manager->calls[0].time, 0.0);
     EXPECT_EQ(manager->calls[1].time, -1.0);
@@ -89,9 +86,7 @@ TEST_F(Frames, ArrayFormCountsWhatWasRead) {
     wrltest::TempDir dir;
     wrltest::ScopedEnv tmp("ZN_TMP_PATH", dir.path().c_str());
     BaseNode* out[4] = {};
-    CaptureStderr();
-    EXPECT_EQ(browser.createVrmlFromString("Thing {}", out), 0);
-    GetCapturedStderr();
+    wrltest::stderrOf([&] { EXPECT_EQ(browser.createVrmlFromString("Thing {}", out), 0); });
     EXPECT_TRUE(std::filesystem::is_empty(dir.path()));
 }
 
@@ -101,10 +96,8 @@ TEST_F(Frames, UnreadableURLDeliversAnEmptyListAtOnce) {
     ASSERT_EQ(browser.addNode(chain.head), 1);
     const char* urls[] = {"/nonexistent/more.wrl", nullptr};
     BaseNode nobody;
-    CaptureStderr();
-    browser.createVrmlFromURL(urls, nobody, "set_children");
-    EXPECT_NE(GetCapturedStderr().find("Can not process event in CreateVrmlFromURL.. nodeID=0\n"),
-              std::string::npos);
+    const std::string err = wrltest::stderrOf([&] { browser.createVrmlFromURL(urls, nobody, "set_children"); });
+    EXPECT_NE(err.find("Can not process event in CreateVrmlFromURL.. nodeID=0\n"), std::string::npos);
 }
 
 TEST_F(Frames, ReplaceWorldChangesOnlyWhatIsTicked) {
@@ -119,28 +112,4 @@ TEST_F(Frames, ReplaceWorldChangesOnlyWhatIsTicked) {
     ASSERT_EQ(manager->getTopNodes().size(), 1u);
     EXPECT_EQ(manager->getTopNodes()[0], browser.getNode(2));
     EXPECT_EQ(browser.getTopLevel().size(), 2u);
-}
-
-// --- Output ------------------------------------------------------------------------------------
-
-TEST_F(Frames, EmptyWorldWritesTheHeaderAndThreeLineEnds) {
-    std::ostringstream out;
-    EXPECT_EQ(browser.writeURLtoStream(out), 1);
-    // The only type is a prototype without a body: it declares nothing.
-    std::string text = out.str();
-    EXPECT_EQ(text.rfind("\n#VRML V2.0 utf8 \n\n", 0), 0u);
-    EXPECT_EQ(text.substr(text.size() - 3), "\n\n\n");
-    char missing[] = "/nonexistent/dir/world.wrl";
-    EXPECT_EQ(browser.writeURL(missing), 1);
-}
-
-TEST_F(Frames, TopLevelNodesAreWrittenInOrder) {
-    NodeChain chain;
-    chain.node(1, 1, "d00000+second", "", 0, 1);
-    chain.node(1, 2, "d00000+first", "", 0, 0);
-    ASSERT_EQ(browser.addNode(chain.head), 1);
-    std::ostringstream out;
-    browser.writeURLtoStream(out);
-    EXPECT_NE(out.str().find("DEF second  Thing {"), std::string::npos);
-    EXPECT_EQ(out.str().find("DEF first"), std::string::npos);
 }

@@ -5,10 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "test_support.h"
 #include "browser_fixture.h"
 
-using testing::internal::CaptureStderr;
-using testing::internal::GetCapturedStderr;
 using wrltest::BrowserFixture;
 using wrltest::NodeChain;
 
@@ -46,9 +45,8 @@ TEST_F(NodeCreation, TakenNodeIDStopsThePassAndReports) {
     NodeChain second;
     thing(second, 1, "d00000+b");
     thing(second, 2, "d00000+c");
-    CaptureStderr();
-    EXPECT_EQ(browser.addNode(second.head), 0);
-    EXPECT_EQ(GetCapturedStderr(), "\nMessage:  failed inserting node: b\n");
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(browser.addNode(second.head), 0); }),
+              "\nMessage:  failed inserting node: b\n");
     EXPECT_EQ(browser.getNodeID("u00000+a"), 1);
     EXPECT_THROW(browser.getNode(2), znInvalidNodeIDException);
     EXPECT_EQ(browser.addNode(nullptr), 0);
@@ -58,9 +56,7 @@ TEST_F(NodeCreation, UnknownTypeSkipsTheNodeAndGoesOn) {
     NodeChain chain;
     chain.node(99, 1, "d00000+z");
     thing(chain, 2, "d00000+y");
-    CaptureStderr();
-    EXPECT_EQ(browser.addNode(chain.head), 1);
-    std::string err = GetCapturedStderr();
+    std::string err = wrltest::stderrOf([&] { EXPECT_EQ(browser.addNode(chain.head), 1); });
     EXPECT_NE(err.find("\nAlert:  Skipping node d00000+z due to invalid NodeType ID.\n\n"), std::string::npos);
     EXPECT_EQ(browser.getNode(2)->getID(), 2);
 }
@@ -71,9 +67,7 @@ TEST_F(NodeCreation, UndeclaredFieldFailsButTheNodeStays) {
     NodeChain chain;
     chain.node(1, 1, "d00000+a");
     chain.field("nope", SFFloatType, field, "2");
-    CaptureStderr();
-    EXPECT_EQ(browser.addNode(chain.head), 0);
-    std::string err = GetCapturedStderr();
+    std::string err = wrltest::stderrOf([&] { EXPECT_EQ(browser.addNode(chain.head), 0); });
     EXPECT_NE(err.find("\nMessage:  error adding field: nope\n"), std::string::npos);
     EXPECT_EQ(browser.getNode(1)->getID(), 1);
 }
@@ -96,9 +90,7 @@ TEST_F(NodeCreation, EachNodeFieldNamingALaterNodeIsFilledAfterTheLoad) {
     chain.field("child", SFNodeType, field, "u00000+kid");
     chain.field("kids", MFNodeType, field, "[ u00000+kid ]");
     chain.node(1, 2, "d00000+kid");
-    CaptureStderr();
-    ASSERT_EQ(browser.addNode(chain.head), 1);
-    GetCapturedStderr();
+    wrltest::stderrOf([&] { ASSERT_EQ(browser.addNode(chain.head), 1); });
     znNode* parent = browser.getNode(1);
     auto* child = dynamic_cast<znSFNode*>(parent->getZnField(parent->getDataID("child")));
     auto* kids = dynamic_cast<znMFNode*>(parent->getZnField(parent->getDataID("kids")));
@@ -129,9 +121,8 @@ TEST_F(NodeCreation, ISFieldStandsForTheTargetsFieldAndAMissingTargetFails) {
     NodeChain missing;
     missing.node(1, 3, "d00000+lost");
     missing.field("value", SFFloatType, field, "", 77, {"value"});
-    CaptureStderr();
-    EXPECT_EQ(browser.addNode(missing.head), 0);
-    EXPECT_NE(GetCapturedStderr().find("\nMessage:  error adding field: value\n"), std::string::npos);
+    const std::string err = wrltest::stderrOf([&] { EXPECT_EQ(browser.addNode(missing.head), 0); });
+    EXPECT_NE(err.find("\nMessage:  error adding field: value\n"), std::string::npos);
 }
 
 // --- Prototype instances --------------------------------------------------------------
@@ -179,9 +170,8 @@ TEST_F(NodeCreation, NewNodeRefusesATakenNameAndAnUnknownType) {
     ASSERT_NE(browser.newNode("d00000+x", type), nullptr);
     EXPECT_EQ(browser.newNode("d00000+x", type), nullptr);
     EXPECT_THROW(browser.getNode(2), znInvalidNodeIDException);
-    CaptureStderr();
-    EXPECT_EQ(browser.newNode("d00000+y", 42), nullptr);
-    EXPECT_NE(GetCapturedStderr().find("Invalid Node Type ID:  ID=42"), std::string::npos);
+    const std::string err = wrltest::stderrOf([&] { EXPECT_EQ(browser.newNode("d00000+y", 42), nullptr); });
+    EXPECT_NE(err.find("Invalid Node Type ID:  ID=42"), std::string::npos);
 }
 
 TEST(FieldToZnField, RuntimeFieldAnswersItsBookkeepingSide) {

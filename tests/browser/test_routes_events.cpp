@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "test_support.h"
 #include "browser/zn_browser_event.h"
 #include "browser_fixture.h"
 #include "fields/zn_exception.h"
@@ -84,9 +85,7 @@ TEST_F(Routes, LoadReportsBadRoutesAndGoesOn) {
     database->add(4, 1, "value_out", 2, "nothing");
     database->add(5, 1, "value_out", 2, "value");
     database->add(6, 1, "value_out", 2, "set_value");
-    CaptureStderr();
-    browser.readRoutes(nullptr);
-    EXPECT_EQ(GetCapturedStderr(),
+    EXPECT_EQ(wrltest::stderrOf([&] { browser.readRoutes(nullptr); }),
               "\nThrowing Exception: Invalid Node ID:  ID=9\n"
               "\nAlert:  Skipping route due to invalid source node ID: 9\n\n"
               "\nThrowing Exception: Invalid Node ID:  ID=9\n"
@@ -121,9 +120,9 @@ TEST_F(Routes, VirtualSourceEntersOneRoutePerRealField) {
 // --- Deleting routes and observers -------------------------------------------------------
 
 TEST_F(Routes, DeletingARouteThatNeverExistedReportsTheMissingIndex) {
-    CaptureStderr();
-    browser.deleteRoute(*browser.getNode(1), "value_out", *browser.getNode(2), "set_value");
-    EXPECT_EQ(GetCapturedStderr(), "\nMessage:  Unable to add eventOut to routeTable\n");
+    EXPECT_EQ(wrltest::stderrOf(
+                  [&] { browser.deleteRoute(*browser.getNode(1), "value_out", *browser.getNode(2), "set_value"); }),
+              "\nMessage:  Unable to add eventOut to routeTable\n");
     EXPECT_TRUE(manager->calls.empty());
 }
 
@@ -134,9 +133,7 @@ TEST_F(Routes, DeleteOfAnEnteredRouteReachesTheManagerAndABadDestinationIsReport
     ASSERT_EQ(manager->calls.size(), 1u);
     EXPECT_EQ(manager->calls[0].what, "deleteRoute");
     BaseNode nobody;
-    CaptureStderr();
-    browser.deleteRoute(*browser.getNode(1), "value_out", nobody, "set_value");
-    EXPECT_EQ(GetCapturedStderr(),
+    EXPECT_EQ(wrltest::stderrOf([&] { browser.deleteRoute(*browser.getNode(1), "value_out", nobody, "set_value"); }),
               "\nThrowing Exception: Invalid Node ID:  ID=0\n"
               "\nAlert:  Skipping route due to invalid destination node ID:0\n\n");
 }
@@ -145,9 +142,10 @@ TEST_F(Routes, ObserversGetTheSharedIndexOrAReport) {
     browser.addObserver(*browser.getNode(1), const_cast<char*>("value_out"), nullptr, nullptr, nullptr);
     ASSERT_EQ(manager->calls.size(), 1u);
     EXPECT_EQ(manager->calls[0].a, 1);
-    CaptureStderr();
-    browser.addObserver(*browser.getNode(1), const_cast<char*>("gone"), nullptr, nullptr, nullptr);
-    EXPECT_EQ(GetCapturedStderr(), "\nMessage:  Invalid eventOut name gone in route\n");
+    EXPECT_EQ(wrltest::stderrOf([&] {
+                  browser.addObserver(*browser.getNode(1), const_cast<char*>("gone"), nullptr, nullptr, nullptr);
+              }),
+              "\nMessage:  Invalid eventOut name gone in route\n");
 }
 
 // --- Posting and delivery ------------------------------------------------------------------
@@ -172,9 +170,8 @@ TEST(EventFun, NullArrayReportsNoEventsAndRealEventsMarkTheNodeOnceForTheFrame) 
     auto* type = new znNodeType(1, "Thing", urls, &browser, 0, 0, nullptr);
     browser.enterType(type);
     znNode* node = browser.newNode("d00000+n", type);
-    CaptureStderr();
-    EXPECT_EQ(znBrowserIntern::eventFun(node, 0, nullptr), 1);
-    EXPECT_EQ(GetCapturedStderr(), "\nMessage:  NO EVENTS\n");
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(znBrowserIntern::eventFun(node, 0, nullptr), 1); }),
+              "\nMessage:  NO EVENTS\n");
 
     SFFloat value(2.0f);
     znEvent first("set_value", 1.0, static_cast<Field&>(value));

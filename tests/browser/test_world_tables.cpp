@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "test_support.h"
 #include "browser/zn_browser_intern.h"
 #include "fields/all.h"
 #include "nodes/zn_node.h"
@@ -41,15 +42,11 @@ TEST_F(WorldTables, NumberedNamesFallBackToTheNearestDefinition) {
     EXPECT_EQ(browser.getNodeID("u00000+x_3"), 5);
     EXPECT_EQ(browser.getNode("x_2"), static_cast<Node*>(browser.getNode(5)));
 
-    CaptureStderr();
-    EXPECT_EQ(browser.getNodeID("u00000+a_b"), 0);
-    EXPECT_EQ(GetCapturedStderr(),
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(browser.getNodeID("u00000+a_b"), 0); }),
               "\nMessage:  Possible error in getNodeID, will try to resolve later!\n"
               "getNodeID : can't find ID for a_b\n\n");
     browser.setAddingType(1);  // silent while a type is added
-    CaptureStderr();
-    EXPECT_EQ(browser.getNodeID("u00000+gone"), 0);
-    EXPECT_EQ(GetCapturedStderr(), "");
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(browser.getNodeID("u00000+gone"), 0); }), "");
 }
 
 TEST_F(WorldTables, PlainNameLookupThrowsNamingTheLastForm) {
@@ -61,9 +58,8 @@ TEST_F(WorldTables, PlainNameLookupThrowsNamingTheLastForm) {
         EXPECT_STREQ(e.text, "Invalid Node name:  nodeName=y");
     }
     GetCapturedStderr();
-    CaptureStderr();
-    EXPECT_THROW(browser.getNode("x"), znInvalidNodeNameException);
-    EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Invalid Node name:  nodeName=x\n");
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_THROW(browser.getNode("x"), znInvalidNodeNameException); }),
+              "\nThrowing Exception: Invalid Node name:  nodeName=x\n");
 }
 
 TEST_F(WorldTables, TypeIDZeroThrows) {
@@ -81,9 +77,8 @@ TEST_F(WorldTables, TypeIDZeroThrows) {
 }
 
 TEST_F(WorldTables, AbsentNodeIDThrows) {
-    CaptureStderr();
-    EXPECT_THROW(browser.getNode(9), znInvalidNodeIDException);
-    EXPECT_EQ(GetCapturedStderr(), "\nThrowing Exception: Invalid Node ID:  ID=9\n");
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_THROW(browser.getNode(9), znInvalidNodeIDException); }),
+              "\nThrowing Exception: Invalid Node ID:  ID=9\n");
 }
 
 TEST_F(WorldTables, ClearAllKeepsNodeSupportTypes) {
@@ -105,9 +100,7 @@ TEST_F(WorldTables, InitializeSkipsDirtyNodesAndFillsForwardReferences) {
     FieldFlags flags;
     type->addData("child", SFNodeType, field, flags, nullptr);
     znNode* parent = addNode(1, "d00000+P");
-    CaptureStderr();
-    parent->addData("child", SFNodeType, field, flags, "d00000+C");
-    GetCapturedStderr();
+    wrltest::stderrOf([&] { parent->addData("child", SFNodeType, field, flags, "d00000+C"); });
     ASSERT_EQ(browser.isUnresolvedReference(), 1);
     browser.pushUnresolved(parent->getZnField(0), "d00000+C");
     znNode* child = addNode(2, "d00000+C");
@@ -122,9 +115,8 @@ TEST_F(WorldTables, InitializeSkipsDirtyNodesAndFillsForwardReferences) {
 
 TEST_F(WorldTables, LongReferenceIsCutAndReported) {
     std::string name(100, 'n');
-    CaptureStderr();
-    browser.pushUnresolved(nullptr, name.c_str());
-    EXPECT_EQ(GetCapturedStderr(), "\nMessage:  Node reference cut to 79 characters: " + name + "\n\n");
+    EXPECT_EQ(wrltest::stderrOf([&] { browser.pushUnresolved(nullptr, name.c_str()); }),
+              "\nMessage:  Node reference cut to 79 characters: " + name + "\n\n");
     browser.initializeNewNodes();
 }
 

@@ -21,8 +21,6 @@
 #include "test_support.h"
 
 using testing::HasSubstr;
-using testing::internal::CaptureStderr;
-using testing::internal::GetCapturedStderr;
 
 namespace {
 
@@ -43,9 +41,7 @@ public:
         recorder = new RouteRecorder(&browser);
         browser.addSimManager(recorder);
         wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
-        CaptureStderr();
-        browser.init();
-        GetCapturedStderr();
+        wrltest::stderrOf([&] { browser.init(); });
     }
 
     // Reads `text` as a whole world; answers what the load wrote on the
@@ -55,9 +51,7 @@ public:
         std::vector<const char*> urls{path.c_str()};
         // An unknown type asks for a correction: nobody answers.
         wrltest::ScopedStdin noAnswer("");
-        CaptureStderr();
-        browser.readURL(urls, 0);
-        return GetCapturedStderr();
+        return wrltest::stderrOf([&] { browser.readURL(urls, 0); });
     }
 
     znDatabaseIntern& database() { return *dynamic_cast<znDatabaseIntern*>(browser.getDatabase()); }

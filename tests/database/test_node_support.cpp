@@ -64,9 +64,7 @@ struct Loaded {
         system.scriptInterfaces->add(newZnCPPSI, "so", nullptr, nullptr, nullptr, nullptr, 1);
         browser.registerZNType(1);
         wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
-        CaptureStderr();
-        browser.init();
-        errors = GetCapturedStderr();
+        errors = wrltest::stderrOf([&] { browser.init(); });
     }
 };
 
@@ -173,9 +171,7 @@ TEST(WorldFiles, ScriptNodeTypeIsNoSystemType) {
     znDatabaseIntern& db = databaseOf(loaded.browser);
     db.getParser()->InitParser(znParser::kOutput, &url);
     std::vector<const char*> urls{path.c_str()};
-    CaptureStderr();
-    db.LoadURL(urls);
-    GetCapturedStderr();
+    wrltest::stderrOf([&] { db.LoadURL(urls); });
     znNodeType* script = typeNamed(loaded.browser, "Script_d00000+S");
     ASSERT_NE(script, nullptr);
     EXPECT_EQ(script->getSystemProto(), 0);

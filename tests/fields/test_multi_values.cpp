@@ -7,6 +7,7 @@
 
 #include <sys/resource.h>
 
+#include "test_support.h"
 #include "fields/all.h"
 #include "recording_browser.h"
 
@@ -143,9 +144,7 @@ TEST(MFRuntime, WritesReachRealFieldsAndAFailingOneStopsThePost) {
     forwarding.setEventIndex(4);
     std::vector<znField*> targets{&target};
     forwarding.addRemoteData(&targets);
-    CaptureStderr();
-    EXPECT_THROW(forwarding.set1Value(-1, 1.0f), ArrayIndexOutOfBoundsException);
-    GetCapturedStderr();
+    wrltest::stderrOf([&] { EXPECT_THROW(forwarding.set1Value(-1, 1.0f), ArrayIndexOutOfBoundsException); });
     EXPECT_TRUE(browser.posted.empty());
 }
 

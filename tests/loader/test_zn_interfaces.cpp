@@ -58,9 +58,8 @@ TEST(ConsoleReports, MessageAlertAndConfirmTexts) {
     for (const auto& [input, expected] : cases) {
         SCOPED_TRACE(input);
         wrltest::ScopedStdin in(input);
-        CaptureStderr();
-        EXPECT_EQ(znConfirm("Go on?"), expected);
-        EXPECT_EQ(GetCapturedStderr(), "\nConfirm:  Go on?\n1)Yes    2)No\n? \n");
+        EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(znConfirm("Go on?"), expected); }),
+                  "\nConfirm:  Go on?\n1)Yes    2)No\n? \n");
     }
 }
 
@@ -74,9 +73,7 @@ TEST(ConsoleReports, PromptReadsABoundedNameAndDoesNotHangAtTheEnd) {
     EXPECT_STREQ(answer.name, "BetterName");
     for (const std::string& input : {std::string(""), "1\n" + std::string(1000, 'n') + "\n"}) {
         wrltest::ScopedStdin more(input);
-        CaptureStderr();
-        answer = znPrompt("Unknown node");
-        GetCapturedStderr();
+        wrltest::stderrOf([&] { answer = znPrompt("Unknown node"); });
         EXPECT_EQ(answer.answered, input.empty() ? 0 : 1);
         if (!input.empty()) {
             EXPECT_EQ(std::string(answer.name), std::string(255, 'n'));

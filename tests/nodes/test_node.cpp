@@ -5,13 +5,12 @@
 #include <sstream>
 #include <string>
 
+#include "test_support.h"
 #include "fields/all.h"
 #include "nodes/zn_node.h"
 #include "nodes/zn_nodetype.h"
 #include "recording_browser.h"
 
-using testing::internal::CaptureStderr;
-using testing::internal::GetCapturedStderr;
 using wrltest::RecordingBrowser;
 
 namespace {
@@ -48,9 +47,8 @@ TEST_F(RuntimeNode, FieldsArePlacedByTheTypesNumberingAndOnlyTheLastComesOff) {
     EXPECT_EQ(node.getZnField(0), node.getZnField(1));
     EXPECT_EQ(node.addData("size", SFFloatType, field, flags, "2"), 0);
     EXPECT_NE(node.getZnField(0), node.getZnField(1));
-    CaptureStderr();
-    EXPECT_EQ(node.addData("nothing", SFFloatType, field, flags, "2"), -1);
-    EXPECT_EQ(GetCapturedStderr(), "\nMessage:  Couldn't add node data with value 2\n");
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(node.addData("nothing", SFFloatType, field, flags, "2"), -1); }),
+              "\nMessage:  Couldn't add node data with value 2\n");
     znField* last = node.getZnField(1);
     EXPECT_EQ(node.removeData(0), -1);
     EXPECT_EQ(node.removeData(1), 1);
@@ -60,15 +58,11 @@ TEST_F(RuntimeNode, FieldsArePlacedByTheTypesNumberingAndOnlyTheLastComesOff) {
 
 TEST_F(RuntimeNode, UnknownEventInWritesTwoLinesAndThrowsButTheOutArgumentFormIsSilent) {
     znNode node(1, "d00000+N", &type, &browser);
-    CaptureStderr();
-    EXPECT_THROW(node.getEventIn("zz"), InvalidEventInException);
-    EXPECT_EQ(GetCapturedStderr(),
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_THROW(node.getEventIn("zz"), InvalidEventInException); }),
               "\nThrowing Exception: Invalid field ID = -1\n"
               "\nThrowing Exception: Invalid eventIn name = zz\n");
     Field* out = reinterpret_cast<Field*>(&node);
-    CaptureStderr();
-    EXPECT_EQ(node.getField("zz", &out), nullptr);
-    EXPECT_EQ(GetCapturedStderr(), "");
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(node.getField("zz", &out), nullptr); }), "");
     EXPECT_EQ(out, nullptr);
 }
 
@@ -110,9 +104,7 @@ TEST_F(RuntimeNode, PrintsDefFieldsWithValueAndChildNodes) {
     FieldFlags set = valueSet(), plain;
     node->addData("size", SFFloatType, field, set, "1.5");
     node->addData("count", SFInt32Type, field, plain, "3");
-    CaptureStderr();
-    node->addData("child", SFNodeType, field, set, "d00000+Kid");
-    GetCapturedStderr();
+    wrltest::stderrOf([&] { node->addData("child", SFNodeType, field, set, "d00000+Kid"); });
     std::ostringstream os;
     node->print(os);
     EXPECT_EQ(os.str(),

@@ -16,8 +16,6 @@
 #include "csTexture.h"
 #include "test_support.h"
 
-using testing::internal::CaptureStderr;
-using testing::internal::GetCapturedStderr;
 
 namespace {
 
@@ -100,9 +98,7 @@ struct Loaded {
     std::string err;
     explicit Loaded(const std::string& path) {
         texture->ref();
-        CaptureStderr();
-        ok = texture->setFileName(csString(path.c_str()));
-        err = GetCapturedStderr();
+        err = wrltest::stderrOf([&] { ok = texture->setFileName(csString(path.c_str())); });
     }
     ~Loaded() { texture->unref(); }
     csImage* image() const { return texture->getImage(); }
@@ -211,8 +207,6 @@ TEST(csTextureFaults, MissingForeignAndAbsurdFilesAreNamedAndDropAnEarlierImage)
 
     Loaded l(dir.path() + "/big.png");
     ASSERT_NE(l.image(), nullptr);
-    CaptureStderr();
-    EXPECT_FALSE(l.texture->setFileName(dir.path() + "/gone.png"));
-    GetCapturedStderr();
+    wrltest::stderrOf([&] { EXPECT_FALSE(l.texture->setFileName(dir.path() + "/gone.png")); });
     EXPECT_EQ(l.image(), nullptr);
 }

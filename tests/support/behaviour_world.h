@@ -17,6 +17,7 @@
 #include "scripts/zn_cppsi.h"
 #include "scripts/zn_event.h"
 #include "scripts/zn_scriptinterfaces.h"
+#include "test_support.h"
 #include "url/zn_URL.h"
 
 namespace wrltest {

@@ -2,6 +2,8 @@
 #ifndef WRL_TEST_SUPPORT_H
 #define WRL_TEST_SUPPORT_H
 
+#include <gtest/gtest.h>
+
 #include <string>
 
 class csNode;
@@ -65,6 +67,14 @@ private:
 };
 
 std::string readFile(const std::string& path);
+
+// Runs `f` and answers what it wrote on the error stream.
+template <class F>
+std::string stderrOf(F&& f) {
+    testing::internal::CaptureStderr();
+    f();
+    return testing::internal::GetCapturedStderr();
+}
 
 // The Node Support file shipped in data/.
 std::string nodeSupportFile();

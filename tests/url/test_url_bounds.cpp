@@ -39,9 +39,8 @@ TEST(UrlBounds, DefaultRefusesAThousandCharacterUrlAndHoldsExactly255) {
 
     const std::string fits(255, 'a');
     EXPECT_EQ(std::string(url.addpath(fits.c_str(), 0)), fits);
-    CaptureStderr();
-    EXPECT_EQ(url.addpath((fits + "a").c_str(), 0), nullptr);
-    EXPECT_EQ(GetCapturedStderr(), tooLongReport(kDefaultPathBufferSize, fits + "a"));
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(url.addpath((fits + "a").c_str(), 0), nullptr); }),
+              tooLongReport(kDefaultPathBufferSize, fits + "a"));
 
     // A join that outgrows the buffer is refused, and a refused push still
     // keeps the stack balanced.
@@ -61,9 +60,8 @@ TEST(UrlBounds, WebRefusesAThousandCharacterUrlWithoutAConnection) {
     const std::string address = server.url("/" + std::string(1000 - server.url("/").size(), 'x'));
     ASSERT_EQ(address.size(), 1000u);
     zn_URL_web url;
-    CaptureStderr();
-    EXPECT_EQ(url.fopenURL(address.c_str(), 1), nullptr);
-    EXPECT_EQ(GetCapturedStderr(), tooLongReport(kWebPathBufferSize, address));
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(url.fopenURL(address.c_str(), 1), nullptr); }),
+              tooLongReport(kWebPathBufferSize, address));
     EXPECT_EQ(url.get_path(), nullptr);
     server.stop();
     EXPECT_TRUE(server.requests().empty());
@@ -76,9 +74,8 @@ TEST(UrlBounds, WebRefusesACacheNameThatOutgrowsTheBuffer) {
     wrltest::TestHttpServer server("data");
     zn_URL_web::remoteRequests = 1;
     zn_URL_web url;
-    CaptureStderr();
-    EXPECT_EQ(url.getURL(server.url("/scene.wrl").c_str(), 0), nullptr);
-    EXPECT_THAT(GetCapturedStderr(), HasSubstr("URL or path too long (at most 511 bytes)"));
+    EXPECT_THAT(wrltest::stderrOf([&] { EXPECT_EQ(url.getURL(server.url("/scene.wrl").c_str(), 0), nullptr); }),
+                HasSubstr("URL or path too long (at most 511 bytes)"));
     server.stop();
     EXPECT_TRUE(server.requests().empty());
 }
@@ -89,7 +86,6 @@ TEST(UrlBounds, WebRefusesAProxyPrefixThatOutgrowsTheBuffer) {
     const std::string prefix = "http://127.0.0.1:1/" + std::string(500, 'p') + "/";
     ScopedEnv proxy("ZNPROXY", prefix.c_str());
     zn_URL_web url;
-    CaptureStderr();
-    EXPECT_EQ(url.getURL("http://models.example/scene.wrl", 0), nullptr);
-    EXPECT_THAT(GetCapturedStderr(), HasSubstr("URL or path too long (at most 511 bytes)"));
+    EXPECT_THAT(wrltest::stderrOf([&] { EXPECT_EQ(url.getURL("http://models.example/scene.wrl", 0), nullptr); }),
+                HasSubstr("URL or path too long (at most 511 bytes)"));
 }

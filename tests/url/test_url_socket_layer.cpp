@@ -7,11 +7,10 @@
 #include <cstring>
 #include <string>
 
+#include "test_support.h"
 #include "url/url_messages.h"
 #include "url/zn_URL_web.h"
 
-using testing::internal::CaptureStderr;
-using testing::internal::GetCapturedStderr;
 
 TEST(SocketLayer, BadPortsAndSystemErrorsKeepTheirOwnTexts) {
     for (const char* port : {"0", "no-such-service-anywhere", "70000", "-5"}) {
@@ -33,8 +32,7 @@ TEST(SocketLayer, FdPrintfWritesTheFormattedTextOrReports) {
     EXPECT_EQ(read(ends[0], got, sizeof got), 13);
     close(ends[0]);
     EXPECT_STREQ(got, "GET /a b.wrl\n");
-    CaptureStderr();
-    EXPECT_EQ(zn_URL_web::fd_printf(ends[1], kRequestFormat, "/x"), -1);
-    EXPECT_EQ(GetCapturedStderr(), "fd_printf can't print to " + std::to_string(ends[1]) + " using GET %s\n\n");
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(zn_URL_web::fd_printf(ends[1], kRequestFormat, "/x"), -1); }),
+              "fd_printf can't print to " + std::to_string(ends[1]) + " using GET %s\n\n");
     EXPECT_EQ(zn_URL_web::fd_printf(ends[1], nullptr), 0);
 }

@@ -91,9 +91,8 @@ TEST_F(Remote, StatusLineOrNotFoundPageInTheFirst255BytesIsRefusedAndNotCached) 
           std::string(255 - word.size(), '#') + word + "\n"}) {  // ends exactly on byte 255
         SCOPED_TRACE(page);
         TestHttpServer server(page);
-        CaptureStderr();
-        EXPECT_EQ(url.getURL(server.url("/scene.wrl").c_str(), 0), nullptr);
-        EXPECT_THAT(GetCapturedStderr(), HasSubstr(alertLine(kRemoteNotFound)));
+        EXPECT_THAT(wrltest::stderrOf([&] { EXPECT_EQ(url.getURL(server.url("/scene.wrl").c_str(), 0), nullptr); }),
+                    HasSubstr(alertLine(kRemoteNotFound)));
         EXPECT_FALSE(exists(cacheFile("scene.wrl")));
     }
     // Reaching byte 256, or behind a null byte, the words are a file's like any other.
@@ -110,22 +109,19 @@ TEST_F(Remote, StatusLineOrNotFoundPageInTheFirst255BytesIsRefusedAndNotCached) 
 
 TEST_F(Remote, UnreachablePortOrEmptyReplyIsReportedAsUnreachable) {
     const std::string address = "http://127.0.0.1:" + std::to_string(wrltest::unusedPort()) + "/x.wrl";
-    CaptureStderr();
-    EXPECT_EQ(url.getURL(address.c_str(), 0), nullptr);
-    EXPECT_EQ(GetCapturedStderr(), messageLine(kConnecting) + alertLine(kHostUnreachable));
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(url.getURL(address.c_str(), 0), nullptr); }),
+              messageLine(kConnecting) + alertLine(kHostUnreachable));
     EXPECT_FALSE(exists(cacheFile("x.wrl")));
     TestHttpServer server("");
-    CaptureStderr();
-    EXPECT_EQ(url.getURL(server.url("/x.wrl").c_str(), 0), nullptr);
-    EXPECT_THAT(GetCapturedStderr(), HasSubstr(alertLine(kHostUnreachable)));
+    EXPECT_THAT(wrltest::stderrOf([&] { EXPECT_EQ(url.getURL(server.url("/x.wrl").c_str(), 0), nullptr); }),
+                HasSubstr(alertLine(kHostUnreachable)));
 }
 
 TEST_F(Remote, ShortLastComponentIsAnInvalidName) {
     TestHttpServer server(kScene);
     for (const std::string path : {"/a", "/dir/"}) {
-        CaptureStderr();
-        EXPECT_EQ(url.getURL(server.url(path).c_str(), 0), nullptr);
-        EXPECT_EQ(GetCapturedStderr(), alertLine(kInvalidUrlName));
+        EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(url.getURL(server.url(path).c_str(), 0), nullptr); }),
+                  alertLine(kInvalidUrlName));
     }
     EXPECT_NE(url.getURL(server.url("/ab").c_str(), 0), nullptr);
     server.stop();
