@@ -173,12 +173,3 @@ TEST_F(NodeCreation, NewNodeRefusesATakenNameAndAnUnknownType) {
     const std::string err = wrltest::stderrOf([&] { EXPECT_EQ(browser.newNode("d00000+y", 42), nullptr); });
     EXPECT_NE(err.find("Invalid Node Type ID:  ID=42"), std::string::npos);
 }
-
-TEST(FieldToZnField, RuntimeFieldAnswersItsBookkeepingSide) {
-    znSFFloat runtime(1.0f);
-    Field* asValue = &runtime;
-    EXPECT_EQ(znBrowserIntern::fieldToZnField(asValue), static_cast<znField*>(&runtime));
-    SFFloat plain(1.0f);
-    EXPECT_EQ(znBrowserIntern::fieldToZnField(&plain), nullptr);
-    EXPECT_EQ(znBrowserIntern::fieldToZnField(nullptr), nullptr);
-}

@@ -1,9 +1,8 @@
 // The bookkeeping side of runtime fields: IS links, event indexes, posting
-// with dirty marks, copying, the factory and the printed type names.
+// with dirty marks, copying and the factory.
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <sstream>
 
 #include "fields/all.h"
 #include "nodes/zn_node.h"
@@ -174,15 +173,4 @@ TEST(FieldFactory, InitialValueIsNotForwardedToRealFields) {
     EXPECT_EQ(f->isVirtual(), 1);
     EXPECT_EQ(real.isDirty(), 0);
     delete f;
-}
-
-TEST(FieldPrinting, TypeAndKindNamesArePaddedAndNullEntriesShown) {
-    std::ostringstream os;
-    os << SFBoolType << "|" << MFVec3fType << "|" << static_cast<FieldType>(5) << "|" << field << "|" << eventOut
-       << "|";
-    EXPECT_EQ(os.str(), "SFBool     |MFVec3f    ||field        |eventOut     |");
-    std::vector<znField*> list{nullptr};
-    std::ostringstream null;
-    null << list;
-    EXPECT_EQ(null.str(), "\tNULL\n");
 }
