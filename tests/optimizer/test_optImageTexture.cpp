@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <png.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -16,6 +15,7 @@
 #include "csTexture.h"
 #include "csTransform.h"
 #include "opRep.h"
+#include "png_files.h"
 #include "optimizer/optImageTexture.h"
 #include "optimizer/optimizer_messages.h"
 #include "scene_world.h"
@@ -27,37 +27,13 @@ using testing::HasSubstr;
 using testing::Not;
 using wrltest::childAs;
 using wrltest::messageLine;
+using wrltest::pattern;
 using wrltest::SceneLoad;
 using wrltest::ScopedEnv;
 using wrltest::TempDir;
+using wrltest::writePng;
 
 namespace {
-
-// Every byte of a picture differs from its neighbours, so that a copy that
-// shifts or drops bytes shows.
-std::vector<unsigned char> pattern(int width, int height, int components, int seed) {
-    std::vector<unsigned char> bytes(static_cast<size_t>(width * height * components));
-    for (size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<unsigned char>(i * 13 + seed);
-    return bytes;
-}
-
-// Writes an 8-bit RGB (3 components) or RGBA (4) PNG of pattern(..., seed).
-void writePng(const std::string& path, int width, int height, int components, int seed = 1) {
-    FILE* file = std::fopen(path.c_str(), "wb");
-    ASSERT_NE(file, nullptr);
-    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-    png_infop info = png_create_info_struct(png);
-    png_init_io(png, file);
-    png_set_IHDR(png, info, static_cast<png_uint_32>(width), static_cast<png_uint_32>(height), 8,
-                 components == 4 ? PNG_COLOR_TYPE_RGBA : PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
-                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-    png_write_info(png, info);
-    std::vector<unsigned char> bytes = pattern(width, height, components, seed);
-    for (int y = 0; y < height; ++y) png_write_row(png, bytes.data() + y * width * components);
-    png_write_end(png, nullptr);
-    png_destroy_write_struct(&png, &info);
-    std::fclose(file);
-}
 
 std::vector<unsigned char> pixelsOf(const csImage* image) {
     const csMFByte& field = image->pixels();
@@ -106,7 +82,7 @@ TEST_F(ImageTextureLoad, ImageBesideTheWorldIsFoundFromAnotherWorkingDirectory) 
     ASSERT_NE(image, nullptr);
     EXPECT_EQ(image->getWidth(), 3);
     EXPECT_EQ(image->getHeight(), 2);
-    EXPECT_EQ(pixelsOf(image), pattern(3, 2, 3, 1));
+    EXPECT_EQ(pixelsOf(image), pattern(3, 2, 3));
     EXPECT_THAT(world.lastErrors(), Not(HasSubstr("Can't open")));
     // Only nodes that name files keep the directory they were read from.
     EXPECT_STREQ(texture("T")->getUrlBase(), (world.directory() + "/").c_str());

@@ -5,7 +5,6 @@
 
 #include <gif_lib.h>
 #include <jpeglib.h>
-#include <png.h>
 
 #include <string>
 #include <vector>
@@ -14,34 +13,13 @@
 #include "csMessages.h"
 #include "csString.h"
 #include "csTexture.h"
+#include "png_files.h"
 #include "test_support.h"
 
+using wrltest::pattern;
+using wrltest::writePng;
 
 namespace {
-
-// Pixels with a different value in every byte, so that a swapped row or
-// channel shows.
-std::vector<unsigned char> pattern(int width, int height, int components) {
-    std::vector<unsigned char> bytes(static_cast<size_t>(width * height * components));
-    for (size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<unsigned char>(i * 7 + 3);
-    return bytes;
-}
-
-void writePng(const std::string& path, int width, int height, int colorType, int components) {
-    FILE* f = std::fopen(path.c_str(), "wb");
-    ASSERT_NE(f, nullptr);
-    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-    png_infop info = png_create_info_struct(png);
-    png_init_io(png, f);
-    png_set_IHDR(png, info, static_cast<png_uint_32>(width), static_cast<png_uint_32>(height), 8, colorType,
-                 PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-    png_write_info(png, info);
-    std::vector<unsigned char> bytes = pattern(width, height, components);
-    for (int y = 0; y < height; ++y) png_write_row(png, bytes.data() + y * width * components);
-    png_write_end(png, nullptr);
-    png_destroy_write_struct(&png, &info);
-    std::fclose(f);
-}
 
 void writeJpeg(const std::string& path, int width, int height, int components) {
     FILE* f = std::fopen(path.c_str(), "wb");
@@ -122,9 +100,9 @@ void expectImage(const Loaded& l, int width, int height, int components) {
 
 TEST(csTexture, ReadsPngJpegAndGifWithTheirSizesAndComponents) {
     wrltest::TempDir dir;
-    writePng(dir.path() + "/grey.png", 5, 3, PNG_COLOR_TYPE_GRAY, 1);
-    writePng(dir.path() + "/rgb.png", 4, 2, PNG_COLOR_TYPE_RGB, 3);
-    writePng(dir.path() + "/rgba.png", 3, 7, PNG_COLOR_TYPE_RGBA, 4);
+    writePng(dir.path() + "/grey.png", 5, 3, 1);
+    writePng(dir.path() + "/rgb.png", 4, 2, 3);
+    writePng(dir.path() + "/rgba.png", 3, 7, 4);
     writeJpeg(dir.path() + "/c.jpg", 16, 8, 3);
     writeJpeg(dir.path() + "/g.jpg", 9, 9, 1);
     writeGif(dir.path() + "/plain.gif", 6, 4, false);
@@ -161,7 +139,7 @@ TEST(csTexture, ReadsPngJpegAndGifWithTheirSizesAndComponents) {
 
 TEST(csTextureFaults, TruncatedFilesGiveNoImage) {
     wrltest::TempDir dir;
-    writePng(dir.path() + "/a.png", 64, 64, PNG_COLOR_TYPE_RGB, 3);
+    writePng(dir.path() + "/a.png", 64, 64, 3);
     writeJpeg(dir.path() + "/a.jpg", 64, 64, 3);
     writeGif(dir.path() + "/a.gif", 64, 64, false);
     for (const char* name : {"a.png", "a.jpg", "a.gif"}) {
@@ -195,7 +173,7 @@ TEST(csTextureFaults, MissingForeignAndAbsurdFilesAreNamedAndDropAnEarlierImage)
 
     // Width and height stand at bytes 16..23 of the IHDR chunk; the CRC no
     // longer fits, so the size test or the CRC test must refuse it.
-    writePng(dir.path() + "/big.png", 2, 2, PNG_COLOR_TYPE_GRAY, 1);
+    writePng(dir.path() + "/big.png", 2, 2, 1);
     std::string bytes = wrltest::readFile(dir.path() + "/big.png");
     bytes[16] = 0x00;
     bytes[17] = 0x10;
