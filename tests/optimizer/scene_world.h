@@ -15,13 +15,15 @@
 #include <vector>
 
 #include "csEnvironment.h"
+#include "csGeometry.h"
 #include "csGroup.h"
+#include "csTransform.h"
+#include "opRep.h"
 #include "fields/zn_values.h"
 #include "test_support.h"
 
 class Builtin;
 class csAppearance;
-class csTransform;
 
 namespace wrltest {
 
@@ -81,6 +83,20 @@ T* childAs(csNode* group, int index) {
     if (!group || !group->isOfType(csGroup::getClassType())) return nullptr;
     csNode* child = static_cast<csGroup*>(group)->getChild(index);
     return child && child->isOfType(T::getClassType()) ? static_cast<T*>(child) : nullptr;
+}
+
+// The axis transform of the top-level shape `index`, under its top group,
+// the shape it holds, and that shape's only geometry as a T (or null).
+inline csTransform* axisAt(csEnvironment* scene, int index = 0) {
+    return childAs<csTransform>(childAs<csGroup>(scene, index), 0);
+}
+inline opRep* shapeAt(csEnvironment* scene, int index = 0) { return childAs<opRep>(axisAt(scene, index), 0); }
+template <class T>
+T* geometryAt(csEnvironment* scene, int index = 0) {
+    opRep* rep = shapeAt(scene, index);
+    if (!rep || rep->getGeometryCount() != 1) return nullptr;
+    csGeometry* g = rep->getGeometry(0);
+    return g->isOfType(T::getClassType()) ? static_cast<T*>(g) : nullptr;
 }
 
 }  // namespace wrltest

@@ -24,8 +24,7 @@ namespace {
 
 // The appearance of the top-level shape `index`.
 csAppearance* appearanceOf(csEnvironment* scene, int index) {
-    auto* axis = childAs<csTransform>(childAs<csGroup>(scene, index), 0);
-    auto* rep = childAs<opRep>(axis, 0);
+    opRep* rep = wrltest::shapeAt(scene, index);
     return rep ? rep->getAppearance() : nullptr;
 }
 

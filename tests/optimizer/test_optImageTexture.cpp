@@ -48,8 +48,7 @@ std::string texturedShape(const std::string& def, const std::string& texture) {
 
 // The csTexture that the top-level shape `index` shows.
 csTexture* textureOf(csEnvironment* scene, int index) {
-    auto* axis = childAs<csTransform>(childAs<csGroup>(scene, index), 0);
-    auto* rep = childAs<opRep>(axis, 0);
+    opRep* rep = wrltest::shapeAt(scene, index);
     csAppearance* look = rep ? rep->getAppearance() : nullptr;
     return look ? look->getTexture() : nullptr;
 }

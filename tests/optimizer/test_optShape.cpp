@@ -11,19 +11,13 @@
 #include "optimizer/optShape.h"
 #include "scene_world.h"
 
+using wrltest::axisAt;
 using wrltest::childAs;
+using wrltest::shapeAt;
 using wrltest::expectVec3;
 using wrltest::SceneLoad;
 
 namespace {
-
-// The axis transform of the shape at top level `index`.
-csTransform* topShape(csEnvironment* scene, int index = 0) {
-    auto* top = childAs<csGroup>(scene, index);
-    return top ? childAs<csTransform>(top, 0) : nullptr;
-}
-
-opRep* repOf(csTransform* axis) { return childAs<opRep>(axis, 0); }
 
 std::string geometryShape(int kind, const char* extra = "") {
     return std::string("Shape { geometry TestGeometry { kind ") + std::to_string(kind) + " " + extra + " } }\n";
@@ -36,7 +30,7 @@ TEST(optShape, ShapeWithoutFieldsIsAnEmptyRepWithTheGlowingDefaultAppearanceUnde
     csEnvironment* scene = world.load("Shape { }\n");
     ASSERT_EQ(scene->getChildCount(), 1) << "one top group, though the load frame passes the top level twice";
     EXPECT_STREQ(childAs<csGroup>(scene, 0)->getName(), "VRML Toplevel Node");
-    opRep* rep = repOf(topShape(scene));
+    opRep* rep = shapeAt(scene);
     ASSERT_NE(rep, nullptr);
     EXPECT_EQ(rep->getGeometryCount(), 0);
     csAppearance* look = rep->getAppearance();
@@ -74,17 +68,17 @@ TEST(optShape, ColouredFacesWithoutMaterialAreUnlitGrey) {
                                       geometryShape(wrltest::kPlainFaces));
     ASSERT_EQ(scene->getChildCount(), 4);
     for (int i = 0; i < 2; ++i) {
-        csAppearance* look = repOf(topShape(scene, i))->getAppearance();
+        csAppearance* look = shapeAt(scene, i)->getAppearance();
         EXPECT_TRUE(look->getMaterialModeEnable()) << i;
         EXPECT_FALSE(look->getLightEnable()) << i;
         expectVec3(look->getMaterial()->getDiffuseColor(), 0.8f, 0.8f, 0.8f);
         expectVec3(look->getMaterial()->getEmissiveColor(), 0, 0, 0);
     }
-    csAppearance* lit = repOf(topShape(scene, 2))->getAppearance();
+    csAppearance* lit = shapeAt(scene, 2)->getAppearance();
     EXPECT_TRUE(lit->getMaterialModeEnable());
     EXPECT_TRUE(lit->getLightEnable());
     expectVec3(lit->getMaterial()->getDiffuseColor(), 1, 0, 0);
-    csAppearance* plain = repOf(topShape(scene, 3))->getAppearance();
+    csAppearance* plain = shapeAt(scene, 3)->getAppearance();
     EXPECT_FALSE(plain->getMaterialModeEnable());
     EXPECT_TRUE(plain->getLightEnable());
 }
@@ -93,9 +87,9 @@ TEST(optShape, UnusableGeometryLeavesTheAxisTransformEmpty) {
     SceneLoad world;
     csEnvironment* scene = world.load(geometryShape(wrltest::kNotGeometry) + geometryShape(wrltest::kNoGeometry));
     ASSERT_EQ(scene->getChildCount(), 2);
-    EXPECT_EQ(topShape(scene, 0)->getChildCount(), 0);
+    EXPECT_EQ(axisAt(scene, 0)->getChildCount(), 0);
     // A geometry node that answers null gives an empty shape.
-    opRep* rep = repOf(topShape(scene, 1));
+    opRep* rep = shapeAt(scene, 1);
     ASSERT_NE(rep, nullptr);
     EXPECT_EQ(rep->getGeometryCount(), 0);
 }
@@ -105,8 +99,8 @@ TEST(optShape, ReplacedGeometryEmptiesTheOldShapeAndIsNotAttached) {
     csEnvironment* scene = world.load(
         "DEF S Shape { geometry TestGeometry { kind 2 } }\n"
         "DEF OTHER TestGeometry { kind 2 }\n");
-    csTransform* axis = topShape(scene);
-    opRep* first = repOf(axis);
+    csTransform* axis = axisAt(scene);
+    opRep* first = childAs<opRep>(axis, 0);
     ASSERT_NE(first, nullptr);
     ASSERT_EQ(first->getGeometryCount(), 1);
 

@@ -18,17 +18,8 @@ using wrltest::SceneLoad;
 
 namespace {
 
-opRep* repOf(csEnvironment* scene, int index) {
-    return childAs<opRep>(childAs<csTransform>(childAs<csGroup>(scene, index), 0), 0);
-}
-
-// The text that the top-level shape `index` shows, or null.
 csScreenAlignedText* textOf(csEnvironment* scene, int index) {
-    opRep* rep = repOf(scene, index);
-    if (!rep || rep->getGeometryCount() != 1) return nullptr;
-    csGeometry* geometry = rep->getGeometry(0);
-    return geometry->isOfType(csScreenAlignedText::getClassType()) ? static_cast<csScreenAlignedText*>(geometry)
-                                                                   : nullptr;
+    return wrltest::geometryAt<csScreenAlignedText>(scene, index);
 }
 
 }  // namespace
@@ -106,7 +97,7 @@ TEST(optText, NodesOfTheWrongTypeInTextFieldsBuildNothing) {
     SceneLoad world;
     csEnvironment* scene = world.load("Shape { geometry FontStyle { family \"SANS\" } }\n"
                                       "Shape { geometry Text { string \"x\" fontStyle Material { } } }\n");
-    opRep* styleShape = repOf(scene, 0);
+    opRep* styleShape = wrltest::shapeAt(scene, 0);
     ASSERT_NE(styleShape, nullptr);
     EXPECT_EQ(styleShape->getGeometryCount(), 0) << "a font style is no geometry";
     csScreenAlignedText* text = textOf(scene, 1);

@@ -22,18 +22,8 @@ using wrltest::SceneLoad;
 
 namespace {
 
-// The axis transform of the shape at top level `index`.
-csTransform* axisOf(csEnvironment* scene, int index = 0) {
-    auto* top = childAs<csGroup>(scene, index);
-    return top ? childAs<csTransform>(top, 0) : nullptr;
-}
-
-// The one face set that the shape at top level `index` draws.
 csIndexedFaceSet* facesOf(csEnvironment* scene, int index = 0) {
-    opRep* rep = childAs<opRep>(axisOf(scene, index), 0);
-    if (!rep || rep->getGeometryCount() != 1) return nullptr;
-    csGeometry* g = rep->getGeometry(0);
-    return g->isOfType(csIndexedFaceSet::getClassType()) ? static_cast<csIndexedFaceSet*>(g) : nullptr;
+    return wrltest::geometryAt<csIndexedFaceSet>(scene, index);
 }
 
 std::vector<int> intsOf(const csMFInt& list) {
@@ -51,7 +41,7 @@ struct Extent {
 Extent extentInWorld(csEnvironment* scene, int index = 0) {
     Extent e;
     csIndexedFaceSet* faces = facesOf(scene, index);
-    csTransform* axis = axisOf(scene, index);
+    csTransform* axis = wrltest::axisAt(scene, index);
     if (!faces || !axis) return e;
     const csMFVec3f& points = faces->getCoordSet()->point();
     for (int i = 0; i < points.getCount(); ++i) {
@@ -86,7 +76,7 @@ TEST(optBox, SizeTwoPutsCornerZeroAtTheFrontLowerLeft) {
     expectVec3(points.get(0), -1, -1, 1);
     expectVec3(points.get(6), 1, 1, -1);
     // A box is no toolkit primitive: it stands as it is, untessellated.
-    EXPECT_TRUE(axisOf(scene)->getMatrix().almostEqual(csMatrix4f(), 0.0f));
+    EXPECT_TRUE(wrltest::axisAt(scene)->getMatrix().almostEqual(csMatrix4f(), 0.0f));
 }
 
 TEST(optBox, SixFacesWindOutwardsWithTheWholeImageEach) {
@@ -128,7 +118,7 @@ TEST(optCone, FieldsReachTheConeAndItStandsAlongY) {
     SceneLoad world;
     csEnvironment* scene = world.load(
         "Shape { geometry DEF C Cone { bottomRadius 0.5 height 3 side TRUE bottom FALSE } }\n");
-    opCone* cone = childAs<opCone>(axisOf(scene), 0);
+    opCone* cone = childAs<opCone>(wrltest::axisAt(scene), 0);
     ASSERT_NE(cone, nullptr) << world.lastErrors();
     EXPECT_STREQ(cone->getName(), "C");
 
@@ -140,7 +130,7 @@ TEST(optCone, FieldsReachTheConeAndItStandsAlongY) {
     csIndexedFaceSet* faces = facesOf(scene);
     const csMFVec3f& points = faces->getCoordSet()->point();
     for (int i = 0; i < points.getCount(); ++i) {
-        csVec3f p = axisOf(scene)->getMatrix().xformPt(points.get(i));
+        csVec3f p = wrltest::axisAt(scene)->getMatrix().xformPt(points.get(i));
         if (p[1] > 1.4f) {
             EXPECT_NEAR(std::hypot(p[0], p[2]), 0.0f, 1e-5f);
         }
@@ -154,7 +144,7 @@ TEST(optCone, TessQualitySetsTheSamplesOfEveryPrimitive) {
     wrltest::ScopedEnv quality("TESS_QUALITY", "10");
     csEnvironment* scene = world.load("Shape { geometry Cone { } }\nShape { geometry Cylinder { } }\n"
                                       "Shape { geometry DEF S Sphere { radius 7 } }\n");
-    opSphere* sphere = childAs<opSphere>(axisOf(scene, 2), 0);
+    opSphere* sphere = childAs<opSphere>(wrltest::axisAt(scene, 2), 0);
     ASSERT_NE(sphere, nullptr);
     EXPECT_STREQ(sphere->getName(), "S");
     EXPECT_FLOAT_EQ(sphere->getRadius(), 7.0f);
