@@ -1,4 +1,5 @@
-// Switch: the choice shown, a change of it, and its children fetched once.
+// Switch: the choice shown, a change of it, and its children fetched once
+// per build.
 #include <gtest/gtest.h>
 
 #include "csSwitch.h"

@@ -1,6 +1,6 @@
-// Box, Cone, Cylinder and Sphere through whole loads: the box's fixed face
-// set, the fields of the parametric solids, and how they stand and are
-// tessellated once a shape holds them.
+// Box and the parametric solids through whole loads: the box's fixed face
+// set, the cone standing along y, and the samples every solid is
+// tessellated with.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// The language table: fixed IDs, flags, the "END" row and the lookups.
+// The language table: fixed IDs, flags and the lookups.
 #include <gtest/gtest.h>
 
 #include "loader/zn.h"
