@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
-#include <cstdio>
 #include <string>
 
 #include "test_support.h"
@@ -11,13 +11,26 @@
 namespace {
 
 // Runs wrlload on `file` with both streams joined; answers the exit status.
+// The file name goes to the program as its argument, not through a shell.
 int wrlload(const std::string& file, std::string& output) {
     wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
-    FILE* pipe = popen((std::string(WRLLOAD) + " '" + file + "' 2>&1").c_str(), "r");
-    if (pipe == nullptr) return -1;
+    int fds[2];
+    if (pipe(fds) != 0) return -1;
+    const pid_t pid = fork();
+    if (pid == 0) {
+        dup2(fds[1], 1);
+        dup2(fds[1], 2);
+        close(fds[0]);
+        close(fds[1]);
+        execl(WRLLOAD, WRLLOAD, file.c_str(), static_cast<char*>(nullptr));
+        _exit(127);
+    }
+    close(fds[1]);
     char block[256];
-    for (size_t n; (n = std::fread(block, 1, sizeof block, pipe)) > 0;) output.append(block, n);
-    const int status = pclose(pipe);
+    for (ssize_t n; (n = read(fds[0], block, sizeof block)) > 0;) output.append(block, static_cast<size_t>(n));
+    close(fds[0]);
+    int status = 0;
+    if (pid < 0 || waitpid(pid, &status, 0) != pid) return -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
