@@ -21,12 +21,8 @@ public:
     // insertion.
     int* find(std::string_view name) {
         if (slots.empty()) return nullptr;
-        const std::uint32_t h = hashOf(name);
-        for (std::size_t i = h & mask();; i = (i + 1) & mask()) {
-            Slot& s = slots[i];
-            if (s.state == kEmpty) return nullptr;
-            if (s.state == kFull && matches(s, h, name)) return &s.value;
-        }
+        Slot& s = slotFor(name, hashOf(name));
+        return s.used ? &s.value : nullptr;
     }
     const int* find(std::string_view name) const { return const_cast<znNameTable*>(this)->find(name); }
     bool contains(std::string_view name) const { return find(name) != nullptr; }
@@ -37,57 +33,35 @@ public:
     // Enters `name` with `value` unless it is there; answers whether it was
     // entered. Either way the pointer is to the stored number.
     std::pair<int*, bool> insert(std::string_view name, int value) {
-        if (int* found = find(name)) return {found, false};
-        if ((used + 1) * 2 > slots.size()) grow();
+        if ((count + 1) * 2 > slots.size()) grow();
         const std::uint32_t h = hashOf(name);
-        std::size_t i = h & mask();
-        while (slots[i].state == kFull) i = (i + 1) & mask();
-        Slot& s = slots[i];
-        if (s.state == kEmpty) ++used;
+        Slot& s = slotFor(name, h);
+        if (s.used) return {&s.value, false};
         s.name = store(name);
         s.length = static_cast<std::uint32_t>(name.size());
         s.hash = h;
         s.value = value;
-        s.state = kFull;
+        s.used = true;
         ++count;
         return {&s.value, true};
-    }
-
-    // The name's characters stay stored until the table is cleared.
-    bool erase(std::string_view name) {
-        int* found = find(name);
-        if (found == nullptr) return false;
-        Slot* s = reinterpret_cast<Slot*>(reinterpret_cast<char*>(found) - offsetof(Slot, value));
-        s->state = kErased;
-        --count;
-        return true;
     }
 
     void clear() {
         slots.clear();
         blocks.clear();
         blockLeft = 0;
-        used = 0;
         count = 0;
     }
     std::size_t size() const { return count; }
     bool empty() const { return count == 0; }
 
-    // Calls `visit(name, number)` for every entry, in no particular order.
-    template <class Visit>
-    void forEach(Visit visit) const {
-        for (const Slot& s : slots)
-            if (s.state == kFull) visit(std::string_view(s.name, s.length), s.value);
-    }
-
 private:
-    enum : std::uint8_t { kEmpty = 0, kFull = 1, kErased = 2 };
     struct Slot {
         const char* name = nullptr;  // in `blocks`
         std::uint32_t length = 0;
         std::uint32_t hash = 0;
         int value = 0;
-        std::uint8_t state = kEmpty;
+        bool used = false;
     };
 
     static std::uint32_t hashOf(std::string_view name) {
@@ -95,9 +69,16 @@ private:
         return static_cast<std::uint32_t>(h ^ (h >> 32));
     }
     std::size_t mask() const { return slots.size() - 1; }
-    bool matches(const Slot& s, std::uint32_t h, std::string_view name) const {
-        return s.hash == h && s.length == name.size() &&
-               (name.empty() || std::memcmp(s.name, name.data(), name.size()) == 0);
+    // The slot holding `name`, or the free slot where it belongs. At most
+    // half the slots are used, so the probe ends.
+    Slot& slotFor(std::string_view name, std::uint32_t h) {
+        for (std::size_t i = h & mask();; i = (i + 1) & mask()) {
+            Slot& s = slots[i];
+            if (!s.used) return s;
+            if (s.hash == h && s.length == name.size() &&
+                (name.empty() || std::memcmp(s.name, name.data(), name.size()) == 0))
+                return s;
+        }
     }
     static constexpr std::size_t kBlockSize = 64 * 1024;
     const char* store(std::string_view name) {
@@ -113,20 +94,18 @@ private:
         blockLeft -= name.size();
         return at;
     }
-    // Doubles the slots (or starts them) and drops the erased ones.
+    // Doubles the slots, or starts them.
     void grow() {
         std::vector<Slot> old;
         old.swap(slots);
         std::size_t size = 16;
         while (size < (count + 1) * 2) size *= 2;
         slots.assign(size, Slot{});
-        used = 0;
         for (const Slot& s : old) {
-            if (s.state != kFull) continue;
+            if (!s.used) continue;
             std::size_t i = s.hash & mask();
-            while (slots[i].state != kEmpty) i = (i + 1) & mask();
+            while (slots[i].used) i = (i + 1) & mask();
             slots[i] = s;
-            ++used;
         }
     }
 
@@ -136,8 +115,7 @@ private:
     std::vector<std::unique_ptr<char[]>> blocks;
     char* blockNext = nullptr;
     std::size_t blockLeft = 0;
-    std::size_t used = 0;     // slots not empty, erased ones included
-    std::size_t count = 0;    // names in the table
+    std::size_t count = 0;  // names in the table
 };
 
 #endif

@@ -36,10 +36,11 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
     const int count = countParents(parents);
     const char* typeName = type != nullptr ? type : "";
     const char* nodeName = instName != nullptr ? instName : "";
-    if (!instanceTypes.contains(nodeName)) {
+    // The first type a name was given stays its type.
+    if (auto entry = instanceTypes.insert(nodeName, 0); entry.second) {
         auto type = typeNumbers.insert(typeName, static_cast<int>(typeNames.size()));
         if (type.second) typeNames.emplace_back(typeName);
-        instanceTypes.insert(nodeName, *type.first);
+        *entry.first = *type.first;
     }
     if (count != 0 && nesting == 0 && grouping) groupingMark = 1;
     int toplevel = grouping && count == 0 && nesting == 0 ? 1 : 0;

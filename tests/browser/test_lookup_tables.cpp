@@ -1,6 +1,6 @@
 // The tables that hold one entry per node: names to numbers and numbers to
-// objects. Their faults would show only in big worlds (growth, erased slots,
-// numbers beyond the array), so those paths are driven here directly.
+// objects. Their faults would show only in big worlds (growth, numbers
+// beyond the array), so those paths are driven here directly.
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -13,29 +13,17 @@ namespace {
 
 std::string nodeName(int i) { return "x" + std::to_string(i) + "+Transform_" + std::to_string(i * 7); }
 
-TEST(NameTable, KeepsEveryNameThroughGrowthAndErasure) {
+TEST(NameTable, KeepsEveryNameThroughGrowth) {
     znNameTable table;
     const int n = 50000;
     for (int i = 0; i < n; ++i) EXPECT_TRUE(table.insert(nodeName(i), i).second);
     EXPECT_EQ(table.size(), static_cast<size_t>(n));
-    // Every other name leaves; the rest must still be found past the gaps.
-    for (int i = 0; i < n; i += 2) EXPECT_TRUE(table.erase(nodeName(i)));
-    EXPECT_FALSE(table.erase(nodeName(0)));
     for (int i = 0; i < n; ++i) {
         const int* found = table.find(nodeName(i));
-        if (i % 2 == 0) {
-            EXPECT_EQ(found, nullptr) << i;
-        } else {
-            ASSERT_NE(found, nullptr) << i;
-            EXPECT_EQ(*found, i);
-        }
+        ASSERT_NE(found, nullptr) << i;
+        EXPECT_EQ(*found, i);
     }
-    // Names come back into erased slots and grow the table again.
-    for (int i = 0; i < 2 * n; i += 2) table[nodeName(i)] = -i;
-    EXPECT_EQ(table.size(), static_cast<size_t>(n / 2 + n));
-    EXPECT_EQ(*table.find(nodeName(4)), -4);
-    EXPECT_EQ(*table.find(nodeName(2 * n - 2)), -(2 * n - 2));
-    EXPECT_EQ(*table.find(nodeName(3)), 3);
+    EXPECT_EQ(table.find(nodeName(n)), nullptr);
 }
 
 TEST(NameTable, InsertKeepsTheFirstAndIndexingReplaces) {
@@ -64,14 +52,6 @@ TEST(NameTable, TellsApartEmptyPrefixedAndLongNames) {
     EXPECT_EQ(table.find("P_"), nullptr);
     EXPECT_EQ(*table.find(longName), 13);
     EXPECT_EQ(*table.find(longName + "x"), 14);
-    int visited = 0;
-    table.forEach([&](std::string_view name, int value) {
-        ++visited;
-        if (value == 13) {
-            EXPECT_EQ(name.size(), longName.size());
-        }
-    });
-    EXPECT_EQ(visited, 5);
     table.clear();
     EXPECT_TRUE(table.empty());
     EXPECT_EQ(table.find("P"), nullptr);
