@@ -34,14 +34,6 @@ void report(void (*sink)(const char*), const char* format, const char* text) {
 
 bool isNodeValued(int fieldType) { return fieldType == SFNodeType || fieldType == MFNodeType; }
 
-// A record's fixed name field, which a careless writer may fill to the end:
-// such a text is read from a terminated copy in `spill`.
-const char* recordText(const char (&field)[kDbRecordNameLength], std::string& spill) {
-    if (std::memchr(field, '\0', kDbRecordNameLength) != nullptr) return field;
-    spill.assign(field, kDbRecordNameLength);
-    return spill.c_str();
-}
-
 // The type's own field of `name` when a node's field may take its value
 // from it rather than from text: the value was not given in the node, so
 // the text is the default the type was made from. Node-valued fields are
@@ -67,12 +59,9 @@ int znBrowserIntern::addNode(_zndbNode* first) {
     protoNodes.clear();
     depth0Nodes.clear();
 
-    std::string nameSpill;
-    std::string parentSpill;
-    std::string fieldSpill;
     for (_zndbNode* record = first; record; record = record->next) {
-        const char* name = recordText(record->name, nameSpill);
-        const char* parentName = recordText(record->parentName, parentSpill);
+        const char* name = record->name.c_str();
+        const char* parentName = record->parentName.c_str();
 
         znNodeType* type = nullptr;
         try {
@@ -124,7 +113,7 @@ int znBrowserIntern::addNode(_zndbNode* first) {
         nodes.set(record->nodeId, node);
 
         for (_zndbNodeData* data = record->fields; data; data = data->next) {
-            const char* fieldName = recordText(data->name, fieldSpill);
+            const char* fieldName = data->name.c_str();
             const FieldType fieldType = static_cast<FieldType>(data->fieldType);
             const DataType dataType = static_cast<DataType>(data->dataType);
             FieldFlags flags = data->flags;
@@ -149,7 +138,7 @@ int znBrowserIntern::addNode(_zndbNode* first) {
                 if (dataType == eventIn) {
                     int index = simManager->nextIndex();
                     dataID = node->addData(fieldName, fieldType, dataType, flags, &targets, index);
-                    simManager->addEventIn(node, dataID, data->name);
+                    simManager->addEventIn(node, dataID, data->name.data());
                 } else {
                     dataID = node->addData(fieldName, fieldType, dataType, flags, &targets, -1);
                 }
@@ -157,7 +146,7 @@ int znBrowserIntern::addNode(_zndbNode* first) {
             } else if (dataType == eventIn) {
                 int index = simManager->nextIndex();
                 dataID = node->addData(fieldName, fieldType, dataType, flags, index);
-                simManager->addEventIn(node, dataID, data->name);
+                simManager->addEventIn(node, dataID, data->name.data());
             } else if (znField* value = typeDefault(type, fieldName, fieldType, flags)) {
                 dataID = node->addData(fieldName, fieldType, dataType, flags, *value);
             } else {

@@ -159,14 +159,14 @@ void znBrowserIntern::readRoutes(const char*) {
     _zndbRoute* record = database->getRouteHead();
     database->setRouteHead(nullptr);
     while (record) {
-        std::string out(record->fromField, strnlen(record->fromField, kDbRecordNameLength));
-        std::string in(record->toField, strnlen(record->toField, kDbRecordNameLength));
+        const char* out = record->fromField.c_str();
+        const char* in = record->toField.c_str();
         ResolvedRoute route;
-        if (resolveRoute(*this, *simManager, record->fromNodeId, record->toNodeId, out.c_str(), in.c_str(),
+        if (resolveRoute(*this, *simManager, record->fromNodeId, record->toNodeId, out, in,
                          {false, kSkipRouteDestination}, false, route))
-            enterRoute(system, *simManager, record->id, route, out.c_str(), in.c_str());
+            enterRoute(system, *simManager, record->id, route, out, in);
         _zndbRoute* next = record->next;
-        std::free(record);
+        delete record;
         record = next;
     }
 }

@@ -26,19 +26,20 @@ int znBrowserIntern::addType(_zndbProto* proto, _zndbData* fields) {
         typeURLs.push_back(strdup(converted.c_str()));
         urls.push_back(typeURLs.back());
     }
-    auto* type = new znNodeType(proto->id, proto->name, urls, this, proto->isSensor, proto->bodyIsGrouping,
+    const char* typeName = proto->name.c_str();
+    auto* type = new znNodeType(proto->id, typeName, urls, this, proto->isSensor, proto->bodyIsGrouping,
                                 proto->init);
     // Script itself is a system type, the types of single Script nodes are
     // not; any other type with an implementation reference is.
     int systemProto = 0;
-    if (std::strncmp(proto->name, kScriptTypePrefix, std::strlen(kScriptTypePrefix)) != 0)
+    if (std::strncmp(typeName, kScriptTypePrefix, std::strlen(kScriptTypePrefix)) != 0)
         systemProto = urlText[0] != '\0' ? 1 : 0;
-    if (std::strcmp(proto->name, kScriptTypePrefix) == 0) systemProto = 1;
+    if (std::strcmp(typeName, kScriptTypePrefix) == 0) systemProto = 1;
     type->setSystemProto(systemProto);
 
     if (!types.emplace(proto->id, type).second) {
         char message[256];
-        std::snprintf(message, sizeof message, kFailedInsertingType, proto->name);
+        std::snprintf(message, sizeof message, kFailedInsertingType, typeName);
         znMessage(message);
         delete type;
         addingType = 0;
@@ -48,7 +49,7 @@ int znBrowserIntern::addType(_zndbProto* proto, _zndbData* fields) {
         znMessage(kFieldListNull);
     } else {
         for (_zndbData* item = fields; item != nullptr; item = item->next) {
-            type->addData(item->name, static_cast<FieldType>(item->fieldType), static_cast<DataType>(item->dataType),
+            type->addData(item->name.c_str(), static_cast<FieldType>(item->fieldType), static_cast<DataType>(item->dataType),
                           item->flags, item->value);
         }
     }

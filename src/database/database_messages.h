@@ -2,7 +2,8 @@
 #ifndef DATABASE_MESSAGES_H
 #define DATABASE_MESSAGES_H
 
-// A name that does not fit a record's fixed name field is refused.
-inline constexpr const char* kNameTooLongForRecord = "Name longer than %d characters refused: %.80s...";
+// PROTO instances inside PROTO bodies deeper than the limit.
+inline constexpr const char* kExpansionTooDeep =
+    "PROTO instances nested more than %d deep (in %.80s): the deeper ones build nothing.\n";
 
 #endif

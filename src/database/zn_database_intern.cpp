@@ -19,7 +19,7 @@ char* copyOrEmpty(const char* text) { return znCopyText(text != nullptr ? text :
 
 }  // namespace
 
-znDatabaseIntern::znDatabaseIntern(znBrowserIntern* owner) : browser(owner), parser(nullptr), proto{} {
+znDatabaseIntern::znDatabaseIntern(znBrowserIntern* owner) : browser(owner), parser(nullptr) {
     proto.url = copyOrEmpty(nullptr);
     parser = new znParser(this);
     cleanupDatabase();
@@ -30,32 +30,22 @@ znDatabaseIntern::~znDatabaseIntern() {
     clearProtoFields();
     clearVirtualRecords();
     freeNodeChain(nodeList);
-    for (_zndbNode* node : spareNodes) std::free(node);
-    for (_zndbNodeData* data : spareData) std::free(data);
+    for (_zndbNode* node : spareNodes) delete node;
+    for (_zndbNodeData* data : spareData) delete data;
     for (_zndbRoute* route = routeHead; route != nullptr;) {
         _zndbRoute* next = route->next;
-        std::free(route);
+        delete route;
         route = next;
     }
     std::free(proto.url);
     for (char* text : keptTexts) std::free(text);
 }
 
-bool znDatabaseIntern::copyName(char (&field)[kDbNameLength], const char* text) {
-    const char* source = text != nullptr ? text : "";
-    if (znCopyCut(field, source) < sizeof field) return true;
-    field[0] = '\0';
-    char message[256];
-    std::snprintf(message, sizeof message, kNameTooLongForRecord, kDbNameLength - 1, source);
-    znMessage(message);
-    return false;
-}
-
 void znDatabaseIntern::clearProtoFields() {
     for (_zndbData* item = proto.fields; item != nullptr;) {
         _zndbData* next = item->next;
         std::free(item->value);
-        std::free(item);
+        delete item;
         item = next;
     }
     proto.fields = nullptr;
@@ -66,12 +56,9 @@ void znDatabaseIntern::clearProtoFields() {
 int znDatabaseIntern::CreatePrototype(char* name, char** parents, char* url, int flagA, int sensor, char* text,
                                       char* init) {
     clearProtoFields();
-    protoRefused = 0;
-    if (!copyName(proto.name, name) || !copyName(proto.text, text)) {
-        protoRefused = 1;
-        return 0;
-    }
     const char* typeName = name != nullptr ? name : "";
+    proto.name = typeName;
+    proto.text = text != nullptr ? text : "";
     if (hasParents(parents) && !bodyProtos.contains(typeName) && !nestedProtos.contains(typeName))
         nestedProtos.insert(typeName, 0);
     // The two counters go in step, so the number kept by name is the ID.
@@ -95,13 +82,8 @@ int znDatabaseIntern::CreatePrototype(char* name, char** parents, char* url, int
 
 int znDatabaseIntern::SetPrototypeData(char* /*ignored*/, char* name, char* value, int fieldType, int dataType,
                                        FieldFlags flags) {
-    if (protoRefused) return 0;
-    auto* item = static_cast<_zndbData*>(std::calloc(1, sizeof(_zndbData)));
-    if (item == nullptr) znParserOutOfMemory();
-    if (!copyName(item->name, name)) {
-        std::free(item);
-        return 0;
-    }
+    auto* item = new _zndbData;
+    item->name = name != nullptr ? name : "";
     item->value = copyOrEmpty(value);
     item->fieldType = fieldType;
     item->dataType = dataType;
@@ -114,11 +96,6 @@ int znDatabaseIntern::SetPrototypeData(char* /*ignored*/, char* name, char* valu
 }
 
 int znDatabaseIntern::EndPrototype() {
-    if (protoRefused) {
-        protoRefused = 0;
-        clearProtoFields();
-        return 0;
-    }
     return browser != nullptr ? browser->addType(&proto, proto.fields) : 1;
 }
 
@@ -206,6 +183,7 @@ void znDatabaseIntern::cleanupDatabase() {
     ownerCounter = 0;
     routeCounter = 0;
     groupingMark = 0;
+    expansionLimitReported = 0;
     isRealNode = 0;
     currentNode = nullptr;
     currentTopNodeId = 0;

@@ -17,59 +17,56 @@
 class znParser;
 class znBrowserIntern;
 
-// Length of every fixed name field of the records, the end byte included.
-constexpr int kDbNameLength = kDbRecordNameLength;
-
 // One interface item of a type.
 struct _zndbData {
-    char name[kDbNameLength];
-    char* value;  // owning; the empty text when none
-    int fieldType;
-    int dataType;
+    std::string name;
+    char* value = nullptr;  // owning; the empty text when none
+    int fieldType = 0;
+    int dataType = 0;
     FieldFlags flags;
-    _zndbData* next;  // owning
+    _zndbData* next = nullptr;  // owning
 };
 
 // The type being declared; one record, reused for each prototype.
 struct _zndbProto {
-    int id;
-    char* url;  // owning; the empty text when none
-    char name[kDbNameLength];
-    int flagA;
-    int isSensor;
-    int bodyIsGrouping;
-    char* init;  // borrowed from the database's kept texts, may be null
-    char text[kDbNameLength];
-    _zndbData* fields;  // owning
+    int id = 0;
+    char* url = nullptr;  // owning; the empty text when none
+    std::string name;
+    int flagA = 0;
+    int isSensor = 0;
+    int bodyIsGrouping = 0;
+    char* init = nullptr;  // borrowed from the database's kept texts, may be null
+    std::string text;
+    _zndbData* fields = nullptr;  // owning
 };
 
 // One item of a node of a PROTO body.
 struct _zndbVNodeData {
-    char name[kDbNameLength];
-    char* value;  // owning; the empty text when none
-    int fieldType;
-    int dataType;
+    std::string name;
+    char* value = nullptr;  // owning; the empty text when none
+    int fieldType = 0;
+    int dataType = 0;
     FieldFlags flags;
-    int reserved;
+    int reserved = 0;
     // The owner key of the body when the item is bound by IS, else 0.
-    int isNode;
-    std::vector<char*>* isFields;  // owning, strings from strdup; null when none
+    int isNode = 0;
+    std::vector<char*>* isFields = nullptr;  // owning, strings from strdup; null when none
 };
 
 // One node of a PROTO body, replayed for each instance.
 struct _zndbVNode {
-    int typeId;
-    int nodeId;
-    int reserved;
-    char name[kDbNameLength];
-    char typeName[kDbNameLength];
-    char owner[kDbNameLength];       // innermost enclosing PROTO
-    char outerOwner[kDbNameLength];  // outermost enclosing PROTO
-    std::vector<std::string>* path;  // owning: enclosing PROTOs, innermost first
-    int nesting;
-    int isToplevel;
-    int isVirtual;
-    std::vector<_zndbVNodeData*>* fields;  // owning
+    int typeId = 0;
+    int nodeId = 0;
+    int reserved = 0;
+    std::string name;
+    std::string typeName;
+    std::string owner;       // innermost enclosing PROTO
+    std::string outerOwner;  // outermost enclosing PROTO
+    std::vector<std::string>* path = nullptr;  // owning: enclosing PROTOs, innermost first
+    int nesting = 0;
+    int isToplevel = 0;
+    int isVirtual = 0;
+    std::vector<_zndbVNodeData*>* fields = nullptr;  // owning
 };
 
 // One ROUTE of a PROTO body, by the names the parser gave.
@@ -153,8 +150,6 @@ public:
     int getNodeIdCounter() const { return nodeIdCounter; }
 
 private:
-    // Copies `text` into a name field; a text that does not fit is refused.
-    static bool copyName(char (&field)[kDbNameLength], const char* text);
     void clearProtoFields();
     void clearVirtualRecords();
     void appendNode(_zndbNode* node);
@@ -167,12 +162,13 @@ private:
     // reader took the last one over.
     _zndbRoute* newRoute();
     int protoIdOf(const char* typeName) const;
+    // Whether nodes of a PROTO of the file stand at the top of a scene, as
+    // their body does.
+    bool standsAtTop(const char* typeName);
 
     znBrowserIntern* browser;  // back pointer to the owning browser
     znParser* parser;          // owning
     _zndbProto proto;
-    // A prototype whose name did not fit: its items and its end are dropped.
-    int protoRefused = 0;
 
     std::unordered_map<std::string, int> protoIds;
     znNameTable bodyProtos;
@@ -195,6 +191,11 @@ private:
     // What a PROTO declaration prints as its body: the top nodes of the
     // first instance.
     std::map<std::string, std::vector<znProtoBodyEntry>> protoBodies;
+
+    // How deep PROTO instances inside PROTO bodies are expanded.
+    static constexpr int kMaxExpansionDepth = 100;
+    int expansionDepth = 0;
+    int expansionLimitReported = 0;
 
     int protoCounter = 0;
     int protoIdCounter = 0;

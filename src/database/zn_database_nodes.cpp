@@ -42,7 +42,9 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
         if (type.second) typeNames.emplace_back(typeName);
         *entry.first = *type.first;
     }
-    if (count != 0 && nesting == 0 && grouping) groupingMark = 1;
+    // A body whose top holds a grouping node, or an instance of a PROTO that
+    // stands at the top itself, makes its PROTO stand at the top.
+    if (count != 0 && nesting == 0 && (grouping || standsAtTop(typeName))) groupingMark = 1;
     int toplevel = grouping && count == 0 && nesting == 0 ? 1 : 0;
 
     if (count != 0) {
@@ -65,10 +67,8 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
     const int typeId = protoIdOf(typeName);
     if (typeId == 0) return 0;
     _zndbNode* node = newNodeRecord();
-    if (!copyName(node->name, nodeName) || !copyName(node->typeName, typeName)) {
-        spareNodes.push_back(node);
-        return 0;
-    }
+    node->name = nodeName;
+    node->typeName = typeName;
     node->typeId = typeId;
     node->nodeId = ++nodeIdCounter;
     currentTopNodeId = node->nodeId;
@@ -77,17 +77,21 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
     node->nesting = nesting;
     // A PROTO instance at the top of the file stands at the top when its
     // body does.
-    if (nesting == 0 && typeId > systemTypeCount && browser != nullptr) {
-        try {
-            toplevel = browser->getType(typeId)->isToplevel();
-        } catch (znInvalidNodeTypeIDException&) {
-            toplevel = 0;
-        }
-    }
+    if (nesting == 0 && typeId > systemTypeCount) toplevel = standsAtTop(typeName) ? 1 : 0;
     node->isToplevel = toplevel;
     appendNode(node);
     currentNode = node;
     return 1;
+}
+
+bool znDatabaseIntern::standsAtTop(const char* typeName) {
+    const int typeId = protoIdOf(typeName);
+    if (typeId <= systemTypeCount || browser == nullptr) return false;
+    try {
+        return browser->getType(typeId)->isToplevel() != 0;
+    } catch (znInvalidNodeTypeIDException&) {
+        return false;
+    }
 }
 
 int znDatabaseIntern::SetNodeData(char* ignored, char* name, char* value, int fieldType, int dataType,
@@ -95,10 +99,7 @@ int znDatabaseIntern::SetNodeData(char* ignored, char* name, char* value, int fi
     if (!isRealNode) return SetVirtualNodeData(ignored, name, value, fieldType, dataType, flags, isFields);
     if (currentNode == nullptr) return 0;
     _zndbNodeData* data = newDataRecord();
-    if (!copyName(data->name, name)) {
-        spareData.push_back(data);
-        return 0;
-    }
+    data->name = name != nullptr ? name : "";
     // Borrowed: the parser's text outlives the record, which ends in EndNode.
     data->value = value != nullptr ? value : const_cast<char*>("");
     data->valueOwned = 0;
@@ -150,27 +151,43 @@ void znDatabaseIntern::freeNodeChain(_zndbNode* head) {
                 delete data->isFields;
             }
             if (data->valueOwned) std::free(data->value);
-            std::free(data);
+            delete data;
             data = next;
         }
         _zndbNode* next = head->next;
-        std::free(head);
+        delete head;
         head = next;
     }
 }
 
 namespace {
-// A cleared record: a spare one when there is any, else a new one.
+// A cleared record: a spare one when there is any, else a new one. A spare
+// keeps the room of its names, so that a file of many nodes stops
+// allocating for them once the first few are done.
+void clear(_zndbNode& node) {
+    std::string name = std::move(node.name);
+    std::string typeName = std::move(node.typeName);
+    std::string parentName = std::move(node.parentName);
+    node = _zndbNode{};
+    node.name = std::move(name);
+    node.typeName = std::move(typeName);
+    node.parentName = std::move(parentName);
+    node.name.clear();
+    node.typeName.clear();
+    node.parentName.clear();
+}
+void clear(_zndbNodeData& data) {
+    std::string name = std::move(data.name);
+    data = _zndbNodeData{};
+    data.name = std::move(name);
+    data.name.clear();
+}
 template <class Record>
 Record* clearedRecord(std::vector<Record*>& spares) {
-    if (spares.empty()) {
-        auto* record = static_cast<Record*>(std::calloc(1, sizeof(Record)));
-        if (record == nullptr) znParserOutOfMemory();
-        return record;
-    }
+    if (spares.empty()) return new Record;
     Record* record = spares.back();
     spares.pop_back();
-    *record = Record{};
+    clear(*record);
     return record;
 }
 }  // namespace
@@ -231,8 +248,7 @@ void znDatabaseIntern::DumpNodes(_zndbNode* head, std::ostream& out) {
 _zndbRoute* znDatabaseIntern::newRoute() {
     // The reader took the list over: the next route starts a new one.
     if (routeCounter == 0) routeHead = routeTail = nullptr;
-    auto* route = static_cast<_zndbRoute*>(std::calloc(1, sizeof(_zndbRoute)));
-    if (route == nullptr) znParserOutOfMemory();
+    auto* route = new _zndbRoute;
     route->id = ++routeCounter;
     return route;
 }
@@ -257,15 +273,12 @@ int znDatabaseIntern::InsertRouteByName(char* fromType, char* fromNode, char* fr
     route->toTypeId = protoIdOf(toType);
     route->fromNodeId = lookupInstanceId(fromNode);
     route->toNodeId = lookupInstanceId(toNode);
-    char from[kDbNameLength];
-    char to[kDbNameLength];
-    if (route->fromTypeId == 0 || route->toTypeId == 0 || route->fromNodeId == 0 || route->toNodeId == 0 ||
-        !copyName(from, fromField) || !copyName(to, toField)) {
-        std::free(route);
+    if (route->fromTypeId == 0 || route->toTypeId == 0 || route->fromNodeId == 0 || route->toNodeId == 0) {
+        delete route;
         return 0;
     }
-    std::memcpy(route->fromField, from, sizeof from);
-    std::memcpy(route->toField, to, sizeof to);
+    route->fromField = fromField != nullptr ? fromField : "";
+    route->toField = toField != nullptr ? toField : "";
     appendRoute(route);
     return 1;
 }

@@ -21,22 +21,13 @@ constexpr int kFieldKind = 0;
 // The marker that the parser stores as the value of a field bound by IS.
 constexpr const char* kISMarker = "IZZED";
 
-// "%s_%d" of a name and a number, or false when it would not fit a record.
-bool suffixed(char (&out)[kDbNameLength], const char* name, int number) {
-    const std::size_t length = std::strlen(name);
+// "%s_%d" of a name and a number.
+void suffixed(std::string& out, const std::string& name, int number) {
     char digits[16];
-    const std::size_t count = static_cast<std::size_t>(znWriteDecimal(digits, number) - digits);
-    if (length + 1 + count < sizeof out) {
-        std::memcpy(out, name, length);
-        out[length] = '_';
-        std::memcpy(out + length + 1, digits, count);
-        out[length + 1 + count] = '\0';
-        return true;
-    }
-    char message[256];
-    std::snprintf(message, sizeof message, kNameTooLongForRecord, kDbNameLength - 1, name);
-    znMessage(message);
-    return false;
+    out.reserve(name.size() + sizeof digits);
+    out.assign(name);
+    out += '_';
+    out.append(digits, znWriteDecimal(digits, number));
 }
 
 char* copyText(const char* text) { return znCopyText(text != nullptr ? text : ""); }
@@ -57,11 +48,10 @@ int znDatabaseIntern::CreateVirtualNode(char* type, char* instName, char** paren
     currentKey = *owner.first;
 
     auto* node = new _zndbVNode{};
-    if (!copyName(node->name, nodeName) || !copyName(node->typeName, type) || !copyName(node->owner, innermost) ||
-        !copyName(node->outerOwner, parents[0])) {
-        delete node;
-        return 0;
-    }
+    node->name = nodeName;
+    node->typeName = type != nullptr ? type : "";
+    node->owner = innermost;
+    node->outerOwner = parents[0];
     node->typeId = typeId;
     node->nodeId = ++nodeIdCounter;
     node->path = new std::vector<std::string>;
@@ -81,10 +71,7 @@ int znDatabaseIntern::SetVirtualNodeData(char* /*ignored*/, char* name, char* va
     // of its name under the current key.
     if (currentVNode == nullptr) return 0;
     auto* data = new _zndbVNodeData{};
-    if (!copyName(data->name, name)) {
-        delete data;
-        return 0;
-    }
+    data->name = name != nullptr ? name : "";
     data->value = copyText(value);
     data->fieldType = fieldType;
     data->dataType = dataType;
@@ -117,21 +104,38 @@ int znDatabaseIntern::makeNodes(const char* protoName, int suffix) {
     // instances of its own, so the names of two expansions cannot meet.
     const int thisInstance = ++instanceCounter;
     instanceNumber = thisInstance;
+    // Bodies hold instances of other PROTOs, each expanded inside the one
+    // that holds it: a long chain of them must not exhaust the stack.
+    if (expansionDepth >= kMaxExpansionDepth) {
+        if (!expansionLimitReported) {
+            char message[256];
+            std::snprintf(message, sizeof message, kExpansionTooDeep, kMaxExpansionDepth,
+                          protoName != nullptr ? protoName : "");
+            znAlert(message);
+            expansionLimitReported = 1;
+        }
+        return 0;
+    }
+    struct DepthStep {
+        int& depth;
+        explicit DepthStep(int& d) : depth(d) { ++depth; }
+        ~DepthStep() { --depth; }
+    } step(expansionDepth);
     if (const int* owner = vnodeOwners.find(protoName != nullptr ? protoName : "")) {
         auto body = vnodes.find(*owner);
         if (body != vnodes.end()) {
             // The vector may not grow while it is replayed: bodies are read
             // before any instance of them.
             for (_zndbVNode* node : body->second) {
-                const int kind = isProto(node->name);
+                const int kind = isProto(node->name.c_str());
                 if (kind != 0) {
                     makeNode(node, suffix, thisInstance);
                     if (kind == 1)
-                        makeNodes(node->typeName, node->nodeId);
+                        makeNodes(node->typeName.c_str(), node->nodeId);
                     else
-                        makeNodes(node->typeName, suffix);
+                        makeNodes(node->typeName.c_str(), suffix);
                 } else {
-                    makeNodes(node->typeName, node, suffix);
+                    makeNodes(node->typeName.c_str(), node, suffix);
                 }
                 instanceNumber = thisInstance;
             }
@@ -141,16 +145,13 @@ int znDatabaseIntern::makeNodes(const char* protoName, int suffix) {
 }
 
 int znDatabaseIntern::makeNodes(const char* /*name*/, _zndbVNode* node, int suffix) {
-    if (isProto(node->name) != 0) return makeNodes(node->typeName, node->nodeId);
+    if (isProto(node->name.c_str()) != 0) return makeNodes(node->typeName.c_str(), node->nodeId);
     return makeNode(node, suffix, instanceNumber);
 }
 
 int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
     _zndbNode* node = newNodeRecord();
-    if (!suffixed(node->name, v->name, instance)) {
-        spareNodes.push_back(node);
-        return 0;
-    }
+    suffixed(node->name, v->name, instance);
     node->typeId = v->typeId;
     // The first instance takes the IDs of the body's records themselves.
     const bool firstExpansion = usedVirtualIds.insert(v->nodeId).second;
@@ -167,8 +168,8 @@ int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
     node->nesting = v->nesting;
     node->isToplevel = v->isToplevel;
     node->isExpanded = 1;
-    std::memcpy(node->typeName, v->typeName, sizeof node->typeName);
-    std::memcpy(node->parentName, v->owner, sizeof node->parentName);
+    node->typeName = v->typeName;
+    node->parentName = v->owner;
 
     // IS inside an expansion points at the node that is the instance.
     int isTarget = currentTopNodeId;
@@ -178,7 +179,7 @@ int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
     _zndbNodeData* tail = nullptr;
     for (_zndbVNodeData* d : *v->fields) {
         _zndbNodeData* data = newDataRecord();
-        std::memcpy(data->name, d->name, sizeof data->name);
+        data->name = d->name;
         if (std::strcmp(d->value, kISMarker) == 0) d->value[0] = '\0';
         const bool nodeName = d->dataType == kFieldKind && std::strcmp(d->value, "NULL") != 0;
         if (d->fieldType == kMFNodeType && nodeName) {
@@ -266,23 +267,23 @@ int znDatabaseIntern::createVirtualRoute(char* fromType, char* fromNode, char* f
 int znDatabaseIntern::addVirtualRoutes(const char* protoName, int suffix) {
     auto found = vroutes.find(protoName != nullptr ? protoName : "");
     if (found == vroutes.end()) return 1;
+    std::string routeName;
     for (_zndbVRoute* virtualRoute : found->second) {
         _zndbRoute* route = newRoute();
-        char fromName[kDbNameLength];
-        char toName[kDbNameLength];
         route->fromTypeId = protoIdOf(virtualRoute->fromType);
         route->toTypeId = protoIdOf(virtualRoute->toType);
-        const bool named = suffixed(fromName, virtualRoute->fromNode, suffix) &&
-                           suffixed(toName, virtualRoute->toNode, suffix);
-        route->fromNodeId = named ? lookupInstanceId(fromName) : 0;
-        route->toNodeId = named ? lookupInstanceId(toName) : 0;
+        suffixed(routeName, virtualRoute->fromNode, suffix);
+        route->fromNodeId = lookupInstanceId(routeName.c_str());
+        suffixed(routeName, virtualRoute->toNode, suffix);
+        route->toNodeId = lookupInstanceId(routeName.c_str());
         // The first route that does not resolve ends the routes of this
         // instance.
-        if (route->fromTypeId == 0 || route->toTypeId == 0 || route->fromNodeId == 0 || route->toNodeId == 0 ||
-            !copyName(route->fromField, virtualRoute->fromField) || !copyName(route->toField, virtualRoute->toField)) {
-            std::free(route);
+        if (route->fromTypeId == 0 || route->toTypeId == 0 || route->fromNodeId == 0 || route->toNodeId == 0) {
+            delete route;
             return 0;
         }
+        route->fromField = virtualRoute->fromField;
+        route->toField = virtualRoute->toField;
         appendRoute(route);
     }
     return 1;

@@ -46,7 +46,7 @@ public:
     Field* getField(const char* name, Field*);
 
     int getID() { return id; }
-    const char* getType() { return name; }
+    const char* getType() { return name.c_str(); }
     Browser* getBrowser() { return browser; }
     znScriptInterface* getInterface() { return interface; }
     int isSensor() { return sensor; }
@@ -97,7 +97,7 @@ private:
     int supportMsgShown;
     znScriptInterface* interface;  // owning
     Browser* browser;              // borrowed
-    char name[256];
+    std::string name;
     int scriptID;
     int depth;
     int paused;

@@ -57,12 +57,12 @@ public:
     void setRouteHead(_zndbRoute* h) override { head = h; }
     // Appends a route record as the database makes them.
     void add(int id, int fromNode, const char* fromField, int toNode, const char* toField) {
-        auto* record = static_cast<_zndbRoute*>(std::calloc(1, sizeof(_zndbRoute)));
+        auto* record = new _zndbRoute;
         record->id = id;
         record->fromNodeId = fromNode;
-        std::snprintf(record->fromField, sizeof record->fromField, "%s", fromField);
+        record->fromField = fromField;
         record->toNodeId = toNode;
-        std::snprintf(record->toField, sizeof record->toField, "%s", toField);
+        record->toField = toField;
         _zndbRoute** slot = &head;
         while (*slot) slot = &(*slot)->next;
         *slot = record;

@@ -26,22 +26,22 @@ public:
                     delete data->isFields;
                 }
                 std::free(data->value);
-                std::free(data);
+                delete data;
                 data = next;
             }
             _zndbNode* next = node->next;
-            std::free(node);
+            delete node;
             node = next;
         }
     }
 
     _zndbNode* node(int typeId, int nodeId, const char* name, const char* parent = "", int nesting = 0,
                     int toplevel = 0) {
-        auto* record = static_cast<_zndbNode*>(std::calloc(1, sizeof(_zndbNode)));
+        auto* record = new _zndbNode;
         record->typeId = typeId;
         record->nodeId = nodeId;
-        std::snprintf(record->name, sizeof record->name, "%s", name);
-        std::snprintf(record->parentName, sizeof record->parentName, "%s", parent);
+        record->name = name;
+        record->parentName = parent;
         record->nesting = nesting;
         record->isToplevel = toplevel;
         if (tail)
@@ -54,8 +54,8 @@ public:
 
     _zndbNodeData* field(const char* name, int fieldType, int dataType, const char* value, int isNodeId = 0,
                          std::vector<const char*> isNames = {}) {
-        auto* data = static_cast<_zndbNodeData*>(std::calloc(1, sizeof(_zndbNodeData)));
-        std::snprintf(data->name, sizeof data->name, "%s", name);
+        auto* data = new _zndbNodeData;
+        data->name = name;
         data->value = strdup(value);
         data->fieldType = fieldType;
         data->dataType = dataType;
