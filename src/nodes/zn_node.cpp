@@ -35,7 +35,7 @@ znNode::znNode(int nodeID, const char* nodeName, znNodeType* type, Browser* b)
     if (ZN* system = b->getZN()) scriptInterfaces = system->scriptInterfaces;
     scriptEnabled = scriptInterfaces ? scriptInterfaces->isEnabled(type->getScriptID()) : 1;
     type->setPaused(0);
-    const std::size_t length = std::min(std::strlen(nodeName), kNameLength - 1);
+    const std::size_t length = std::strlen(nodeName);
     name = static_cast<char*>(std::malloc(length + 1));
     if (name == nullptr) znOutOfMemory();
     std::memcpy(name, nodeName, length);
@@ -277,6 +277,25 @@ int znNode::getDataID(const char* fieldName) { return nodeType->getDataID(fieldN
 // --- Output --------------------------------------------------------------------
 
 void znNode::print(std::ostream& os) {
+    std::vector<znNode*> printing;
+    print(os, printing);
+}
+
+void znNode::printChild(std::ostream& os, znNode* child, std::vector<znNode*>& printing) {
+    if (std::find(printing.begin(), printing.end(), child) == printing.end()) {
+        child->print(os, printing);
+        return;
+    }
+    // Only a DEF'ed node can be named again; any other loop ends in NULL.
+    const char* childName = child->name;
+    if ((childName[0] == 'd' || childName[0] == 'u') && std::strlen(childName) > kPlainNameOffset)
+        os << "\n" << child->nodeType->indent() << "USE " << (childName + kPlainNameOffset) << "\n";
+    else
+        os << "NULL\n";
+}
+
+void znNode::print(std::ostream& os, std::vector<znNode*>& printing) {
+    printing.push_back(this);
     os << "\n" << nodeType->indent();
     if (name[0] == 'u') {
         os << "USE " << (name + kPlainNameOffset);
@@ -299,32 +318,48 @@ void znNode::print(std::ostream& os) {
         }
         if (f->getDataType() != field || !f->getFlags().valueSet()) continue;
         os << nodeType->indent() << "  " << entry << "\t";
-        if (f->getFieldType() == SFNodeType) {
-            nodeType->raiseDepth();
-            auto* single = dynamic_cast<SFNode*>(f);
-            BaseNode value = single ? single->getValue() : BaseNode();
-            if (znNode* child = value.handleNode())
-                child->print(os);
-            else
-                os << "NULL\n";
-            nodeType->lowerDepth();
-        } else if (f->getFieldType() == MFNodeType) {
-            os << "[ ";
-            nodeType->raiseDepth();
-            std::vector<Builtin*> children;
-            if (auto* list = dynamic_cast<MFNode*>(f)) Builtin::getBuiltin(*list, children);
-            for (size_t k = 0; k < children.size(); ++k) {
-                if (k > 0) os << nodeType->indent() << ",\n";
-                if (znNode* child = dynamic_cast<znNode*>(children[k]))
-                    child->print(os);
-                else
-                    os << "NULL\n";
-            }
-            nodeType->lowerDepth();
-            os << nodeType->indent() << "  ]\n";
+        if (isNodeValued(f)) {
+            printNodes(os, *f, *nodeType, printing);
         } else {
             os << *f << "\n";
         }
     }
     os << nodeType->indent() << "}" << "\n";
+    printing.pop_back();
+}
+
+bool znNode::isNodeValued(znField* f) {
+    return f->getFieldType() == SFNodeType || f->getFieldType() == MFNodeType;
+}
+
+void znNode::printNodes(std::ostream& os, znField& f, znNodeType& indenting) {
+    std::vector<znNode*> printing;
+    printNodes(os, f, indenting, printing);
+}
+
+void znNode::printNodes(std::ostream& os, znField& f, znNodeType& indenting, std::vector<znNode*>& printing) {
+    if (f.getFieldType() == SFNodeType) {
+        indenting.raiseDepth();
+        auto* single = dynamic_cast<SFNode*>(&f);
+        BaseNode value = single ? single->getValue() : BaseNode();
+        if (znNode* child = value.handleNode())
+            printChild(os, child, printing);
+        else
+            os << "NULL\n";
+        indenting.lowerDepth();
+        return;
+    }
+    os << "[ ";
+    indenting.raiseDepth();
+    std::vector<Builtin*> children;
+    if (auto* list = dynamic_cast<MFNode*>(&f)) Builtin::getBuiltin(*list, children);
+    for (size_t k = 0; k < children.size(); ++k) {
+        if (k > 0) os << indenting.indent() << ",\n";
+        if (znNode* child = dynamic_cast<znNode*>(children[k]))
+            printChild(os, child, printing);
+        else
+            os << "NULL\n";
+    }
+    indenting.lowerDepth();
+    os << indenting.indent() << "  ]\n";
 }

@@ -97,8 +97,17 @@ public:
 
     int initialize();
     void print(std::ostream& os);
+    // The value of an SFNode or MFNode field as VRML text, the nodes
+    // indented by the depth of `indenting`.
+    static bool isNodeValued(znField* f);
+    static void printNodes(std::ostream& os, znField& f, znNodeType& indenting);
 
 private:
+    static void printNodes(std::ostream& os, znField& f, znNodeType& indenting, std::vector<znNode*>& printing);
+    // `print` below the nodes being printed: a node that holds one of them,
+    // as a Script that names itself does, is written as a USE of it.
+    void print(std::ostream& os, std::vector<znNode*>& printing);
+    static void printChild(std::ostream& os, znNode* child, std::vector<znNode*>& printing);
     // Enters `f` under `name`, or destroys it and reports `failure`.
     int enter(const char* name, znField* f, const char* failure);
 
@@ -106,10 +115,8 @@ private:
     znNodeType* nodeType;    // borrowed
     int id;
     std::vector<znField*> fields;  // owning; a hole repeats a pointer until filled
-    // Owning, at most kNameLength - 1 characters: a world has a name per
-    // node, most of them short.
+    // Owning: a world has a name per node, most of them short.
     char* name;
-    static constexpr std::size_t kNameLength = 256;
     znNode* firstNode;       // borrowed: first node of a PROTO body
     char* parent;            // owning, strdup copy
     int firstNodeID;

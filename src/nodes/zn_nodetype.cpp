@@ -25,7 +25,7 @@ constexpr const char* kChangedSuffix = "_changed";
 znNodeType::znNodeType(int typeID, const char* typeName, std::vector<const char*>& urls, Browser* b,
                        int isSensorType, int isToplevelType, char* init)
     : id(typeID), systemProto(0), sensor(isSensorType), toplevel(isToplevelType), supportMsgShown(0),
-      interface(nullptr), browser(b), name{}, scriptID(0), depth(0), paused(0), indentBuffer{},
+      interface(nullptr), browser(b), scriptID(0), depth(0), paused(0), indentBuffer{},
       initFn(init) {
     if (!typeName) {
         znAlert(kNodeTypeNeedsName);
@@ -36,7 +36,7 @@ znNodeType::znNodeType(int typeID, const char* typeName, std::vector<const char*
         std::snprintf(message, sizeof message, kNotSupported, typeName);
         znMessage(message);
     }
-    znCopyCut(name, typeName);
+    name = typeName;
     std::memset(indentBuffer, ' ', sizeof indentBuffer);
     const bool noImplementation = urls.empty() || (urls.size() == 1 && (!urls[0] || !*urls[0]));
     if (!noImplementation) interface = znScriptInterface::newInterface(urls, *this);
@@ -145,12 +145,18 @@ void znNodeType::print(std::ostream& os) {
             os << indent() << "  " << f->getDataType();
         const char* entry = getDataName(static_cast<int>(i));
         os << f->getFieldType() << (entry ? entry : "") << "\t";
+        // A node-valued default is written as nodes, so that the text reads
+        // back; the others as their value text.
+        if (f->getDataType() == field && znNode::isNodeValued(f)) {
+            znNode::printNodes(os, *f, *this);
+            continue;
+        }
         if (f->getDataType() == field) os << *f;
         os << "\n";
     }
     os << indent() << "] { ";
     znDatabase* db = browser ? browser->getDatabase() : nullptr;
-    const std::vector<znProtoBodyEntry>* body = db ? db->getProtoBody(name) : nullptr;
+    const std::vector<znProtoBodyEntry>* body = db ? db->getProtoBody(name.c_str()) : nullptr;
     if (body) {
         auto* world = dynamic_cast<znBrowserIntern*>(browser);
         for (const znProtoBodyEntry& entry : *body) {
@@ -176,7 +182,7 @@ void znNodeType::printSupportMsg() {
     if (interface || !systemProto || supportMsgShown) return;
     std::string format = std::string(kSupportMsgHead) + kSupportPage + kSupportMsgTail;
     char message[1024];
-    std::snprintf(message, sizeof message, format.c_str(), name);
+    std::snprintf(message, sizeof message, format.c_str(), name.c_str());
     znAlert(message);
     supportMsgShown = 1;
 }
