@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
@@ -233,12 +234,23 @@ int tokensPerElement(FieldType elementType) {
     }
 }
 
+// A comment, which the scanner keeps inside the text of a value whose
+// numbers stand on several lines, runs from '#' to the end of its line.
+inline const char* skipComment(const char* p, const char* end) {
+    while (p < end && *p != '\n') ++p;
+    return p;
+}
+
 // The next token of a multiple value in [p, end): its span, or false.
 bool nextToken(const char*& p, const char* end, const char*& start, const char*& stop) {
-    while (p < end && isElementDelimiter(*p)) ++p;
-    if (p >= end) return false;
+    for (;;) {
+        while (p < end && isElementDelimiter(*p)) ++p;
+        if (p >= end) return false;
+        if (*p != '#') break;
+        p = skipComment(p, end);
+    }
     start = p;
-    while (p < end && !isElementDelimiter(*p)) ++p;
+    while (p < end && !isElementDelimiter(*p) && *p != '#') ++p;
     stop = p;
     return true;
 }
@@ -255,10 +267,14 @@ void elementText(const char* const* starts, const char* const* stops, int n, std
 void readNumbers(const char* text, const char* end, int count, float* slots) {
     const char* p = text;
     for (int i = 0; i < count; ++i) {
-        while (p < end && std::strchr(kNumberDelimiters, *p) && *p) ++p;
+        for (;;) {
+            while (p < end && std::strchr(kNumberDelimiters, *p) && *p) ++p;
+            if (p >= end || *p != '#') break;
+            p = skipComment(p, end);
+        }
         if (p >= end) return;
         const char* start = p;
-        while (p < end && !std::strchr(kNumberDelimiters, *p)) ++p;
+        while (p < end && !std::strchr(kNumberDelimiters, *p) && *p != '#') ++p;
         double v;
         if (readDouble(start, p, v)) slots[i] = static_cast<float>(v);
     }
@@ -480,25 +496,33 @@ void znBrowserIntern::lfvrml2data(_znArray<float>& array, int count, const char*
 
 namespace {
 // The SFString value of a text: what stands between the first quote and the
-// first unescaped one, with escaping backslashes removed.
+// first unescaped one. A backslash takes the character after it as it is,
+// so "\\" is one backslash and "\"" a quote inside the string.
 std::string unquote(const char* text) {
     const char* quote = std::strchr(text, '"');
     if (!quote || (quote > text && quote[-1] == '\\')) return std::string();
-    const char* p = quote + 1;
-    if (*p == '"') return std::string();
     std::string value;
-    for (; *p; ++p) {
+    for (const char* p = quote + 1; *p; ++p) {
         if (*p == '\\') {
-            if (p[1] == '"') {
-                value.push_back('"');
-                ++p;
-            }
-            continue;
+            if (!*++p) break;
+        } else if (*p == '"') {
+            return value;
         }
-        if (*p == '"') return value;
         value.push_back(*p);
     }
     return std::string();
+}
+
+// The end of the token that starts at `p` in a list of strings: past the
+// closing quote of a quoted string, else at the next delimiter.
+const char* stringTokenEnd(const char* p) {
+    if (*p == '"') {
+        for (++p; *p && *p != '"'; ++p)
+            if (*p == '\\' && p[1]) ++p;
+        return *p ? p + 1 : p;
+    }
+    while (*p && !std::strchr(kStringDelimiters, *p)) ++p;
+    return p;
 }
 }  // namespace
 
@@ -638,17 +662,20 @@ void mvrml2data(znBrowserIntern* browser, std::vector<T>& list, FieldType elemen
 
 void mvrml2string(std::vector<std::string>& list, const char* text) {
     if (!text) return;
-    const char* bracket = std::strchr(text, '[');
-    const bool single = bracket == nullptr;
-    std::string copy(single ? text : bracket + 1);
+    // A list when its text begins with "[": a lone string may hold one.
+    while (isBlank(*text)) ++text;
+    const bool single = *text != '[';
+    const char* p = single ? text : text + 1;
     znMemoryGuard guard;
     list.clear();
-    std::string value(SFString::kDefaultSize, '\0');
-    for (char* token = stringtok(&copy[0], kStringDelimiters); token;
-         token = stringtok(nullptr, kStringDelimiters)) {
-        if (!hasNonBlank(token, token + std::strlen(token))) continue;
-        value = znTerminated(unquote(token));
-        list.push_back(value);
+    std::string token;
+    while (*p) {
+        while (*p && std::strchr(kStringDelimiters, *p)) ++p;
+        if (!*p) break;
+        const char* end = stringTokenEnd(p);
+        token.assign(p, end);
+        p = end;
+        list.push_back(znTerminated(unquote(token.c_str())));
         if (single) break;
     }
 }
@@ -709,11 +736,23 @@ void writeValue(znBrowserIntern& browser, void* data, FieldType type, TextOut& t
         case SFInt32Type:
             text.integer(*static_cast<int*>(data));
             break;
-        case SFStringType:
+        case SFStringType: {
+            // Quotes and backslashes are escaped, so that the text reads back
+            // to the same string.
             text.put("\"", 1);
-            text.put(static_cast<std::string*>(data)->c_str());
+            // The stored string ends in a NUL of its own.
+            const std::string_view value(static_cast<std::string*>(data)->c_str());
+            std::size_t from = 0;
+            for (std::size_t at = value.find_first_of("\"\\"); at != std::string::npos;
+                 at = value.find_first_of("\"\\", at + 1)) {
+                text.put(value.data() + from, at - from);
+                text.put("\\", 1);
+                from = at;
+            }
+            text.put(value.data() + from, value.size() - from);
             text.put("\"", 1);
             break;
+        }
         case SFColorType:
         case SFVec3fType:
             writeFloats(*static_cast<_znArray<float>*>(data), 3, text);

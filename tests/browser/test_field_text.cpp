@@ -185,7 +185,7 @@ TEST_F(FieldText, MFStringQuotedBlanksCommasAndEscapedQuotes) {
     EXPECT_STREQ(list[0].c_str(), "a b");
     EXPECT_STREQ(list[1].c_str(), "c,d");
     EXPECT_STREQ(list[2].c_str(), "e\"f");
-    EXPECT_EQ(write(&list, MFStringType), "[ \"a b\", \"c,d\", \"e\"f\", ]");
+    EXPECT_EQ(write(&list, MFStringType), "[ \"a b\", \"c,d\", \"e\\\"f\", ]");
     std::string text = "[\"" + std::string(400, 'q') + "\"]";
     auto longOne = read<std::vector<std::string>>(MFStringType, text.c_str());
     ASSERT_EQ(longOne.size(), 1u);
