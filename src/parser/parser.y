@@ -3,12 +3,15 @@
  * decision sits in znParser; the actions call it in order, pass the token
  * texts along and free them.
  *
- * The empty markers m1 .. m13 run their action in the middle of a
- * production, and several of them (m1, m2, m5 .. m10) set what the lexer is
- * to read next or where it reads from. That works only because a state whose
- * one action is a default reduction reduces without reading a look-ahead
- * token; each marker is used once, so its action reaches the symbols before
- * it through $0, $-1, ...
+ * The empty markers m1 .. m14 run their action in the middle of a
+ * production, and several of them (m1, m2, m5 .. m10, m14) set what the
+ * lexer is to read next or where it reads from. That works only because a
+ * state whose one action is a default reduction reduces without reading a
+ * look-ahead token; each marker is used once, so its action reaches the
+ * symbols before it through $0, $-1, ...
+ *
+ * Rules that real files need beyond the first grammar stand at the end, so
+ * that the numbers of the others, which the trace shows, stay as they are.
  *
  * There is no error rule: the first token the tables refuse ends the parse
  * with "parse error".
@@ -19,7 +22,6 @@
 #include <cstring>
 #include <string>
 
-#include "loader/zn_text.h"
 #include "parser/parser_messages.h"
 #include "parser/parser_trace.h"
 #include "parser/zn_lexer.h"
@@ -90,6 +92,12 @@ static void yyerror(void* parser, const char* message) { P->yyerror(message); }
 
 %start vrmlscene
 
+/* Every token text and every field value is a heap string that the actions
+   hand on or free; the ones a parse that stops leaves on its stacks go here. */
+%destructor { std::free($$); } IDENTIFIER SFBOOL SFCOLOR SFFLOAT SFIMAGE SFINT32 SFNODE SFROTATION
+%destructor { std::free($$); } SFSTRING SFTIME SFVEC2F SFVEC3F MFCOLOR MFFLOAT MFINT32 MFROTATION
+%destructor { std::free($$); } MFSTRING MFTIME MFVEC2F MFVEC3F MFNODE fieldValue
+
 %%
 
 vrmlscene
@@ -109,51 +117,28 @@ declaration
 
     /* Type { ... }, DEF name Type { ... }, USE name */
 m1
-    : %empty {
-        P->enterNode($0);
-        char suffix[16] = "_";
-        *znWriteDecimal(suffix + 1, P->anonymousCount++) = '\0';
-        P->suffixBuffer = suffix;
-        const std::string name = std::string($0) + P->suffixBuffer;
-        P->setName(P->makeDefName(name.c_str(), 0, 'x'));
-    }
+    : %empty { P->enterAnonymousNode($0); }
     ;
 
 nodeDeclaration
     : IDENTIFIER m1 nodeg {
-        P->getName();
-        if (P->skippingNode) {
-            P->skippingNode = 0;
-        } else {
-            P->exitNode();
-        }
+        P->endNodeDeclaration();
         std::free($1);
     }
     ;
 
 m2
-    : %empty {
-        if (P->defCounterDepth < znParser::kDefCounterDepth) {
-            P->defCounterStack[P->defCounterDepth++] = P->setDefName($-1);
-        }
-        P->enterNode($0);
-        const int counter = P->defCounterDepth > 0 ? P->defCounterStack[--P->defCounterDepth] : 0;
-        P->setName(P->makeDefName($-1, counter, 'd'));
-    }
+    : %empty { P->enterDefNode($-1, $0); }
     ;
 
 nodeDeclaration
     : DEF IDENTIFIER IDENTIFIER m2 nodeg {
-        P->getName();
-        if (P->skippingNode) P->skippingNode = 0; else P->exitNode();
+        P->endNodeDeclaration();
         std::free($3);
         std::free($2);
     }
     | USE IDENTIFIER {
-        // getDefName answers the 'u' form of a DEF'ed name, and an unknown
-        // name as it stands.
-        P->nodeNameBuffer = P->getDefName($2);
-        if (P->fieldNestingCount() == 0) P->createToplevelUSE(P->nodeNameBuffer.c_str());
+        P->useNode($2);
         std::free($2);
     }
     ;
@@ -189,8 +174,7 @@ m6
 
 externproto
     : EXTERNPROTO IDENTIFIER '[' externInterfaceDeclarations ']' m5 fieldValue m6 declarations EXTPROTOCREATED {
-        P->endExternProto();
-        P->endStandIn();
+        P->finishExternProto();
         std::free($2);
         std::free($7);
     }
@@ -238,34 +222,40 @@ interfaceDeclaration
     }
     ;
 
-    /* The interface of an EXTERNPROTO is the one its file declares. */
+    /* The interface of an EXTERNPROTO is the one its file declares; the
+       declared one serves when no file gives the PROTO. */
 externInterfaceDeclarations
     : %empty
     | externInterfaceDeclarations externInterfaceDeclaration
     ;
 
 externInterfaceDeclaration
-    : EVENTIN IDENTIFIER IDENTIFIER { std::free($2); std::free($3); }
-    | EVENTOUT IDENTIFIER IDENTIFIER { std::free($2); std::free($3); }
-    | FIELD IDENTIFIER IDENTIFIER { std::free($2); std::free($3); }
-    | EXPOSEDFIELD IDENTIFIER IDENTIFIER { std::free($2); std::free($3); }
+    : EVENTIN IDENTIFIER IDENTIFIER {
+        P->addExternInterface(EVENTIN, $2, $3);
+        std::free($2);
+        std::free($3);
+    }
+    | EVENTOUT IDENTIFIER IDENTIFIER {
+        P->addExternInterface(EVENTOUT, $2, $3);
+        std::free($2);
+        std::free($3);
+    }
+    | FIELD IDENTIFIER IDENTIFIER {
+        P->addExternInterface(FIELD, $2, $3);
+        std::free($2);
+        std::free($3);
+    }
+    | EXPOSEDFIELD IDENTIFIER IDENTIFIER {
+        P->addExternInterface(EXPOSEDFIELD, $2, $3);
+        std::free($2);
+        std::free($3);
+    }
     ;
 
     /* ROUTE node.field TO node.field */
 routeDeclaration
     : ROUTE IDENTIFIER '.' IDENTIFIER TO IDENTIFIER '.' IDENTIFIER {
-        // Outside its PROTOs, a file read for an EXTERNPROTO only passes by.
-        if (P->externProtoDepth == 0 || P->protoDepth != 0) {
-            // A DEF'ed node is named in its 'd' form; an unknown name goes on
-            // as it stands.
-            const char* fromName = P->getDefName($2);
-            std::string from = fromName;
-            if (fromName != $2) from[0] = 'd';
-            const char* toName = P->getDefName($6);
-            std::string to = toName;
-            if (toName != $6) to[0] = 'd';
-            P->setRoute(from.c_str(), $4, to.c_str(), $8);
-        }
+        P->declareRoute($2, $4, $6, $8);
         std::free($2);
         std::free($4);
         std::free($6);
@@ -273,7 +263,8 @@ routeDeclaration
     }
     ;
 
-    /* The body of a node; an unknown type's body is walked over as garbage. */
+    /* The body of a node. The lexer reads the whole body of an unknown
+       type's node itself; GARBAGE comes only where no "{" follows the type. */
 nodeg
     : '{' nodeGuts '}'
     ;
@@ -300,11 +291,7 @@ m9
 
 nodeGut
     : IDENTIFIER m9 fieldValue {
-        if (P->externProtoDepth == 0 || P->protoDepth != 0) {
-            P->setField($3);
-        } else {
-            std::free($3);
-        }
+        P->setFieldValue($3);
         P->exitField();
         std::free($1);
     }
@@ -325,11 +312,7 @@ nodeGut
     ;
 
 m10
-    : %empty {
-        P->inScript();
-        P->expect(P->addField($-1, $0));
-        P->enterField($0);
-    }
+    : %empty { P->beginScriptField($-1, $0); }
     ;
 
 nodeGut
@@ -339,19 +322,13 @@ nodeGut
         std::free($3);
     }
     | EVENTIN IDENTIFIER IDENTIFIER IS IDENTIFIER {
-        P->inScript();
-        P->addEventIn($2, $3);
-        P->enterField($3);
-        P->setFieldIS($5);
+        P->addScriptEventIS(EVENTIN, $2, $3, $5);
         std::free($2);
         std::free($3);
         std::free($5);
     }
     | EVENTOUT IDENTIFIER IDENTIFIER IS IDENTIFIER {
-        P->inScript();
-        P->addEventOut($2, $3);
-        P->enterField($3);
-        P->setFieldIS($5);
+        P->addScriptEventIS(EVENTOUT, $2, $3, $5);
         std::free($2);
         std::free($3);
         std::free($5);
@@ -381,80 +358,72 @@ fieldValue
     ;
 
 m11
-    : %empty { ++P->fieldNestingCount(); }
+    : %empty { P->enterNodeValue(); }
     ;
 
 fieldValue
     : SFNODE m11 nodeDeclaration {
         std::free($1);
-        $$ = znCopyText(P->nodeNameBuffer.c_str());
-        --P->fieldNestingCount();
+        $$ = P->endSFNodeValue();
     }
     | SFNODE SFN_NULL
     | MFNODE SFN_NULL
     ;
 
 m12
-    : %empty {
-        P->mfNodeStack.emplace_back();
-        ++P->fieldNestingCount();
-    }
+    : %empty { P->enterMFNodeValue(); }
     ;
 
 fieldValue
     : MFNODE m12 mfnodeValue {
         std::free($1);
-        $$ = znCopyText($3);
-        if (!P->mfNodeStack.empty()) P->mfNodeStack.pop_back();
-        --P->fieldNestingCount();
+        $$ = P->endMFNodeValue();
     }
     | IS IDENTIFIER {
-        P->setFieldIS($2);
+        $$ = P->fieldIS($2);
         std::free($2);
-        $$ = znCopyText("IZZED");
     }
     | SFNODE IS IDENTIFIER {
-        P->setFieldIS($3);
+        $$ = P->fieldIS($3);
         std::free($1);
         std::free($3);
-        $$ = znCopyText("IZZED");
     }
     | MFNODE IS IDENTIFIER {
-        P->setFieldIS($3);
+        $$ = P->fieldIS($3);
         std::free($1);
         std::free($3);
-        $$ = znCopyText("IZZED");
     }
     ;
 
 m13
-    : %empty {
-        if (!P->mfNodeStack.empty()) P->mfNodeStack.pop_back();
-        P->mfNodeStack.emplace_back("[ ");
-    }
+    : %empty { P->openMFNodeList(); }
     ;
 
     /* The texts of an MFNode value belong to the MF-node stack until the
        value is complete. */
 mfnodeValue
-    : m13 '[' nodes ']' {
-        P->mfNodeStack.back() += " ]";
-        $$ = &P->mfNodeStack.back()[0];
-    }
-    | nodeDeclaration {
-        P->mfNodeStack.back() = P->nodeNameBuffer;
-        $$ = &P->mfNodeStack.back()[0];
-    }
+    : m13 '[' nodes ']' { P->closeMFNodeList(); }
+    | nodeDeclaration { P->singleMFNode(); }
     ;
 
 nodes
     : %empty
-    | nodes nodeDeclaration {
-        P->mfNodeStack.back() += P->nodeNameBuffer;
-        P->mfNodeStack.back() += ",";
-    }
-    | nodes SFN_NULL { P->mfNodeStack.back() += "NULL,"; }
+    | nodes nodeDeclaration { P->appendMFNode(); }
+    | nodes SFN_NULL { P->appendMFNodeNull(); }
     | nodes protoDeclaration
+    ;
+
+    /* A Script's exposedField, read as a field with its two events. */
+m14
+    : %empty { P->beginScriptExposedField($-1, $0); }
+    ;
+
+nodeGut
+    : EXPOSEDFIELD IDENTIFIER IDENTIFIER m14 fieldValue {
+        P->setField($5);
+        std::free($2);
+        std::free($3);
+    }
     ;
 
 %%

@@ -12,6 +12,8 @@ inline constexpr const char* kOutOfMemory = "out of memory\n";
 
 // The lexer's own trace line, printed before a value state is entered.
 inline constexpr const char* kLexStartStateTrace = "LEX--> Start State %d\n";
+// The scanner's trace line at the end of an input.
+inline constexpr const char* kLexEndOfInputTrace = "--EOF (start condition %d)\n";
 
 // The grammar's failures, in place of the generator's own wording.
 inline constexpr const char* kParseError = "parse error";
@@ -30,11 +32,17 @@ inline constexpr const char* kDeclarationOutsideScript =
     "Field or event declaration outside of Script or prototype";
 inline constexpr const char* kExternProtoTooDeep = "Can't exceed EXTERNPROTO depth of %d!\n";
 inline constexpr const char* kExternProtoOpenFailed = "\nPARSE ERROR:  Could not open EXTERNPROTO %s.\n";
+inline constexpr const char* kExternProtoNotInFile = "\nPARSE ERROR:  No PROTO %s in EXTERNPROTO file %s.\n";
+inline constexpr const char* kExternProtoNoneInFile = "\nPARSE ERROR:  No PROTO in EXTERNPROTO file %s.\n";
+inline constexpr const char* kExternProtoUnresolved =
+    "EXTERNPROTO %s: no URL of its list gives its PROTO; its nodes build nothing.\n";
 
 // Declared types and their transfer to the database.
 inline constexpr const char* kParentNestingTooDeep = "Parent nesting too deep!\n";
 inline constexpr const char* kScriptTypeName = "Script";
 inline constexpr const char* kScriptTypeFormat = "Script_%s";
+// The value text of a field bound by IS: a mark, not a value.
+inline constexpr const char* kISMarker = "IZZED";
 // Pseudo-fields of the Node Support file, read from a type's interface.
 inline constexpr const char* kImplementationField = "ZNurl";
 inline constexpr const char* kInitField = "ZNinit";

@@ -85,12 +85,21 @@ VrmlNodeType::~VrmlNodeType() {
     delete fields;
     for (int i = 0; i < parentCount; ++i) std::free(parents[i]);
     std::free(name);
+    std::free(declaredName);
 }
 
 // The old text is let go after the copy, since `nm` may be that text.
 void VrmlNodeType::setName(const char* nm) {
     char* old = name;
     name = copyOrNull(nm);
+    std::free(old);
+    std::free(declaredName);
+    declaredName = nullptr;
+}
+
+void VrmlNodeType::setDeclaredName(const char* nm) {
+    char* old = declaredName;
+    declaredName = nm != nullptr && std::strcmp(nm, name) != 0 ? znCopyText(nm) : nullptr;
     std::free(old);
 }
 

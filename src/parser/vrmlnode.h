@@ -45,9 +45,14 @@ public:
     VrmlNodeType(const VrmlNodeType&) = delete;
     VrmlNodeType& operator=(const VrmlNodeType&) = delete;
 
+    // The name in the database; it also becomes the declared name.
     void setName(const char* nm);
+    // The name the file gave a type, where it differs from its name in the
+    // database.
+    void setDeclaredName(const char* nm);
     void setInstName(const char* nm);
     const char* getName() const { return name; }
+    const char* getDeclaredName() const { return declaredName != nullptr ? declaredName : name; }
     const char* getInstName() const { return instName; }
 
     void addEventIn(const char* nm, int type);
@@ -91,6 +96,7 @@ public:
     int isExternTarget = 0;
     char* name = nullptr;      // owning
     char* instName = nullptr;  // owning, may be null
+    char* declaredName = nullptr;  // owning, null when it is `name`
     int typeId = 1;
     int instanceNumber = 0;
     int useCount = 1;

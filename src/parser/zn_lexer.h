@@ -47,8 +47,9 @@ public:
     // starts clean.
     void flush_current_buffer();
 
-    // The stack of inputs of EXTERNPROTO reads.
-    void push_buffer();
+    // The stack of inputs of EXTERNPROTO reads. push_buffer answers whether
+    // a URL of the current EXTERNPROTO opened.
+    int push_buffer();
     int next_file();
     void pop_buffer();
 
@@ -63,19 +64,27 @@ private:
     void resetToNode();
     void beginList();
     int endList();
+    // Lets go of a list whose "]" never came.
+    void dropList();
     // Appends yytext, or the finished string, as one item to the list.
     void dynstrcat_current();
     void dynstrcat_string();
     int parsePrototypeKeyword(std::size_t keywordLength);
+    // The width and height that begin the text of an SFImage.
+    static void readImageSize(const char* text, int& width, int& height);
 
     znParser* parser;                 // back pointer to the owning parser
     char** lvalue = nullptr;          // borrowed: the parser's semantic-value cell
+    // The list being read, owned here until its "]" hands it to the grammar.
+    char* listBuffer = nullptr;
     std::uint32_t listLength = 0;
     std::uint32_t listCapacity = 0;
     std::string stringBuffer;
     int inList = 0;
     int imageCount = 0;
     int imageTotal = 0;
+    // Open braces of the body of a skipped node; 0 before its "{".
+    int skipDepth = 0;
     std::vector<yy_buffer_state*> bufferStack;  // owning: suspended inputs
     std::vector<std::istream*> inputStack;      // borrowed: streams of EXTERNPROTO reads
 };

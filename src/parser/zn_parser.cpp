@@ -110,8 +110,16 @@ int& znParser::fieldNestingCount() {
 }
 
 void znParser::beginExternProto(const char* name, const char* urlList) {
+    ExternDeclaration declaration;
+    declaration.interface = std::move(pendingExternInterface);
+    // An EXTERNPROTO that stands in for the PROTO sought keeps the outer name.
+    const extProtoInfo& outer = externInfo[externProtoDepth];
+    const bool standIn = externProtoDepth >= 1 && outer.wanted == 1 && outer.name != nullptr;
+    declaration.name = standIn ? outer.name : (name != nullptr ? name : "");
     if (externProtoDepth >= kMaxExternDepth) {
         znAlert(znParserFormat(kExternProtoTooDeep, kMaxExternDepth).c_str());
+        externStack.push_back(std::move(declaration));
+        externRefused = 1;
         return;
     }
     externProtoDepth++;
@@ -125,15 +133,29 @@ void znParser::beginExternProto(const char* name, const char* urlList) {
         p = std::strchr(end + 1, '"');
     }
     info.urlIndex = 0;
-    // An EXTERNPROTO that stands in for the PROTO sought keeps the outer name.
-    const extProtoInfo& outer = externInfo[externProtoDepth - 1];
-    const bool standIn = externProtoDepth >= 2 && outer.wanted == 1;
-    info.name = znCopyText(standIn ? outer.name : name);
+    info.name = znCopyText(declaration.name.c_str());
     info.wanted = 0;
     info.created = 0;
+    info.failed = 0;
     info.savedFilename = znCopyText(currentFilename.c_str());
     info.savedLine = currentLine;
-    lexer->push_buffer();
+    declaration.levelOpened = true;
+    externStack.push_back(std::move(declaration));
+    if (!lexer->push_buffer()) {
+        // No URL opens: the declaration ends with the next token, and the
+        // text after it is read as before.
+        info.failed = 1;
+        info.created = 1;
+    }
+}
+
+void znParser::reportExternMiss() {
+    const extProtoInfo& info = externInfo[externProtoDepth];
+    if (info.fragment != nullptr) {
+        znAlert(znParserFormat(kExternProtoNotInFile, info.fragment, currentFilename.c_str()).c_str());
+    } else {
+        znAlert(znParserFormat(kExternProtoNoneInFile, currentFilename.c_str()).c_str());
+    }
 }
 
 void znParser::endStandIn() {
@@ -159,5 +181,6 @@ void znParser::endExternProto() {
     for (const char* url : info.urls) std::free(const_cast<char*>(url));
     info.urls.clear();
     info.urlIndex = 0;
+    info.failed = 0;
     externProtoDepth--;
 }

@@ -6,10 +6,12 @@
 
 #include <iosfwd>
 #include <list>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "browser/zn_name_table.h"
+#include "parser/vrmlnode.h"
 
 class zn_Lexer;
 class zn_URL;
@@ -32,6 +34,7 @@ struct extProtoInfo {
     int savedLine = 0;
     int wanted = 0;   // the next PROTO read is the one sought
     int created = 0;  // the PROTO sought has been finished
+    int failed = 0;   // no URL of the list gave the PROTO sought
     std::vector<const char*> urls;  // owning (malloc'd copies)
     int urlIndex = 0;
 };
@@ -60,9 +63,7 @@ class znParser {
 public:
     static constexpr int kMaxProtoDepth = 40;     // one field-nesting count per level
     static constexpr int kMaxExternDepth = 10;
-    static constexpr int kDefCounterDepth = 500;
-    // Longest node name that nodeNameBuffer holds, and longest file name.
-    static constexpr int kNodeNameLength = 212;
+    // Longest file name.
     static constexpr int kFilenameLength = 512;
     // InitParser's flag bits.
     static constexpr int kGrammarTrace = 1;
@@ -119,14 +120,50 @@ public:
     int& fieldNestingCount();
     zn_Lexer* getLexer() { return lexer; }
 
-    // --- semantic methods called by the grammar (zn_parser_actions.cpp) ---
+    // --- what the grammar's actions call (zn_parser_grammar.cpp) ---
+
+    // A node's start: its type, and its DEF name when it has one. A node of
+    // an unknown type is reported, once per type and file, and skipped.
+    void enterAnonymousNode(const char* type);
+    void enterDefNode(const char* defName, const char* type);
+    // A node's end: nodeNameBuffer names it, or is kNoNode when it was
+    // skipped.
+    void endNodeDeclaration();
+    void useNode(const char* defName);
+    // A field or event of the node being read: its name, then its value
+    // (owned from here on) or the PROTO field it IS.
+    void enterField(const char* name);
+    void setFieldValue(const char* value);
+    void exitField();
+    // The value text of a field bound by IS.
+    char* fieldIS(const char* protoField);
+    // Node-valued fields; the finished value texts are the caller's.
+    void enterNodeValue();
+    char* endSFNodeValue();
+    void enterMFNodeValue();
+    char* endMFNodeValue();
+    void openMFNodeList();
+    void closeMFNodeList();
+    void singleMFNode();
+    void appendMFNode();
+    void appendMFNodeNull();
+    // Declarations inside a Script node.
+    void beginScriptField(const char* type, const char* name);
+    void beginScriptExposedField(const char* type, const char* name);
+    void addScriptEventIS(int kind, const char* type, const char* name, const char* protoField);
+    // An interface item of the EXTERNPROTO being declared; `kind` is the
+    // token of its keyword.
+    void addExternInterface(int kind, const char* type, const char* name);
+    // The end of an EXTERNPROTO declaration.
+    void finishExternProto();
+    void declareRoute(const char* fromNode, const char* fromField, const char* toNode, const char* toField);
+
+    // --- semantic methods (zn_parser_actions.cpp) ---
 
     void enterNode(const char* type);
     void exitNode();
     void setName(const char* name);
     void getName();
-    void enterField(const char* name);
-    void exitField();
     void setField(const char* value);  // takes ownership of `value`
     void setFieldIS(const char* protoField);
     void setProtoField(const char* name, const char* value);  // takes `value`
@@ -139,6 +176,8 @@ public:
     void endProto();
     void beginExternProto(const char* name, const char* urlList);
     void endExternProto();
+    // A file read for an EXTERNPROTO ended without the PROTO sought.
+    void reportExternMiss();
     // After an EXTERNPROTO that stood in for the PROTO sought by the file
     // holding it: that PROTO now exists, so the file's reading ends too.
     void endStandIn();
@@ -146,6 +185,9 @@ public:
     void setRoute(const char* fromNode, const char* fromField, const char* toNode,
                   const char* toField);
     void createToplevelUSE(const char* name);
+
+    // The name a node value gets when its declaration made no node.
+    static constexpr const char* kNoNode = "NULL";
 
     // Inputs of EXTERNPROTO reads, opened and closed for the lexer. `save`
     // keeps the file's directory for relative names inside it.
@@ -162,6 +204,9 @@ public:
     int protoDepth = 0;
     int externProtoDepth = 0;
     extProtoInfo externInfo[kMaxExternDepth + 1];
+    // An EXTERNPROTO opened no level of its own (the depth limit): the lexer
+    // ends it with the next token.
+    int externRefused = 0;
     int inScriptFlag = 0;
     int nodeDepth = 0;
     // The name of the node finished last, or of the USE'd node.
@@ -169,20 +214,40 @@ public:
     // One growing text per MFNode value being read: "[ name,name,NULL, ]".
     std::vector<std::string> mfNodeStack;
     int anonymousCount = 0;
-    std::string suffixBuffer;
-    int defCounterStack[kDefCounterDepth] = {};
-    int defCounterDepth = 0;
 
 private:
+    // One EXTERNPROTO declaration being read: the interface it declares,
+    // which serves when no URL gives the PROTO, and the name it defines.
+    struct ExternDeclaration {
+        std::unique_ptr<VrmlNodeType> interface;
+        std::string name;
+        bool levelOpened = false;
+    };
+
     void pushNameSpace();
     void popNameSpace();
     // Destroys entries from the front up to and including the first scope mark.
     static void popList(std::list<VrmlNodeType*>& list);
     void addToNameSpace(VrmlNodeType* type);
-    // A type (instName null) or an instance in the name spaces, innermost first.
-    VrmlNodeType* find(const char* name, const char* instName);
+    // The type a file names `name` here: inner scopes first, outer ones seen.
+    VrmlNodeType* findType(const char* name);
+    // Whether `name` is defined in the scope being read. At the top of a
+    // file that scope is the file's together with the Node Support file's.
+    bool definedInScope(const char* name);
+    // A type by the name it has in the database.
+    VrmlNodeType* typeByInternalName(const char* name);
     // An instance by name, the kind letter not compared.
     VrmlNodeType* findinstname(const char* name);
+    // The name a PROTO declared as `declared` has in the database: `declared`
+    // itself unless another type of the world has that name already, as an
+    // inner PROTO that shares its name with an outer one does.
+    std::string reserveTypeName(const char* declared);
+    bool typeNameTaken(const std::string& name) const;
+    // Defines the PROTO of an EXTERNPROTO that no URL gave, with the
+    // declared interface and no body, so that its nodes parse and build
+    // nothing.
+    void defineUnresolvedExtern(ExternDeclaration& declaration);
+    void flushPendingRoutes();
     int add(void (VrmlNodeType::*member)(const char*, int), const char* type, const char* name);
     void addRoute(const char* fromNode, const char* fromField, const char* toNode, const char* toField);
     void addRoute(const char* fromType, const char* fromNode, const char* fromField, const char* toType,
@@ -192,7 +257,6 @@ private:
     // The type of the node a route names (the instance being read, or one
     // finished); null, with the message, when there is none.
     VrmlNodeType* routeEnd(const char* node);
-    void setNodeNameBuffer(const char* name);
     int runParse(std::istream& input, const char* filename);
 
     std::list<VrmlNodeType*> protoStack;  // owning: PROTOs whose body is read, innermost last
@@ -208,6 +272,19 @@ private:
     // DEF name -> number of its latest DEF; hashed, as a file may DEF a name
     // per node and nothing walks them in order.
     znNameTable defCounters;
+    // DEF names (without their kind letter) of skipped nodes: a USE of one
+    // is no node.
+    znNameTable skippedDefs;
+    // Unknown types reported in this file.
+    znNameTable reportedUnknownTypes;
+    // Type names given to the database: those of the Node Support file,
+    // and those of the world being read.
+    znNameTable systemTypeNames;
+    znNameTable worldTypeNames;
+    // EXTERNPROTO declarations being read, innermost last.
+    std::vector<ExternDeclaration> externStack;
+    // The interface of the EXTERNPROTO whose "[ ]" is being read.
+    std::unique_ptr<VrmlNodeType> pendingExternInterface;
     // The PROTO being declared: owning until inProto puts it on protoStack,
     // borrowed from there on.
     VrmlNodeType* currentProto = nullptr;

@@ -23,10 +23,6 @@ bool sameInstance(const char* a, const char* b) {
     return std::strcmp(a + 1, b + 1) == 0;
 }
 
-bool sameText(const char* a, const char* b) {
-    if (a == nullptr || b == nullptr) return a == b;
-    return std::strcmp(a, b) == 0;
-}
 
 }  // namespace
 
@@ -51,13 +47,48 @@ void znParser::popList(std::list<VrmlNodeType*>& list) {
     }
 }
 
-VrmlNodeType* znParser::find(const char* name, const char* instName) {
+VrmlNodeType* znParser::findType(const char* name) {
     if (name == nullptr) return nullptr;
-    const std::list<VrmlNodeType*>& list = instName != nullptr ? instanceNameSpace : typeNameSpace;
-    for (VrmlNodeType* entry : list) {
-        if (entry != nullptr && sameText(entry->name, name) && sameText(entry->instName, instName)) return entry;
+    for (VrmlNodeType* entry : typeNameSpace) {
+        if (entry != nullptr && std::strcmp(entry->getDeclaredName(), name) == 0) return entry;
     }
     return nullptr;
+}
+
+bool znParser::definedInScope(const char* name) {
+    if (name == nullptr) return false;
+    const bool fileTop = protoStack.empty();
+    for (VrmlNodeType* entry : typeNameSpace) {
+        if (entry == nullptr) {
+            if (fileTop) continue;
+            return false;
+        }
+        if (std::strcmp(entry->getDeclaredName(), name) == 0) return true;
+    }
+    return false;
+}
+
+VrmlNodeType* znParser::typeByInternalName(const char* name) {
+    if (name == nullptr) return nullptr;
+    for (VrmlNodeType* entry : typeNameSpace) {
+        if (entry != nullptr && std::strcmp(entry->name, name) == 0) return entry;
+    }
+    return nullptr;
+}
+
+bool znParser::typeNameTaken(const std::string& name) const {
+    return systemTypeNames.contains(name) || worldTypeNames.contains(name);
+}
+
+std::string znParser::reserveTypeName(const char* declared) {
+    std::string name = declared != nullptr ? declared : "";
+    if (typeNameTaken(name)) {
+        const std::string stem = name + "_";
+        for (int n = 1; typeNameTaken(name = stem + std::to_string(n)); ++n) {
+        }
+    }
+    (readingNodeSupport ? systemTypeNames : worldTypeNames).insert(name, 0);
+    return name;
 }
 
 VrmlNodeType* znParser::findinstname(const char* name) {
@@ -68,10 +99,10 @@ VrmlNodeType* znParser::findinstname(const char* name) {
 }
 
 void znParser::addToNameSpace(VrmlNodeType* type) {
-    if (type->instName == nullptr && find(type->name, nullptr) != nullptr) {
+    if (type->instName == nullptr && definedInScope(type->getDeclaredName())) {
         // The first definition stays; in a file read for an EXTERNPROTO a
         // repeated PROTO is expected and passes silently.
-        if (externProtoDepth == 0) znMessage(znParserFormat(kProtoAlreadyDefined, type->name).c_str());
+        if (externProtoDepth == 0) znMessage(znParserFormat(kProtoAlreadyDefined, type->getDeclaredName()).c_str());
         delete type;
         return;
     }
@@ -112,16 +143,21 @@ void znParser::enterNode(const char* type) {
     _setmode = 1;
     nodeDepth++;
     std::string typeName = type != nullptr ? type : "";
-    VrmlNodeType* t = find(type, nullptr);
-    while (t == nullptr) {
+    VrmlNodeType* t = findType(type);
+    // A type reported once is skipped without a word more.
+    const bool reported = t == nullptr && reportedUnknownTypes.contains(typeName);
+    while (t == nullptr && !reported) {
         const znPromptAnswer answer =
             znPrompt(znParserFormat(kUnknownTypePrompt, typeName.c_str(), currentLine).c_str());
         if (!answer.answered) break;
         typeName = answer.name;
-        t = find(typeName.c_str(), nullptr);
+        t = findType(typeName.c_str());
     }
     if (t == nullptr) {
-        znMessage(znParserFormat(kUnknownTypeSkipped, typeName.c_str()).c_str());
+        if (!reported) {
+            znMessage(znParserFormat(kUnknownTypeSkipped, typeName.c_str()).c_str());
+            reportedUnknownTypes.insert(type != nullptr ? type : "", 0);
+        }
         expectToken = 0;
         skippingNode = 1;
         return;
@@ -149,6 +185,10 @@ void znParser::exitNode() {
         }
         delete rec;
     }
+    flushPendingRoutes();
+}
+
+void znParser::flushPendingRoutes() {
     while (!pendingRoutes.empty()) {
         RouteInfo* route = pendingRoutes.back();
         pendingRoutes.pop_back();
@@ -161,18 +201,14 @@ void znParser::exitNode() {
     }
 }
 
-void znParser::setNodeNameBuffer(const char* name) {
-    znParserBoundedCopy(nodeNameBuffer, name, kNodeNameLength, "Node name");
-}
-
 void znParser::setName(const char* name) {
-    setNodeNameBuffer(name);
+    nodeNameBuffer = name != nullptr ? name : "";
     if (VrmlNodeType* instance = topInstance()) instance->setInstName(name);
 }
 
 void znParser::getName() {
     VrmlNodeType* instance = topInstance();
-    setNodeNameBuffer(instance != nullptr ? instance->instName : nullptr);
+    nodeNameBuffer = instance != nullptr && instance->instName != nullptr ? instance->instName : "";
 }
 
 // --- fields -----------------------------------------------------------------
@@ -275,14 +311,15 @@ void znParser::beginProto(const char* name) {
     fieldNestingCount() = 0;
     pushNameSpace();
     extProtoInfo& info = externInfo[externProtoDepth];
-    VrmlNodeType* type = nullptr;
-    if (externProtoDepth != 0 && info.wanted) {
+    const char* declared = name != nullptr ? name : "";
+    const bool target = externProtoDepth != 0 && info.wanted;
+    if (target) {
         info.wanted = 0;
-        type = new VrmlNodeType(info.name != nullptr ? info.name : name, this);
-        type->isExternTarget = 1;
-    } else {
-        type = new VrmlNodeType(name, this);
+        if (info.name != nullptr) declared = info.name;
     }
+    auto* type = new VrmlNodeType(reserveTypeName(declared).c_str(), this);
+    type->setDeclaredName(declared);
+    type->isExternTarget = target ? 1 : 0;
     for (VrmlNodeType* scope : protoStack) setParent(scope, type);
     // A PROTO whose interface was never closed is no one else's.
     if (currentProto != nullptr &&
@@ -329,7 +366,7 @@ VrmlNodeType* znParser::routeEnd(const char* node) {
     VrmlNodeType* top = topInstance();
     const bool beingRead = top != nullptr && sameInstance(top->instName, node);
     VrmlNodeType* instance = beingRead ? top : findinstname(node);
-    VrmlNodeType* type = instance != nullptr ? find(instance->name, nullptr) : nullptr;
+    VrmlNodeType* type = instance != nullptr ? typeByInternalName(instance->name) : nullptr;
     if (type == nullptr) {
         znMessage(znParserFormat(kBadRouteUnknownNode, node).c_str());
         return nullptr;

@@ -85,6 +85,9 @@ int znParser::yypinit() {
         delete route;
     }
     pendingRoutes.clear();
+    externStack.clear();
+    pendingExternInterface.reset();
+    externRefused = 0;
     return 1;
 }
 
@@ -95,8 +98,13 @@ void znParser::setCurrentFilename(const char* name) {
 int znParser::runParse(std::istream& input, const char* filename) {
     setCurrentFilename(filename);
     currentLine = 1;
+    reportedUnknownTypes.clear();
+    skippedDefs.clear();
     lexer->switch_streams(&input, &std::cerr);
     const int result = yyparse(this);
+    // A parse that stopped inside a file read for an EXTERNPROTO goes back
+    // to the file it began with.
+    while (externProtoDepth > 0) endExternProto();
     lexer->flush_current_buffer();
     // A parse stopped by an error leaves its open nodes and PROTOs behind.
     yypinit();
@@ -189,6 +197,8 @@ int znParser::ParseURL(const char* url) {
         znAlert(znParserFormat(kCouldNotOpenURL, name).c_str());
         return 0;
     }
+    // The world's type names start anew with each world file.
+    worldTypeNames.clear();
     pushNameSpace();
     const int result = runParse(*stream, name);
     if (result != 0) znAlert(kUnableToParse);

@@ -121,12 +121,19 @@ TEST(GrammarActions, ExposedFieldIsBindsBothHalves) {
     EXPECT_TRUE(run.called("SetNodeData(set_sffloat,(null),22,2,ev,[set_x])"));
 }
 
-TEST(GrammarActions, ExternProtoWithoutItsProtoIsAParseError) {
+// The declared interface stands in for a PROTO no file gives, and the text
+// after the declaration is read as the file's own.
+TEST(GrammarActions, ExternProtoWithoutItsProtoDefinesTheDeclaredInterface) {
     ParseOptions options;
     options.files["lib.wrl"] = "Group { }";
-    ParseRun run = parseText("EXTERNPROTO A [ ] \"lib.wrl\"", options);
-    EXPECT_EQ(run.result, 1);
-    EXPECT_TRUE(contains(run.errors, "parse error"));
+    ParseRun run = parseText("EXTERNPROTO A [ field SFFloat r eventIn SFBool go ] \"lib.wrl\" A { r 2 } Group { }",
+                             options);
+    EXPECT_EQ(run.result, 0) << run.errors;
+    EXPECT_TRUE(contains(run.errors, "No PROTO in EXTERNPROTO file lib.wrl"));
+    EXPECT_TRUE(run.called("CreatePrototype(A,[],(null),0,(null))"));
+    EXPECT_TRUE(run.called("SetNodeData(r,2,22,0,v,[])"));
+    // The file's own Group was read and dropped.
+    EXPECT_EQ(run.nodes(), (std::vector<std::string>{"x00000+A_1", "x00000+Group_2"}));
 }
 
 TEST(MidRuleMarkers, ExpectTakesEffectForTheVeryNextToken) {

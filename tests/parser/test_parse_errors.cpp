@@ -43,9 +43,8 @@ TEST(SyntaxErrors, ReportNamesTheLineAndTheScannedText) {
 }
 
 TEST(SyntaxErrors, UnknownNodesEndOfInputAndStrayBytesAreParseErrors) {
-    // An unknown type's question and message come before the report; a
-    // lone "PROTO" reads as a type name.
-    for (const char* text : {"Foo { bar [ 1 2 ] }", "PROTO [ ]"}) {
+    // A lone "PROTO" reads as a type name, which then has no body.
+    for (const char* text : {"PROTO [ ]"}) {
         SCOPED_TRACE(text);
         ParseRun run = parseText(text);
         EXPECT_EQ(run.result, 1);
@@ -73,4 +72,29 @@ TEST(StackLimits, DeepNestingEndsInParserStackOverflowAndLessParses) {
     text += "Group { }";
     for (int i = 0; i < 1000; ++i) text += " }";
     EXPECT_EQ(parseText(text).result, 0);
+}
+
+// A parse that stops anywhere lets go of every text it read (the leak check
+// of the test suite runs these).
+TEST(SyntaxErrors, StoppedParsesLetGoOfWhatTheyRead) {
+    ParseOptions options;
+    options.files["lib.wrl"] = "PROTO L [ field SFFloat r 1 ] { Group { children [ Group {";
+    const char* texts[] = {
+        "Node { mffloat [ 1 2 3",
+        "Node { mfstring [ \"a\" \"b",
+        "Node { mfstring [\"a\"] sfbool x }",
+        "DEF A Node { sfstring \"x\" mfint32 [ 1 2 } }",
+        "DEF A DEF",
+        "Node { sfimage 2 2 1 0xFF",
+        "PROTO P [ field MFString s [ \"a\" ] exposedField SFFloat f 1 ] { Group { children [ Node { sf",
+        "EXTERNPROTO E [ field SFFloat r eventIn SFBool b ] [ \"a.wrl\" \"b.wrl\" ",
+        "EXTERNPROTO E [ field SFFloat r ] \"lib.wrl\" E { }",
+        "Group { children [ Gizmo { a [ 1 \"",
+        "ROUTE a.b TO c",
+        "Group { children [ Group { } NULL Node { mfvec3f [ 1 2 3, 4 5",
+    };
+    for (const char* text : texts) {
+        SCOPED_TRACE(text);
+        EXPECT_NE(parseText(text, options).result, 0);
+    }
 }

@@ -14,7 +14,10 @@
 #include <stdexcept>
 #include <vector>
 
+#include "browser/zn_browser_intern.h"
 #include "loader/wrl_loader.h"
+#include "loader/zn.h"
+#include "scene_printer.h"
 
 namespace wrltest {
 
@@ -94,6 +97,29 @@ WorldLoad loadWorld(const std::string& path, const std::string& builtins) {
     csNode* scene = wrlLoad(name.data());
     std::string err = testing::internal::GetCapturedStderr();
     return WorldLoad{scene, testing::internal::GetCapturedStdout(), err};
+}
+
+std::string sceneText(csNode* scene) {
+    std::ostringstream text;
+    printSceneTree(text, scene);
+    return text.str();
+}
+
+std::string writtenWorld() {
+    testing::internal::CaptureStdout();
+    _ZNmain->browser->writeURL(nullptr);
+    return testing::internal::GetCapturedStdout();
+}
+
+RoundTrip roundTrip(const std::string& path) {
+    RoundTrip trip;
+    WorldLoad first = loadWorld(path);
+    if (first.scene == nullptr) return trip;
+    trip.first = sceneText(first.scene);
+    std::ofstream(path + ".again.wrl", std::ios::binary) << writtenWorld();
+    WorldLoad second = loadWorld(path + ".again.wrl");
+    if (second.scene != nullptr) trip.second = sceneText(second.scene);
+    return trip;
 }
 
 ScopedDirectory::ScopedDirectory(const std::string& path) {

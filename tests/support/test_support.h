@@ -88,6 +88,18 @@ struct WorldLoad {
 // it stands), with both streams captured.
 WorldLoad loadWorld(const std::string& path, const std::string& builtins = nodeSupportFile());
 
+// The scene as `wrlload` prints it, and the runtime world of the latest load
+// as `wrlload --vrml` writes it.
+std::string sceneText(csNode* scene);
+std::string writtenWorld();
+// Loads `path`, writes its world back as VRML text beside it, loads that
+// text and answers both scenes; they are equal when the written text holds
+// the whole of what the file built.
+struct RoundTrip {
+    std::string first, second;
+};
+RoundTrip roundTrip(const std::string& path);
+
 }  // namespace wrltest
 
 #endif

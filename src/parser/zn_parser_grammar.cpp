@@ -1,0 +1,195 @@
+// What the grammar's actions call: the start and end of each node, its
+// field values, node-valued fields, the declarations of Script nodes,
+// EXTERNPROTO declarations and ROUTEs. Each action is one call here, so
+// that every decision of the parse lives in znParser.
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "loader/zn_interfaces.h"
+#include "loader/zn_text.h"
+#include "parser/parser.hpp"
+#include "parser/parser_messages.h"
+#include "parser/vrmlnode.h"
+#include "parser/zn_lexer.h"
+#include "parser/zn_parser.h"
+
+// --- nodes ------------------------------------------------------------------
+
+void znParser::enterAnonymousNode(const char* type) {
+    enterNode(type);
+    // Every node without DEF counts, skipped or not.
+    char number[16];
+    *znWriteDecimal(number, anonymousCount++) = '\0';
+    if (skippingNode) return;
+    const std::string name = std::string(type != nullptr ? type : "") + "_" + number;
+    setName(makeDefName(name.c_str(), 0, 'x'));
+}
+
+void znParser::enterDefNode(const char* defName, const char* type) {
+    const int counter = setDefName(defName);
+    enterNode(type);
+    if (skippingNode) {
+        // The name stays defined, for a USE of it to find and give nothing.
+        skippedDefs.insert(makeDefName(defName, counter, 'u') + 1, 0);
+        return;
+    }
+    setName(makeDefName(defName, counter, 'd'));
+}
+
+void znParser::endNodeDeclaration() {
+    if (!skippingNode) {
+        getName();
+        exitNode();
+        return;
+    }
+    // The lexer has read the body; the node is no node, and the one that
+    // holds it keeps its name.
+    skippingNode = 0;
+    nodeDepth--;
+    _setmode = old_setmode;
+    nodeNameBuffer = kNoNode;
+    flushPendingRoutes();
+}
+
+void znParser::useNode(const char* defName) {
+    // The 'u' form of a DEF'ed name; an unknown name goes on as it stands.
+    nodeNameBuffer = getDefName(defName);
+    if (nodeNameBuffer.size() > 1 && skippedDefs.contains(nodeNameBuffer.c_str() + 1)) {
+        nodeNameBuffer = kNoNode;
+        return;
+    }
+    if (fieldNestingCount() == 0) createToplevelUSE(nodeNameBuffer.c_str());
+}
+
+// --- field values -----------------------------------------------------------
+
+void znParser::setFieldValue(const char* value) {
+    // Outside its PROTOs, a file read for an EXTERNPROTO only passes by.
+    if (externProtoDepth == 0 || protoDepth != 0) {
+        setField(value);
+    } else {
+        std::free(const_cast<char*>(value));
+    }
+}
+
+char* znParser::fieldIS(const char* protoField) {
+    setFieldIS(protoField);
+    return znCopyText(kISMarker);
+}
+
+void znParser::enterNodeValue() { ++fieldNestingCount(); }
+
+char* znParser::endSFNodeValue() {
+    --fieldNestingCount();
+    return znCopyText(nodeNameBuffer.c_str());
+}
+
+void znParser::enterMFNodeValue() {
+    mfNodeStack.emplace_back();
+    ++fieldNestingCount();
+}
+
+char* znParser::endMFNodeValue() {
+    char* value = znCopyText(mfNodeStack.empty() ? "" : mfNodeStack.back().c_str());
+    if (!mfNodeStack.empty()) mfNodeStack.pop_back();
+    --fieldNestingCount();
+    return value;
+}
+
+void znParser::openMFNodeList() {
+    if (!mfNodeStack.empty()) mfNodeStack.pop_back();
+    mfNodeStack.emplace_back("[ ");
+}
+
+void znParser::closeMFNodeList() { mfNodeStack.back() += " ]"; }
+
+void znParser::singleMFNode() { mfNodeStack.back() = nodeNameBuffer; }
+
+void znParser::appendMFNode() {
+    // A skipped node leaves no entry; an explicit NULL does.
+    if (nodeNameBuffer == kNoNode) return;
+    mfNodeStack.back() += nodeNameBuffer;
+    mfNodeStack.back() += ",";
+}
+
+void znParser::appendMFNodeNull() { mfNodeStack.back() += "NULL,"; }
+
+// --- Script declarations ----------------------------------------------------
+
+void znParser::beginScriptField(const char* type, const char* name) {
+    inScript();
+    expect(addField(type, name));
+    enterField(name);
+}
+
+void znParser::beginScriptExposedField(const char* type, const char* name) {
+    inScript();
+    expect(addExposedField(type, name));
+    enterField(name);
+}
+
+void znParser::addScriptEventIS(int kind, const char* type, const char* name, const char* protoField) {
+    inScript();
+    if (kind == EVENTIN) {
+        addEventIn(type, name);
+    } else {
+        addEventOut(type, name);
+    }
+    enterField(name);
+    setFieldIS(protoField);
+}
+
+// --- EXTERNPROTO ------------------------------------------------------------
+
+void znParser::addExternInterface(int kind, const char* type, const char* name) {
+    if (!pendingExternInterface) pendingExternInterface = std::make_unique<VrmlNodeType>("", this);
+    const int token = fieldType(type);
+    if (token == 0) return;
+    VrmlNodeType& interface = *pendingExternInterface;
+    switch (kind) {
+        case EVENTIN: interface.addEventIn(name, token); break;
+        case EVENTOUT: interface.addEventOut(name, token); break;
+        case FIELD: interface.addField(name, token); break;
+        default: interface.addExposedField(name, token); break;
+    }
+}
+
+void znParser::finishExternProto() {
+    if (externStack.empty()) return;
+    ExternDeclaration declaration = std::move(externStack.back());
+    externStack.pop_back();
+    bool failed = !declaration.levelOpened;
+    if (declaration.levelOpened) {
+        failed = externInfo[externProtoDepth].failed != 0;
+        endExternProto();
+    }
+    if (failed) defineUnresolvedExtern(declaration);
+    endStandIn();
+}
+
+void znParser::defineUnresolvedExtern(ExternDeclaration& declaration) {
+    znAlert(znParserFormat(kExternProtoUnresolved, declaration.name.c_str()).c_str());
+    VrmlNodeType* type = declaration.interface.release();
+    if (type == nullptr) type = new VrmlNodeType("", this);
+    type->setName(reserveTypeName(declaration.name.c_str()).c_str());
+    type->setDeclaredName(declaration.name.c_str());
+    for (VrmlNodeType* scope : protoStack) setParent(scope, type);
+    addToNameSpace(type);
+}
+
+// --- ROUTE ------------------------------------------------------------------
+
+void znParser::declareRoute(const char* fromNode, const char* fromField, const char* toNode, const char* toField) {
+    // Outside its PROTOs, a file read for an EXTERNPROTO only passes by.
+    if (externProtoDepth != 0 && protoDepth == 0) return;
+    // A DEF'ed node is named in its 'd' form; an unknown name goes on as it
+    // stands.
+    const char* fromName = getDefName(fromNode);
+    std::string from = fromName;
+    if (fromName != fromNode) from[0] = 'd';
+    const char* toName = getDefName(toNode);
+    std::string to = toName;
+    if (toName != toNode) to[0] = 'd';
+    setRoute(from.c_str(), fromField, to.c_str(), toField);
+}

@@ -1,0 +1,293 @@
+// Syntax that files written by exporters and people use: each world loads
+// whole, builds the scene it says, and its world text (`wrlload --vrml`)
+// loads again to the same scene.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "browser/zn_browser_intern.h"
+#include "loader/wrl_loader.h"
+#include "loader/zn.h"
+#include "nodes/zn_node.h"
+#include "test_support.h"
+
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+int count(const std::string& text, const std::string& part) {
+    int n = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++n;
+    return n;
+}
+
+struct World {
+    std::string scene;
+    std::string err;
+    bool loaded = false;
+};
+
+// Checks that the written world of `body`, as main.wrl of `dir`, loads to
+// the same scene, then loads `body` once more for the test to look at.
+// Unanswered questions take their default.
+World load(wrltest::TempDir& dir, const std::string& body) {
+    wrltest::ScopedStdin noAnswer("");
+    const std::string path = dir.write("main.wrl", "#VRML V2.0 utf8\n" + body);
+    const wrltest::RoundTrip trip = wrltest::roundTrip(path);
+    EXPECT_EQ(trip.second, trip.first) << "the written world builds another scene";
+    World world;
+    wrltest::WorldLoad again = wrltest::loadWorld(path);
+    if (again.scene == nullptr) return world;
+    world.loaded = true;
+    world.scene = wrltest::sceneText(again.scene);
+    world.err = again.err;
+    return world;
+}
+
+znNode* node(const char* name) { return dynamic_cast<znNode*>(_ZNmain->browser->getNode(name)); }
+
+}  // namespace
+
+TEST(RealFileValues, ListsClosedAgainstTheNextTokenAndEmptyListsOfEveryType) {
+    wrltest::TempDir dir;
+    World w = load(dir,
+                   "PROTO Lists [ field MFColor c [] field MFFloat f [] field MFInt32 i []\n"
+                   "  field MFRotation r [] field MFString s [] field MFTime t []\n"
+                   "  field MFVec2f v [] field MFVec3f p [] field MFNode n [] ] { Group { } }\n"
+                   "Lists { c [] f [] i [] r [] s [] t [] v [] p [] n []}\n"
+                   "WorldInfo { info [\"a\"]}\n"
+                   "Shape { geometry Text { string [\"one\", \"two\"]} }\n"
+                   "Group { children []}\n"
+                   "Shape { appearance Appearance { texture ImageTexture { url []} }\n"
+                   "  geometry IndexedFaceSet { coord Coordinate { point []} coordIndex []} }\n"
+                   "Shape { geometry IndexedFaceSet { coord Coordinate { point [0 0 0, 1 0 0, 0 1 0]}"
+                   " coordIndex [0 1 2]}}\n");
+    ASSERT_TRUE(w.loaded);
+    EXPECT_THAT(w.err, Not(HasSubstr("Error"))) << w.err;
+    EXPECT_EQ(count(w.scene, "opRep"), 3) << w.scene;
+    EXPECT_THAT(w.scene, HasSubstr("text: \"one\ntwo\n\""));
+    EXPECT_THAT(w.scene, HasSubstr("primitives: 1"));
+    EXPECT_THAT(w.scene, HasSubstr("primitives: 0"));
+}
+
+TEST(RealFileValues, CommentsInsideValuesOfSeveralNumbers) {
+    wrltest::TempDir dir;
+    World w = load(dir,
+                   "Transform { translation 1 # x\n 2 3 rotation 0 1 # axis\n 0 0.5\n"
+                   "  children Shape {\n"
+                   "    appearance Appearance { material Material { diffuseColor 1 # red\n 0.5 0 } }\n"
+                   "    geometry IndexedFaceSet {\n"
+                   "      coord Coordinate { point [ 0 0 0, 2 # one\n 0 0, 0 3 # two\n 0 ] }\n"
+                   "      coordIndex [ 0 1 # a comment between indexes\n 2 ] } } }\n"
+                   "PROTO Image [ field SFImage image 0 0 0 ] { Group { } }\n"
+                   "DEF I Image { image 2 # width\n 1 # height\n 1 0xFF 0x80 }\n");
+    ASSERT_TRUE(w.loaded);
+    EXPECT_THAT(w.err, Not(HasSubstr("Error"))) << w.err;
+    EXPECT_THAT(w.scene, HasSubstr("translation: 1 2 3"));
+    EXPECT_THAT(w.scene, HasSubstr("rotation: 0 1 0 0.5"));
+    EXPECT_THAT(w.scene, HasSubstr("diffuseColor: 1 0.5 0"));
+    EXPECT_THAT(w.scene, HasSubstr("vertices: 3"));
+    EXPECT_THAT(w.scene, HasSubstr("indices: 4"));
+    EXPECT_THAT(w.scene, HasSubstr("boundMax: 2 3 0"));
+    EXPECT_THAT(wrltest::writtenWorld(), HasSubstr("image\t2 1 1 0xFF 0x80"));
+}
+
+TEST(RealFileValues, EscapesInStringsReadAndWriteBack) {
+    wrltest::TempDir dir;
+    World w = load(dir, "Shape { geometry Text { string [ \"a\\\\b\" \"say \\\"hi\\\"\" \"x[1]\" ] } }\n"
+                        "Shape { geometry Text { string \"lone [ bracket\" } }\n");
+    ASSERT_TRUE(w.loaded);
+    EXPECT_THAT(w.scene, HasSubstr("text: \"a\\b\nsay \"hi\"\nx[1]\n\""));
+    EXPECT_THAT(w.scene, HasSubstr("text: \"lone [ bracket\n\""));
+}
+
+TEST(RealFileNames, NonAsciiAndLongDefNamesAreNamesLikeAnyOther) {
+    wrltest::TempDir dir;
+    const std::string longName(300, 'n');
+    const std::string longType = "Proto" + std::string(150, 'p');
+    World w = load(dir, "DEF Größe Transform { translation 1 0 0 children Shape { geometry Box { } } }\n"
+                        "Group { children USE Größe }\n"
+                        "PROTO " + longType + " [ ] { Shape { geometry Sphere { } } }\n"
+                        "DEF " + longName + " Transform { children " + longType + " { } }\n"
+                        "Group { children [ USE " + longName + " ] }\n"
+                        "DEF " + longName + "2 TimeSensor { }\n"
+                        "ROUTE " + longName + "2.time TO " + longName + "2.set_startTime\n");
+    ASSERT_TRUE(w.loaded);
+    EXPECT_THAT(w.err, Not(HasSubstr("Error"))) << w.err;
+    EXPECT_THAT(w.err, Not(HasSubstr("failed getting unique name"))) << w.err;
+    EXPECT_THAT(w.err, Not(HasSubstr("BAD ROUTE"))) << w.err;
+    EXPECT_EQ(count(w.scene, "csTransform \"Größe\""), 2) << w.scene;
+    EXPECT_EQ(count(w.scene, "csTransform \"" + longName + "\""), 2) << w.scene;
+    EXPECT_EQ(count(w.scene, "opSphere"), 2);
+    ASSERT_NE(node(longName.c_str()), nullptr);
+    EXPECT_STREQ(node(longName.c_str())->getType(), "Transform");
+}
+
+// A PROTO inside a PROTO body belongs to that body: it may share a name
+// with a PROTO outside, and it builds only through its instances.
+TEST(RealFileProtos, InnerDefinitionsAreScopedToTheirBody) {
+    wrltest::TempDir dir;
+    World w = load(dir,
+                   "PROTO Thing [ field SFFloat r 1 ] {\n"
+                   "  PROTO Thing [ field SFFloat r 2 ] { Shape { geometry Sphere { radius IS r } } }\n"
+                   "  Transform { children [ Thing { r IS r } ] }\n"
+                   "}\n"
+                   "PROTO Box2 [ ] {\n"
+                   "  PROTO Helper [ ] { Shape { geometry Box { size 2 2 2 } } }\n"
+                   "  Group { children Helper { } }\n"
+                   "}\n"
+                   "PROTO Cone2 [ ] {\n"
+                   "  PROTO Helper [ ] { Shape { geometry Cone { } } }\n"
+                   "  PROTO Unused [ ] { Shape { geometry Cylinder { } } }\n"
+                   "  Helper { }\n"
+                   "}\n"
+                   "Thing { r 5 }\n"
+                   "Box2 { }\n"
+                   "Cone2 { }\n"
+                   "Cone2 { }\n");
+    ASSERT_TRUE(w.loaded);
+    EXPECT_THAT(w.err, Not(HasSubstr("already defined"))) << w.err;
+    EXPECT_EQ(count(w.scene, "opSphere"), 1) << w.scene;
+    EXPECT_THAT(w.scene, HasSubstr("radius: 5"));
+    EXPECT_EQ(count(w.scene, "csIndexedFaceSet \"Unnamed Box Node\""), 1) << w.scene;
+    EXPECT_EQ(count(w.scene, "opCone"), 2) << w.scene;
+    EXPECT_EQ(count(w.scene, "opCylinder"), 0) << w.scene;
+}
+
+// A PROTO whose body is an instance of another PROTO stands where that one
+// stands; a chain of them longer than the expansion limit is cut with a
+// message instead of exhausting the stack.
+TEST(RealFileProtos, ChainsOfProtosBuildAndOverlongChainsStop) {
+    for (int length : {3, 150}) {
+        SCOPED_TRACE(length);
+        wrltest::TempDir dir;
+        std::string text = "PROTO P0 [ ] { Shape { geometry Box { } } }\n";
+        for (int i = 1; i < length; ++i)
+            text += "PROTO P" + std::to_string(i) + " [ ] { P" + std::to_string(i - 1) + " { } }\n";
+        text += "P" + std::to_string(length - 1) + " { }\n";
+        wrltest::ScopedStdin noAnswer("");
+        wrltest::WorldLoad w = wrltest::loadWorld(dir.write("chain.wrl", "#VRML V2.0 utf8\n" + text));
+        ASSERT_NE(w.scene, nullptr);
+        const std::string scene = wrltest::sceneText(w.scene);
+        if (length == 3) {
+            EXPECT_EQ(count(scene, "opRep"), 1) << scene;
+            EXPECT_THAT(w.err, Not(HasSubstr("nested more than")));
+        } else {
+            EXPECT_EQ(count(scene, "opRep"), 0) << scene;
+            EXPECT_EQ(count(w.err, "PROTO instances nested more than 100 deep"), 1) << w.err;
+        }
+    }
+}
+
+TEST(RealFileExternProtos, EmptyInterfacesAndUrlListsWithoutBlanks) {
+    wrltest::TempDir dir;
+    dir.write("lib.wrl", "#VRML V2.0 utf8\nPROTO E [ ] { Shape { geometry Box { } } }\n");
+    World w = load(dir,
+                   "EXTERNPROTO E [ ] \"lib.wrl#E\"\n"
+                   "EXTERNPROTO F [][\"a.wrl\" \"lib.wrl#E\"]\n"
+                   "EXTERNPROTO G [] [\"lib.wrl\"]\n"
+                   "E { } F { } G { }\n");
+    ASSERT_TRUE(w.loaded);
+    EXPECT_EQ(count(w.scene, "opRep"), 3) << w.scene << w.err;
+    EXPECT_EQ(count(w.err, "Could not open EXTERNPROTO a.wrl"), 1) << w.err;
+}
+
+// An EXTERNPROTO that no URL resolves is reported, its nodes take the
+// declared interface and build nothing, and the world goes on after it.
+TEST(RealFileExternProtos, UnresolvedOnesBuildNothingAndTheRestLoads) {
+    wrltest::TempDir dir;
+    dir.write("lib.wrl", "#VRML V2.0 utf8\nPROTO Other [ ] { Group { } }\n");
+    // A chain of files each declaring the next, longer than the depth limit.
+    for (int i = 0; i < 12; ++i)
+        dir.write("deep" + std::to_string(i) + ".wrl",
+                  "#VRML V2.0 utf8\nEXTERNPROTO D [ field SFFloat r ] \"deep" + std::to_string(i + 1) + ".wrl\"\n");
+    World w = load(dir,
+                   "EXTERNPROTO Missing [ field SFFloat r exposedField SFColor c eventIn SFBool go ]"
+                   " [ \"missing.wrl\" \"urn:web3d:none\" ]\n"
+                   "EXTERNPROTO NotThere [ field SFFloat r ] \"lib.wrl#NotThere\"\n"
+                   "EXTERNPROTO Deep [ field SFFloat r ] \"deep0.wrl\"\n"
+                   "DEF M Missing { r 2 c 1 0 0 }\n"
+                   "NotThere { r 1 }\n"
+                   "Deep { r 3 }\n"
+                   "DEF T Transform { children [ Missing { } Shape { geometry Box { } } ] }\n"
+                   "DEF Timer TimeSensor { }\n"
+                   "ROUTE Timer.isActive TO M.go\n");
+    ASSERT_TRUE(w.loaded);
+    EXPECT_THAT(w.err, Not(HasSubstr("parse error"))) << w.err;
+    EXPECT_THAT(w.err, HasSubstr("EXTERNPROTO Missing: no URL of its list gives its PROTO"));
+    EXPECT_THAT(w.err, HasSubstr("No PROTO NotThere in EXTERNPROTO file lib.wrl"));
+    EXPECT_THAT(w.err, HasSubstr("Can't exceed EXTERNPROTO depth of 10!"));
+    EXPECT_EQ(count(w.scene, "opRep"), 1) << w.scene;
+    EXPECT_THAT(w.scene, HasSubstr("csTransform \"T\""));
+    znNode* m = node("M");
+    ASSERT_NE(m, nullptr);
+    EXPECT_GE(m->getDataID("r"), 0);
+    EXPECT_GE(m->getDataID("c"), 0);
+}
+
+// Other loaders read a Script's exposedField as a field with its two events.
+TEST(RealFileScripts, ExposedFieldInAScriptInterface) {
+    wrltest::TempDir dir;
+    World w = load(dir,
+                   "DEF S Script { exposedField SFFloat level 2 field SFInt32 n 3 }\n"
+                   "Shape { appearance Appearance { material DEF Paint Material { } } geometry Box { } }\n"
+                   "DEF Timer TimeSensor { }\n"
+                   "ROUTE S.level_changed TO Paint.set_transparency\n"
+                   "ROUTE Timer.fraction_changed TO S.set_level\n");
+    ASSERT_TRUE(w.loaded);
+    EXPECT_THAT(w.err, Not(HasSubstr("Error"))) << w.err;
+    EXPECT_THAT(w.err, Not(HasSubstr("BAD ROUTE"))) << w.err;
+    EXPECT_EQ(count(w.scene, "opRep"), 1);
+    znNode* s = node("S");
+    ASSERT_NE(s, nullptr);
+    EXPECT_GE(s->getDataID("level"), 0);
+    EXPECT_GE(s->getDataID("set_level"), 0);
+    EXPECT_THAT(wrltest::writtenWorld(), HasSubstr("level\t2.000000"));
+}
+
+// A node of an unknown type is walked over whatever its body holds; the
+// node around it keeps its name and its other children.
+TEST(RealFileUnknownTypes, SkippedBodiesLeaveTheEnclosingNodeWhole) {
+    wrltest::TempDir dir;
+    World w = load(dir,
+                   "DEF G Group { children [\n"
+                   "  Gizmo { size 2 list [ 1 2 ] name \"a } { \\\" \" # } comment\n"
+                   "          sub Thing { a 1 } ROUTE a.b TO c.d }\n"
+                   "  Shape { geometry Box { } }\n"
+                   "  Gizmo { } ] }\n"
+                   "DEF X Gizmo { }\n"
+                   "Transform { children [ USE G USE X ] }\n"
+                   "Transform { children USE X }\n");
+    ASSERT_TRUE(w.loaded);
+    EXPECT_THAT(w.err, Not(HasSubstr("parse error"))) << w.err;
+    EXPECT_EQ(count(w.err, "Unknown node type 'Gizmo', skipping node"), 1) << w.err;
+    EXPECT_EQ(count(w.err, "Unknown node type Gizmo near line"), 1) << w.err;
+    EXPECT_THAT(w.err, Not(HasSubstr("getNodeID"))) << w.err;
+    EXPECT_EQ(count(w.scene, "csGroup \"G\""), 2) << w.scene;
+    EXPECT_EQ(count(w.scene, "opRep"), 2) << w.scene;
+}
+
+// A graph that refers back to itself is written with a USE of the node.
+TEST(RealFileOutput, NodesThatReferToThemselvesAreWrittenAsUse) {
+    wrltest::TempDir dir;
+    World w = load(dir, "DEF S Script { field SFNode me USE S }\nUSE S\n"
+                        "DEF T Transform { children [ Shape { geometry Box { } } USE T ] }\n");
+    ASSERT_TRUE(w.loaded);
+    const std::string written = wrltest::writtenWorld();
+    EXPECT_THAT(written, HasSubstr("me\t\n  USE S\n"));
+    EXPECT_THAT(written, HasSubstr("USE T\n"));
+    EXPECT_EQ(count(written, "DEF S"), 1) << written;
+}
+
+// Nesting deeper than the parser's stacks is refused with a message, at a
+// depth that every later stage handles.
+TEST(RealFileLimits, DeepNestingEndsTheParseWithAMessage) {
+    wrltest::TempDir dir;
+    std::string text;
+    for (int i = 0; i < 3000; ++i) text += "Transform { children [\n";
+    wrltest::WorldLoad w = wrltest::loadWorld(dir.write("deep.wrl", "#VRML V2.0 utf8\n" + text));
+    ASSERT_NE(w.scene, nullptr);
+    EXPECT_THAT(w.err, HasSubstr("parser stack overflow"));
+}
