@@ -9,6 +9,7 @@
 #include "loader/loader_messages.h"
 #include "loader/wrl_loader.h"
 #include "loader/zn.h"
+#include "loader/zn_text.h"
 #include "loader/zn_interfaces.h"
 #include "optimizer/gfx_opt.h"
 #include "scripts/zn_cppsi.h"
@@ -137,7 +138,9 @@ csNode* wrlLoader::actualLoad(char* filename) {
         char header[kHeaderBufferSize] = "";
         if (std::fgets(header, sizeof header, file) == nullptr) header[0] = '\0';
         std::fclose(file);
-        if (std::strncmp(header, kVrml1Header, std::strlen(kVrml1Header)) == 0) {
+        // A byte order mark, as editors on some systems write, comes first.
+        const char* text = std::strncmp(header, kByteOrderMark, 3) == 0 ? header + 3 : header;
+        if (std::strncmp(text, kVrml1Header, std::strlen(kVrml1Header)) == 0) {
             std::fprintf(stderr, kVrml1Refusal, pathBuffer);
             return nullptr;
         }

@@ -25,6 +25,9 @@ std::size_t znCopyCut(char (&out)[N], const char* text) {
     return znCopyCut(out, N, text);
 }
 
+// The UTF-8 byte order mark that some editors write before a file's text.
+inline constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
+
 // Writes the decimal digits of `value` at `out`, at least `width` of them
 // with leading zeros, as "%0*d" would; answers the end of what it wrote.
 // `out` must hold 12 + width characters.

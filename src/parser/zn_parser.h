@@ -59,6 +59,9 @@ struct RouteInfo {
 // answer is a process-wide buffer, or null when no element has the file.
 char* getPerfPath(char* list);
 
+// Steps over a UTF-8 byte order mark at the start of `input`.
+void skipByteOrderMark(std::istream& input);
+
 class znParser {
 public:
     static constexpr int kMaxProtoDepth = 40;     // one field-nesting count per level

@@ -55,7 +55,7 @@ void znParser::endNodeDeclaration() {
 void znParser::useNode(const char* defName) {
     // The 'u' form of a DEF'ed name; an unknown name goes on as it stands.
     nodeNameBuffer = getDefName(defName);
-    if (nodeNameBuffer.size() > 1 && skippedDefs.contains(nodeNameBuffer.c_str() + 1)) {
+    if (!skippedDefs.empty() && nodeNameBuffer.size() > 1 && skippedDefs.contains(nodeNameBuffer.c_str() + 1)) {
         nodeNameBuffer = kNoNode;
         return;
     }

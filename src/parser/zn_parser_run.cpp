@@ -10,6 +10,7 @@
 #include "browser/zn_browser_intern.h"
 #include "database/zn_database.h"
 #include "loader/zn_interfaces.h"
+#include "loader/zn_text.h"
 #include "parser/parser_messages.h"
 #include "parser/vrmlnode.h"
 #include "parser/zn_lexer.h"
@@ -37,6 +38,16 @@ bool opens(const char* path) {
 }
 
 }  // namespace
+
+// Steps over a byte order mark at the start of an input, which the scanner
+// would otherwise read as the start of a name.
+void skipByteOrderMark(std::istream& input) {
+    char head[3];
+    input.read(head, sizeof head);
+    if (input.gcount() == 3 && std::memcmp(head, kByteOrderMark, 3) == 0) return;
+    input.clear();
+    input.seekg(0);
+}
 
 char* getPerfPath(char* list) {
     if (list == nullptr) return nullptr;
@@ -98,6 +109,7 @@ void znParser::setCurrentFilename(const char* name) {
 int znParser::runParse(std::istream& input, const char* filename) {
     setCurrentFilename(filename);
     currentLine = 1;
+    skipByteOrderMark(input);
     reportedUnknownTypes.clear();
     skippedDefs.clear();
     lexer->switch_streams(&input, &std::cerr);
@@ -221,6 +233,7 @@ std::istream* znParser::openExternInput(const char* url, int save) {
         delete stream;
         return nullptr;
     }
+    skipByteOrderMark(*stream);
     return stream;
 }
 

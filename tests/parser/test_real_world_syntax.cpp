@@ -125,6 +125,23 @@ TEST(RealFileNames, NonAsciiAndLongDefNamesAreNamesLikeAnyOther) {
     EXPECT_STREQ(node(longName.c_str())->getType(), "Transform");
 }
 
+// Editors write a byte order mark before the header, and exporters names
+// that begin with digits, which other loaders read.
+TEST(RealFileNames, ByteOrderMarkAndNamesBeginningWithDigits) {
+    wrltest::TempDir dir;
+    wrltest::ScopedStdin noAnswer("");
+    wrltest::WorldLoad w = wrltest::loadWorld(
+        dir.write("bom.wrl", "\xEF\xBB\xBF#VRML V2.0 utf8\n"
+                             "PROTO 3D_Part [ ] { Shape { geometry Box { } } }\n"
+                             "DEF 1_Part Transform { children 3D_Part { } }\n"
+                             "Group { children USE 1_Part }\n"));
+    ASSERT_NE(w.scene, nullptr);
+    EXPECT_THAT(w.err, Not(HasSubstr("Error"))) << w.err;
+    EXPECT_EQ(count(wrltest::sceneText(w.scene), "csTransform \"1_Part\""), 2);
+    w = wrltest::loadWorld(dir.write("old.wrl", "\xEF\xBB\xBF#VRML V1.0 ascii\nSeparator { }\n"));
+    EXPECT_EQ(w.scene, nullptr);
+}
+
 // A PROTO inside a PROTO body belongs to that body: it may share a name
 // with a PROTO outside, and it builds only through its instances.
 TEST(RealFileProtos, InnerDefinitionsAreScopedToTheirBody) {
