@@ -23,7 +23,6 @@ bool sameInstance(const char* a, const char* b) {
     return std::strcmp(a + 1, b + 1) == 0;
 }
 
-
 }  // namespace
 
 // --- name spaces ------------------------------------------------------------
