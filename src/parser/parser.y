@@ -89,6 +89,7 @@ static void yyerror(void* parser, const char* message) { P->yyerror(message); }
 %token MFNODE 290
 %token GARBAGE 291
 %token EXTPROTOCREATED 292
+%token SKIPPEDVALUE 293
 
 %start vrmlscene
 
@@ -424,6 +425,12 @@ nodeGut
         std::free($2);
         std::free($3);
     }
+    ;
+
+    /* The value of a field its node does not have, passed over whole by
+       the lexer. */
+fieldValue
+    : SKIPPEDVALUE
     ;
 
 %%

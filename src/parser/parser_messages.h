@@ -77,6 +77,7 @@ inline constexpr const char* kUnknownTypeSkipped = "Unknown node type '%s', skip
 inline constexpr const char* kInvalidFieldTypePrompt = "Error: invalid field type: %s.\nWhat is the correct type?\n";
 inline constexpr const char* kUnknownFieldPrompt =
     "Node's of type %s do not have fields/eventIn/EventOut named %s.\nWhat is the correct name?";
+inline constexpr const char* kUnknownFieldSkipped = "Unknown field '%s' of %s, skipping its value";
 inline constexpr const char* kProtoAlreadyDefined = "PROTO %s already defined";
 inline constexpr const char* kAlreadyDefined = "%s:%s Already defined";
 inline constexpr const char* kEmptyProtoStack = "Error: Empty PROTO stack!\n";

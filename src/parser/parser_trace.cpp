@@ -106,6 +106,10 @@ const std::vector<RuleTrace>& ruleTable() {
         {565, "nodes", {"nodes", "nodeDeclaration"}},
         {571, "nodes", {"nodes", "SFN_NULL"}},
         {575, "nodes", {"nodes", "protoDeclaration"}},
+        // The rules that real files need beyond the first grammar.
+        {580, "@14", {}},
+        {585, "nodeGut", {"EXPOSEDFIELD", "IDENTIFIER", "IDENTIFIER", "@14", "fieldValue"}},
+        {590, "fieldValue", {"SKIPPEDVALUE"}},
     };
     return rules;
 }

@@ -63,6 +63,7 @@ VrmlNodeType::VrmlNodeType(const char* nm, znParser* p)
 VrmlNodeType::VrmlNodeType(VrmlNodeType& other, znParser* p)
     : typeId(other.typeId), eventIns(new Table), eventOuts(new Table), fields(new Table), parser(p) {
     name = znCopyText(other.name);
+    declaredName = copyOrNull(other.declaredName);
     other.useCount++;
     instanceNumber = other.useCount;
     recordBlockSize = other.eventIns->size() + other.eventOuts->size() + other.fields->size();

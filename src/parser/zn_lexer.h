@@ -62,6 +62,11 @@ private:
     void appendString(const char* text, std::size_t length);
     void appendString(const char* text) { appendString(text, std::char_traits<char>::length(text)); }
     void resetToNode();
+    // The end of the value of an unknown field: back to NODE, and the token
+    // that stands for the value.
+    int endSkippedValue();
+    // Counts the line feeds of yytext when a skipped value's pattern read them.
+    void countLines();
     void beginList();
     int endList();
     // Lets go of a list whose "]" never came.
@@ -83,8 +88,10 @@ private:
     int inList = 0;
     int imageCount = 0;
     int imageTotal = 0;
-    // Open braces of the body of a skipped node; 0 before its "{".
+    // Open braces and brackets of what is skipped; 0 before the first.
     int skipDepth = 0;
+    // What is skipped is a field's value, not a node's body.
+    int skippingValue = 0;
     std::vector<yy_buffer_state*> bufferStack;  // owning: suspended inputs
     std::vector<std::istream*> inputStack;      // borrowed: streams of EXTERNPROTO reads
 };

@@ -278,8 +278,10 @@ private:
     // DEF names (without their kind letter) of skipped nodes: a USE of one
     // is no node.
     znNameTable skippedDefs;
-    // Unknown types reported in this file.
+    // Unknown types, and unknown fields as "Type.field", reported in this
+    // file.
     znNameTable reportedUnknownTypes;
+    znNameTable reportedUnknownFields;
     // Type names given to the database: those of the Node Support file,
     // and those of the world being read.
     znNameTable systemTypeNames;

@@ -221,9 +221,25 @@ void znParser::enterField(const char* name) {
     // An event takes only IS, which needs no value state.
     if (instance->hasEventIn(name) != 0 || instance->hasEventOut(name) != 0) return;
     int type = instance->hasField(name);
+    if (type == 0) {
+        // The value of a field the type does not have is passed over, so
+        // that the rest of the file still reads; each such field of a type
+        // is reported once per file.
+        const std::string key = std::string(instance->getDeclaredName()) + '.' + name;
+        if (reportedUnknownFields.contains(key)) {
+            expect(SKIPPEDVALUE);
+            return;
+        }
+    }
     while (type == 0) {
-        const znPromptAnswer answer = znPrompt(znParserFormat(kUnknownFieldPrompt, instance->name, name).c_str());
-        if (!answer.answered) return;
+        const znPromptAnswer answer =
+            znPrompt(znParserFormat(kUnknownFieldPrompt, instance->getDeclaredName(), name).c_str());
+        if (!answer.answered) {
+            reportedUnknownFields.insert(std::string(instance->getDeclaredName()) + '.' + name, 0);
+            znMessage(znParserFormat(kUnknownFieldSkipped, name, instance->getDeclaredName()).c_str());
+            expect(SKIPPEDVALUE);
+            return;
+        }
         type = instance->hasField(answer.name);
         if (type != 0) {
             correctedFieldName = answer.name;

@@ -111,6 +111,7 @@ int znParser::runParse(std::istream& input, const char* filename) {
     currentLine = 1;
     skipByteOrderMark(input);
     reportedUnknownTypes.clear();
+    reportedUnknownFields.clear();
     skippedDefs.clear();
     lexer->switch_streams(&input, &std::cerr);
     const int result = yyparse(this);

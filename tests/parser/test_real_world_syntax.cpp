@@ -286,6 +286,32 @@ TEST(RealFileUnknownTypes, SkippedBodiesLeaveTheEnclosingNodeWhole) {
     EXPECT_EQ(count(w.scene, "opRep"), 2) << w.scene;
 }
 
+// Fields that a node's type does not have, as some exporters write, are
+// reported once per type and field, and their values of every form are
+// passed over; what follows them reads as usual.
+TEST(RealFileUnknownTypes, ValuesOfUnknownFieldsArePassedOver) {
+    wrltest::TempDir dir;
+    World w = load(dir,
+                   "Transform { translation 1 2 3 extra 1 2\n 3 flag TRUE\n children [\n"
+                   "  Shape { appearance Appearance { material Material { glow [ 1, 2 # ] in a comment\n 3 ]\n"
+                   "      label \"a } [ b\" diffuseColor 1 0 0 } }\n"
+                   "    geometry Box { weird DEF W Foo { a [ 1 ] } also USE W size 2 2 2 } }\n"
+                   "  Shape { geometry Sphere { radius 3 nothing } } ] }\n"
+                   "Shape { appearance Appearance { material Material { glow [ 5 ] } } geometry Cone { } }\n");
+    ASSERT_TRUE(w.loaded);
+    EXPECT_THAT(w.err, Not(HasSubstr("parse error"))) << w.err;
+    for (const char* field : {"'extra' of Transform", "'flag' of Transform", "'glow' of Material",
+                              "'label' of Material", "'weird' of Box", "'also' of Box", "'nothing' of Sphere"})
+        EXPECT_EQ(count(w.err, std::string("Unknown field ") + field + ", skipping its value"), 1) << field;
+    EXPECT_THAT(w.scene, HasSubstr("translation: 1 2 3"));
+    EXPECT_THAT(w.scene, HasSubstr("diffuseColor: 1 0 0"));
+    EXPECT_THAT(w.scene, HasSubstr("boundMax: 1 1 1"));
+    EXPECT_THAT(w.scene, HasSubstr("radius: 3"));
+    EXPECT_EQ(count(w.scene, "opRep"), 1);
+    EXPECT_EQ(count(w.scene, "opSphere"), 1);
+    EXPECT_EQ(count(w.scene, "opCone"), 1);
+}
+
 // A graph that refers back to itself is written with a USE of the node.
 TEST(RealFileOutput, NodesThatReferToThemselvesAreWrittenAsUse) {
     wrltest::TempDir dir;
