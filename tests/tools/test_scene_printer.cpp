@@ -86,6 +86,7 @@ const char* kTree =
     "  csDirectionalLight\n"
     "    on: 1\n"
     "    intensity: 1\n"
+    "    ambientIntensity: 0\n"
     "    color: 1 1 1\n"
     "    direction: 0 0 -1\n"
     "lights 1\n"
@@ -123,6 +124,7 @@ TEST(printSceneJson, NamesAreEscaped) {
     printSceneJson(out, root);
     EXPECT_EQ(out.str(),
               "{\"class\": \"csEnvironment\", \"name\": null, \"children\": [{\"class\": \"csGroup\", \"name\": "
-              "\"a\\\"b\\\\c\\u000ad\", \"children\": []}], \"lights\": []}\n");
+              "\"a\\\"b\\\\c\\u000ad\", \"children\": []}], \"lights\": [], \"viewpoints\": [], \"viewpoint\": null, "
+              "\"navigationInfo\": null, \"background\": null, \"fog\": null, \"worldInfo\": null}\n");
     root->unref();
 }

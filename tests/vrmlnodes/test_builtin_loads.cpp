@@ -53,7 +53,7 @@ TEST(BuiltinLoads, EveryBuiltInTypeOfAWorldHasItsObject) {
 TEST(BuiltinLoads, UnsupportedTypeAlertsOncePerTypeAndKeepsItsNodes) {
     std::string err = load(behaviourFile("unsupported.wrl"));
     EXPECT_EQ(occurrences(err, "TimeSensor nodes not supported in this version."), 1u) << err;
-    EXPECT_EQ(occurrences(err, "Fog nodes not supported in this version."), 1u) << err;
+    EXPECT_EQ(occurrences(err, "Sound nodes not supported in this version."), 1u) << err;
     auto* clock = dynamic_cast<znNode*>(_ZNmain->browser->getNode("CLOCK2"));
     ASSERT_NE(clock, nullptr);
     EXPECT_EQ(clock->getCPPScript(), nullptr);
