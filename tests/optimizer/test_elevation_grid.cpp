@@ -17,17 +17,12 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using wrltest::cornerNormal;
 using wrltest::cornerPoint;
+using wrltest::expectNear;
 using wrltest::FaceSetWorld;
 using wrltest::indexesOf;
 using wrltest::intsOf;
 
 namespace {
-
-void expectNear(const csVec3f& v, float x, float y, float z) {
-    EXPECT_NEAR(v[0], x, 1e-5f);
-    EXPECT_NEAR(v[1], y, 1e-5f);
-    EXPECT_NEAR(v[2], z, 1e-5f);
-}
 
 const char* const kRoof = "xDimension 3 zDimension 2 height [ 0 1 0  0 1 0 ]";
 

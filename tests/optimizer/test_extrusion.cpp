@@ -16,17 +16,12 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using wrltest::cornerNormal;
 using wrltest::cornerPoint;
+using wrltest::expectNear;
 using wrltest::FaceSetWorld;
 using wrltest::faceStarts;
 using wrltest::intsOf;
 
 namespace {
-
-void expectNear(const csVec3f& v, float x, float y, float z) {
-    EXPECT_NEAR(v[0], x, 1e-5f);
-    EXPECT_NEAR(v[1], y, 1e-5f);
-    EXPECT_NEAR(v[2], z, 1e-5f);
-}
 
 csVec3f minus(const csVec3f& a, const csVec3f& b) {
     csVec3f d;
