@@ -1,6 +1,7 @@
 #include "optimizer/optElevationGrid.h"
 
 #include <algorithm>
+#include <climits>
 #include <string>
 #include <vector>
 
@@ -62,16 +63,23 @@ void optElevationGrid::reportShort(const char* what, int have, int need) {
 
 // A grid of fewer heights than points keeps the rows that its heights fill
 // whole: a missing height has no value worth guessing.
+// A grid too large to number its corners builds nothing.
 void optElevationGrid::measure(int& columns, int& rows) {
     columns = xDimension ? std::max(0, xDimension->getValue()) : 0;
     rows = zDimension ? std::max(0, zDimension->getValue()) : 0;
     const long long heights = static_cast<long long>(valuesOf(height).size());
-    if (static_cast<long long>(columns) * rows <= heights) return;
-    const int whole = static_cast<int>(heights / columns);
-    znMessage(znFormatText(kGridShortOfHeights, sceneName(kUnnamedElevationGrid), static_cast<int>(heights), columns,
-                           rows, whole)
-                  .c_str());
-    rows = whole;
+    if (static_cast<long long>(columns) * rows > heights) {
+        const int whole = static_cast<int>(heights / columns);
+        znMessage(znFormatText(kGridShortOfHeights, sceneName(kUnnamedElevationGrid), static_cast<int>(heights),
+                               columns, rows, whole)
+                      .c_str());
+        rows = whole;
+    }
+    // Four corners and a terminator for each square.
+    if (columns > 1 && rows > 1 && 5LL * (columns - 1) * (rows - 1) > INT_MAX) {
+        znMessage(znFormatText(kGridTooLarge, sceneName(kUnnamedElevationGrid), columns, rows).c_str());
+        columns = rows = 0;
+    }
 }
 
 void optElevationGrid::build(SFTime& time) {

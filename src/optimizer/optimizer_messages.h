@@ -24,6 +24,9 @@ inline constexpr const char* kUnnamedExtrusion = "Unnamed Extrusion Node";
 // the rows built, for an ElevationGrid given fewer heights than points.
 inline constexpr const char* kGridShortOfHeights =
     "optElevationGrid:  %s has %d heights for %d x %d points; only its first %d rows are built.";
+// znMessage, with the name and the two dimensions, for an ElevationGrid
+// whose squares would have more corners than can be numbered.
+inline constexpr const char* kGridTooLarge = "optElevationGrid:  %s is too large to build (%d x %d points).";
 // znMessage, with the name, what falls short ("colours", "normals",
 // "texture coordinates"), how many there are and how many are needed, for
 // an ElevationGrid whose node of them has too few.
@@ -32,10 +35,11 @@ inline constexpr const char* kGridShortOfValues = "optElevationGrid:  %s has %d 
 // Extrusion whose surface would have more corners than can be numbered.
 inline constexpr const char* kSweepTooLarge =
     "optExtrusion:  %s is too large to build (%d spine by %d cross-section points).";
-// znMessage, with the name, for a PixelTexture whose image is not whole:
-// width, height, components, and the number of pixels it gives.
+// znMessage, with the name, width, height, components and number of pixels,
+// for a PixelTexture whose image has more than four components or fewer
+// pixels than places.
 inline constexpr const char* kPixelImageBroken =
-    "optPixelTexture:  The image of %s (%d x %d, %d components) is not whole: %d pixels; it is left out.";
+    "optPixelTexture:  The image of %s (%d x %d, %d components, %d pixels) cannot be shown; it is left out.";
 // znMessage, once per world, for the first MovieTexture.
 inline constexpr const char* kMoviesNotDecoded =
     "optMovieTexture:  Movies are not decoded: a MovieTexture shows no picture.";
