@@ -9,21 +9,16 @@
 // size after the build) and peak_per_file (that over the file size).
 #include <benchmark/benchmark.h>
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
 #include <string>
+#include <utility>
 
-#include "browser/zn_browser_intern.h"
 #include "child_process.h"
 #include "csIndexedFaceSet.h"
-#include "loader/wrl_loader.h"
-#include "loader/zn.h"
-#include "nodes/zn_node.h"
+#include "face_set_fetch.h"
 #include "scene_generators.h"
-#include "vrmlnodes/VRMLNodebase.h"
-#include "wrlLoader.h"
 
 namespace {
 
@@ -34,25 +29,14 @@ struct Steps {
     int primitives = 0;
 };
 
-double secondsSince(std::chrono::steady_clock::time_point start) {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
 // In the child: load, then fetch the face set DEF'd as F as a shape would.
 Steps loadAndBuild(std::string path) {
+    wrlbench::FaceSetFetch fetch = wrlbench::loadAndFetchFaceSet(std::move(path));
     Steps steps;
-    auto start = std::chrono::steady_clock::now();
-    if (wrlLoad(&path[0]) == nullptr) return steps;
-    steps.loadSeconds = secondsSince(start);
-    znBrowserIntern* browser = _ZNmain->browser;
-    znNode* node = browser->getNode(browser->getNodeID("d00000+F"));
-    ActionState shape;
-    SFTime time(-1.0);
-    start = std::chrono::steady_clock::now();
-    auto* faces = csObject::fromHandleAs<csIndexedFaceSet>(node->action(time, kActionFetch, &shape));
-    steps.buildSeconds = secondsSince(start);
-    steps.primitives = faces ? faces->getPrimCount() : 0;
-    steps.peakBytes = wrlbench::peakResidentBytes();
+    steps.loadSeconds = fetch.loadSeconds;
+    steps.buildSeconds = fetch.buildSeconds;
+    steps.peakBytes = fetch.peakBytes;
+    steps.primitives = fetch.faces ? fetch.faces->getPrimCount() : 0;
     return steps;
 }
 

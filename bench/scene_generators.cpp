@@ -79,6 +79,41 @@ std::string bigFaceSet(std::size_t targetBytes, bool withNormals, bool inShape) 
     return out;
 }
 
+std::string bigElevationGrid(long side) {
+    std::string out;
+    out.reserve(static_cast<std::size_t>(side * side) * 8 + 128);
+    out += kHeader;
+    appendf(out, "DEF F ElevationGrid { xDimension %.0f zDimension %.0f creaseAngle 0.5 height [\n", double(side),
+            double(side));
+    for (long j = 0; j < side; ++j) {
+        for (long i = 0; i < side; ++i) {
+            char buffer[32];
+            int n = std::snprintf(buffer, sizeof buffer, "%.3f ", std::sin(i * 0.05) * std::cos(j * 0.03));
+            out.append(buffer, static_cast<std::size_t>(n));
+        }
+        out += '\n';
+    }
+    out += "] }\n";
+    return out;
+}
+
+std::string longExtrusion(long spinePoints, long sectionPoints) {
+    std::string out;
+    out += kHeader;
+    out += "DEF F Extrusion { creaseAngle 0.5 crossSection [\n";
+    for (long k = 0; k <= sectionPoints; ++k) {
+        const double a = 2.0 * M_PI * static_cast<double>(k % sectionPoints) / static_cast<double>(sectionPoints);
+        appendf(out, "%.4f %.4f,\n", 0.2 * std::cos(a), 0.2 * std::sin(a));
+    }
+    out += "] spine [\n";
+    for (long i = 0; i < spinePoints; ++i) {
+        const double t = 0.01 * static_cast<double>(i);
+        appendf(out, "%.4f %.4f %.4f,\n", std::cos(t), 0.002 * static_cast<double>(i), std::sin(t));
+    }
+    out += "] }\n";
+    return out;
+}
+
 std::string manyDefUseShapes(std::size_t targetBytes) {
     std::string out;
     out.reserve(targetBytes + 4096);

@@ -22,6 +22,14 @@ std::string manyDefUseShapes(std::size_t targetBytes);
 // the target size.
 std::string manyProtoInstances(std::size_t targetBytes);
 
+// One ElevationGrid of `side` x `side` heights, DEF'd as F at the top of the
+// world, with a crease angle so that smoothing has work to do.
+std::string bigElevationGrid(long side);
+
+// One Extrusion, DEF'd as F at the top of the world: a circle of
+// `sectionPoints` swept along a helix of `spinePoints`, with a crease angle.
+std::string longExtrusion(long spinePoints, long sectionPoints);
+
 // Writes `text` to a file in the temporary directory and answers its path.
 std::string writeTempWorld(const std::string& stem, const std::string& text);
 

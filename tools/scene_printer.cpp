@@ -5,20 +5,31 @@
 #include <string>
 #include <vector>
 
+#include "csAnchor.h"
 #include "csAppearance.h"
+#include "csBackground.h"
+#include "csBillboard.h"
 #include "csCollision.h"
 #include "csDirectionalLight.h"
 #include "csEnvironment.h"
+#include "csFog.h"
 #include "csGroup.h"
 #include "csImage.h"
 #include "csIndexedFaceSet.h"
+#include "csInline.h"
+#include "csLOD.h"
 #include "csLineStripSet.h"
 #include "csMaterial.h"
+#include "csMovieTexture.h"
+#include "csNavigationInfo.h"
 #include "csScreenAlignedText.h"
 #include "csShape.h"
+#include "csSpotLight.h"
 #include "csSwitch.h"
 #include "csTexture.h"
 #include "csTransform.h"
+#include "csViewpoint.h"
+#include "csWorldInfo.h"
 #include "opCone.h"
 #include "opCuboid.h"
 #include "opCylinder.h"
@@ -26,12 +37,13 @@
 
 namespace {
 
-// One printed value: numbers, a truth value or a text.
+// One printed value: numbers, a truth value, a text or a list of texts.
 struct Value {
-    enum Kind { Numbers, Bool, Text } kind = Numbers;
+    enum Kind { Numbers, Bool, Text, Texts } kind = Numbers;
     std::vector<double> numbers;
     bool truth = false;
     std::string text;
+    std::vector<std::string> texts;
 };
 
 // An object as both printers see it: what to print, in order.
@@ -55,6 +67,13 @@ struct Item {
     void add(const char* key, double number) { add(key, std::vector<double>{number}); }
     void add(const char* key, const csVec3f& v) { add(key, std::vector<double>{v[0], v[1], v[2]}); }
     void add(const char* key, const csVec4f& v) { add(key, std::vector<double>{v[0], v[1], v[2], v[3]}); }
+    void add(const char* key, const std::vector<float>& v) { add(key, std::vector<double>(v.begin(), v.end())); }
+    // Colours one after the other, three numbers each.
+    void add(const char* key, const std::vector<csVec3f>& colours) {
+        std::vector<double> numbers;
+        for (const csVec3f& c : colours) numbers.insert(numbers.end(), {c[0], c[1], c[2]});
+        add(key, std::move(numbers));
+    }
     void flag(const char* key, bool on) {
         Value v;
         v.kind = Value::Bool;
@@ -65,6 +84,12 @@ struct Item {
         Value v;
         v.kind = Value::Text;
         v.text = s;
+        values.emplace_back(key, std::move(v));
+    }
+    void texts(const char* key, const std::vector<std::string>& list) {
+        Value v;
+        v.kind = Value::Texts;
+        v.texts = list;
         values.emplace_back(key, std::move(v));
     }
     void hold(const char* key, Item item) { sections.push_back({key, false, {std::move(item)}}); }
@@ -132,6 +157,43 @@ void describePrimitive(Item& item, const csObject* o) {
     if (const auto* c = as<opCuboid>(o)) item.add("size", c->getSize());
 }
 
+// The nodes that say how to view the world and what it is.
+void describeWorldNode(Item& item, const csObject* o) {
+    if (const auto* v = as<csViewpoint>(o)) {
+        item.add("position", v->getPosition());
+        item.add("orientation", v->getOrientation());
+        item.add("fieldOfView", v->getFieldOfView());
+        item.flag("jump", v->getJump());
+        item.text("description", v->getDescription());
+    }
+    if (const auto* n = as<csNavigationInfo>(o)) {
+        item.add("avatarSize", n->getAvatarSize());
+        item.flag("headlight", n->getHeadlight());
+        item.add("speed", n->getSpeed());
+        item.texts("type", n->getTypes());
+        item.add("visibilityLimit", n->getVisibilityLimit());
+    }
+    if (const auto* b = as<csBackground>(o)) {
+        item.add("skyColor", b->getSkyColors());
+        item.add("skyAngle", b->getSkyAngles());
+        item.add("groundColor", b->getGroundColors());
+        item.add("groundAngle", b->getGroundAngles());
+        static const std::pair<csBackground::Side, const char*> sides[] = {
+            {csBackground::BACK, "backUrl"},   {csBackground::BOTTOM, "bottomUrl"}, {csBackground::FRONT, "frontUrl"},
+            {csBackground::LEFT, "leftUrl"},   {csBackground::RIGHT, "rightUrl"},   {csBackground::TOP, "topUrl"}};
+        for (const auto& [side, key] : sides) item.texts(key, b->getUrl(side));
+    }
+    if (const auto* f = as<csFog>(o)) {
+        item.add("color", f->getColor());
+        item.text("fogType", f->getFogType());
+        item.add("visibilityRange", f->getVisibilityRange());
+    }
+    if (const auto* w = as<csWorldInfo>(o)) {
+        item.text("title", w->getTitle());
+        item.texts("info", w->getInfo());
+    }
+}
+
 Item describe(csObject* object) {
     Item item;
     item.className = object->getType()->getName();
@@ -145,12 +207,39 @@ Item describe(csObject* object) {
     }
     if (const auto* s = as<csSwitch>(object)) item.add("whichChild", s->getWhichChild());
     if (const auto* c = as<csCollision>(object)) item.flag("collide", c->getCollide());
+    if (const auto* l = as<csLOD>(object)) {
+        item.add("range", l->getRanges());
+        item.add("center", l->getCenter());
+    }
+    if (const auto* b = as<csBillboard>(object)) item.add("axisOfRotation", b->getAxisOfRotation());
+    if (const auto* a = as<csAnchor>(object)) {
+        item.texts("url", a->getUrl());
+        item.text("description", a->getDescription());
+        item.texts("parameter", a->getParameter());
+    }
+    if (const auto* i = as<csInline>(object)) {
+        item.texts("url", i->getUrl());
+        item.add("bboxCenter", i->getBboxCenter());
+        item.add("bboxSize", i->getBboxSize());
+    }
     if (const auto* l = as<csLight>(object)) {
         item.flag("on", l->getOn());
         item.add("intensity", l->getIntensity());
+        item.add("ambientIntensity", l->getAmbientIntensity());
         item.add("color", l->getColor());
     }
     if (const auto* d = as<csDirectionalLight>(object)) item.add("direction", d->getDirection());
+    if (const auto* p = as<csPointLight>(object)) {
+        item.add("location", p->getLocation());
+        item.add("radius", p->getRadius());
+        item.add("attenuation", p->getAttenuation());
+    }
+    if (const auto* s = as<csSpotLight>(object)) {
+        item.add("direction", s->getDirection());
+        item.add("beamWidth", s->getBeamWidth());
+        item.add("cutOffAngle", s->getCutOffAngle());
+    }
+    describeWorldNode(item, object);
     if (const auto* m = as<csMaterial>(object)) {
         item.add("ambientColor", m->getAmbientColor());
         item.add("diffuseColor", m->getDiffuseColor());
@@ -171,6 +260,11 @@ Item describe(csObject* object) {
         if (a->getTexture()) item.hold("texture", describe(a->getTexture()));
     }
     if (const auto* t = as<csTexture>(object)) {
+        if (const auto* m = as<csMovieTexture>(object)) {
+            item.texts("url", m->getUrl());
+            item.flag("loop", m->getLoop());
+            item.add("speed", m->getSpeed());
+        }
         if (*t->getFileName() != '\0') item.text("fileName", t->getFileName());
         item.add("format", t->getFormat());
         item.add("repeatS", t->getRepeatS());
@@ -235,6 +329,8 @@ void printText(std::ostream& out, const Item& item, int depth) {
             out << ' ' << (value.truth ? 1 : 0);
         else if (value.kind == Value::Text)
             out << " \"" << value.text << '"';
+        else if (value.kind == Value::Texts)
+            for (const std::string& text : value.texts) out << " \"" << text << '"';
         else
             for (double n : value.numbers) out << ' ' << number(n);
         out << '\n';
@@ -268,7 +364,43 @@ void jsonNumber(std::ostream& out, double v) {
         out << "null";
 }
 
-void printJson(std::ostream& out, const Item& item, const csMFRef* lights) {
+// What the root refers to after its tree: a class and a name, or null.
+void jsonReference(std::ostream& out, const csContainer* object) {
+    if (object == nullptr) {
+        out << "null";
+        return;
+    }
+    out << "{\"class\": ";
+    jsonString(out, object->getType()->getName());
+    out << ", \"name\": ";
+    if (object->getName())
+        jsonString(out, object->getName());
+    else
+        out << "null";
+    out << '}';
+}
+
+void jsonReferences(std::ostream& out, const char* key, const csMFRef& list) {
+    out << ", ";
+    jsonString(out, key);
+    out << ": [";
+    for (int i = 0; i < list.getCount(); ++i) {
+        if (i) out << ", ";
+        jsonReference(out, list.get(i));
+    }
+    out << ']';
+}
+
+// The objects that the root binds at the start, by their keys.
+std::vector<std::pair<const char*, const csContainer*>> boundBy(const csEnvironment& root) {
+    return {{"viewpoint", root.getViewpoint()},
+            {"navigationInfo", root.getNavigationInfo()},
+            {"background", root.getBackground()},
+            {"fog", root.getFog()},
+            {"worldInfo", root.getWorldInfo()}};
+}
+
+void printJson(std::ostream& out, const Item& item, const csEnvironment* root) {
     out << "{\"class\": ";
     jsonString(out, item.className);
     out << ", \"name\": ";
@@ -277,7 +409,7 @@ void printJson(std::ostream& out, const Item& item, const csMFRef* lights) {
     else
         out << "null";
     for (const auto& [key, value] : item.values) {
-        if (key == "lights" && lights) continue;
+        if (key == "lights" && root) continue;
         out << ", ";
         jsonString(out, key);
         out << ": ";
@@ -285,6 +417,13 @@ void printJson(std::ostream& out, const Item& item, const csMFRef* lights) {
             out << (value.truth ? "true" : "false");
         } else if (value.kind == Value::Text) {
             jsonString(out, value.text);
+        } else if (value.kind == Value::Texts) {
+            out << '[';
+            for (size_t i = 0; i < value.texts.size(); ++i) {
+                if (i) out << ", ";
+                jsonString(out, value.texts[i]);
+            }
+            out << ']';
         } else if (value.numbers.size() == 1) {
             jsonNumber(out, value.numbers[0]);
         } else {
@@ -311,32 +450,32 @@ void printJson(std::ostream& out, const Item& item, const csMFRef* lights) {
         }
         out << ']';
     }
-    if (lights) {
-        out << ", \"lights\": [";
-        for (int i = 0; i < lights->getCount(); ++i) {
-            if (i) out << ", ";
-            const csContainer* light = lights->get(i);
-            if (light == nullptr) {
-                out << "null";
-                continue;
-            }
-            out << "{\"class\": ";
-            jsonString(out, light->getType()->getName());
-            out << ", \"name\": ";
-            if (light->getName())
-                jsonString(out, light->getName());
-            else
-                out << "null";
-            out << '}';
+    if (root) {
+        jsonReferences(out, "lights", root->lights());
+        jsonReferences(out, "viewpoints", root->viewpoints());
+        for (const auto& [key, object] : boundBy(*root)) {
+            out << ", ";
+            jsonString(out, key);
+            out << ": ";
+            jsonReference(out, object);
         }
-        out << ']';
     }
     out << '}';
 }
 
-const csMFRef* rootLights(csNode* root) {
+const csEnvironment* rootEnvironment(csNode* root) {
     if (root == nullptr || !root->isOfType(csEnvironment::getClassType())) return nullptr;
-    return &static_cast<csEnvironment*>(root)->lights();
+    return static_cast<csEnvironment*>(root);
+}
+
+void printReferences(std::ostream& out, const csMFRef& list) {
+    for (int i = 0; i < list.getCount(); ++i) {
+        const csContainer* object = list.get(i);
+        if (object)
+            printObjectLine(out, object->getType()->getName(), object->getName(), 1);
+        else
+            printObjectLine(out, "NULL", nullptr, 1);
+    }
 }
 
 }  // namespace
@@ -347,15 +486,18 @@ void printSceneTree(std::ostream& out, csNode* root) {
         return;
     }
     printText(out, describe(root), 0);
-    const csMFRef* lights = rootLights(root);
-    if (lights == nullptr) return;
-    out << "lights " << lights->getCount() << '\n';
-    for (int i = 0; i < lights->getCount(); ++i) {
-        const csContainer* light = lights->get(i);
-        if (light)
-            printObjectLine(out, light->getType()->getName(), light->getName(), 1);
-        else
-            printObjectLine(out, "NULL", nullptr, 1);
+    const csEnvironment* environment = rootEnvironment(root);
+    if (environment == nullptr) return;
+    out << "lights " << environment->lights().getCount() << '\n';
+    printReferences(out, environment->lights());
+    if (environment->viewpoints().getCount() > 0) {
+        out << "viewpoints " << environment->viewpoints().getCount() << '\n';
+        printReferences(out, environment->viewpoints());
+    }
+    for (const auto& [key, object] : boundBy(*environment)) {
+        if (object == nullptr) continue;
+        out << key << ' ';
+        printObjectLine(out, object->getType()->getName(), object->getName(), 0);
     }
 }
 
@@ -364,6 +506,6 @@ void printSceneJson(std::ostream& out, csNode* root) {
         out << "null\n";
         return;
     }
-    printJson(out, describe(root), rootLights(root));
+    printJson(out, describe(root), rootEnvironment(root));
     out << '\n';
 }

@@ -11,12 +11,17 @@ class csNode;
 // deeper, come first its values as "key: value" lines, then what it holds
 // (a shape's appearance and geometry, an appearance's material and texture,
 // a texture's image), then its children. A csEnvironment root is followed
-// by "lights N" and one indented line per light of its light list.
+// by "lights N" and one indented line per light of its light list; then,
+// when it has any, "viewpoints N" and one indented line per viewpoint; then
+// a line for each of the viewpoint, navigation information, background,
+// fog and world information that it binds: the key and the object.
 void printSceneTree(std::ostream& out, csNode* root);
 
 // The same scene as one JSON document: every object is
 // {"class": ..., "name": ... or null, <values>, <held objects>,
-//  "children": [...]}, and the root also has "lights": [{"class", "name"}].
+//  "children": [...]}, and the root also has "lights" and "viewpoints"
+// (lists of {"class", "name"}) and "viewpoint", "navigationInfo",
+// "background", "fog" and "worldInfo" (each {"class", "name"} or null).
 void printSceneJson(std::ostream& out, csNode* root);
 
 #endif

@@ -1,6 +1,8 @@
 // The graphics interface of the loader: no display and no camera, so that
-// nearly every operation does nothing. Its one duty is to hang each
-// finished top-level subgraph under topSceneNode.
+// nearly every operation does nothing. Its duties are to hang each
+// finished top-level subgraph under topSceneNode, and to note there what
+// the world's viewpoints, navigation information, background, fog and
+// world information nodes announce.
 #ifndef GFX_OPT_H
 #define GFX_OPT_H
 
@@ -11,7 +13,7 @@
 
 class ZN;
 class csEnvironment;
-class csGroup;
+class csNode;
 class opViewer;
 class opDrawImpl;
 
@@ -32,7 +34,20 @@ public:
     void getMouseMatrix(float[4][4]) override {}
     void setFOV(float) override {}
     float getFOV() override { return 0.0f; }
+    // The loader runs no events, so nothing is bound but at the start: the
+    // first node of each kind to ask stays bound, and later asks change
+    // nothing. The argument is the asking node's object of the toolkit, as
+    // a csNode (a csViewpoint, csNavigationInfo, csBackground, csFog or
+    // csWorldInfo); an object of another class is ignored.
+    void addViewpoint(void* viewpoint) override;
+    void bindViewpoint(void* viewpoint) override;
     void addBackground(void*) override {}
+    void bindBackground(void* background) override;
+    void bindFog(void* fog) override;
+    void bindNavigationInfo(void* info) override;
+    void addWorldInfo(void* info) override;
+    const char* getWorldInfoTitle() override;
+    std::vector<std::string> getWorldInfoInfo() override;
     int setNavigationType(const char*) override { return 0; }
     void setNavigationSpeed(float) override {}
     float getNavigationSpeed() override { return 0.0f; }
@@ -40,10 +55,11 @@ public:
     void setHeadlight(int) override {}
     int getHeadlight() override { return 0; }
 
-    // Adds `group` as a child of topSceneNode and gives it one reference
-    // more; nothing when either is null. The same group given twice is
-    // added twice.
-    void set_top_Node(csGroup* group);
+    // Adds `node` (a group, or a light or other leaf that stands at the top
+    // of the world) as a child of topSceneNode and gives it one reference
+    // more; nothing when either is null. The same node given twice is added
+    // twice.
+    void set_top_Node(csNode* node);
     csEnvironment* getRoot();
     void* getCamera() { return nullptr; }
     void* getPose() { return nullptr; }

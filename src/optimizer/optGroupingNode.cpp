@@ -18,7 +18,7 @@ csEnvironment* optGroupingNode::scopeLight(csNode* light, csGroup* owner) {
     return scope;
 }
 
-void optGroupingNode::attachTopLevel(gfx* graphics, csGroup* owner) {
+void optGroupingNode::attachTopLevel(gfx* graphics, csNode* owner) {
     if (auto* display = dynamic_cast<gfx_opt*>(graphics)) display->set_top_Node(owner);
 }
 
@@ -32,6 +32,7 @@ int optGroupingNode::action(SFTime& time, int mode, void* incoming) {
     if (!state) {
         state = new ActionState(static_cast<ActionState*>(incoming));
         state->group = group;
+        if (childrenInlined) state->inlined = true;
         if (group && group->isOfType(csTransform::getClassType()))
             state->transforms.push_back(static_cast<csTransform*>(group));
     }

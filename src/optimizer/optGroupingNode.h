@@ -26,8 +26,9 @@ public:
     // children: a new environment lists it and takes `owner` under it. The
     // one place where that scope is made, for groups and switches alike.
     static csEnvironment* scopeLight(csNode* light, csGroup* owner);
-    // Hands `owner` to the graphics interface as a top-level group.
-    static void attachTopLevel(gfx* graphics, csGroup* owner);
+    // Hands `owner` to the graphics interface as a top-level object: a
+    // group, or a leaf such as a light that stands at the top of the world.
+    static void attachTopLevel(gfx* graphics, csNode* owner);
     // The handle that answers for a built group: its environment, if any.
     static int handleFor(csGroup* owner, csEnvironment* scope);
 
@@ -37,6 +38,9 @@ protected:
     csGroup* group = nullptr;              // owning one reference; made by the concrete class
     csEnvironment* environment = nullptr;  // owning one reference; null until a light is scoped
     ActionState* state = nullptr;          // owning; made at the first action
+    // Whether the children were read from another file, which the state
+    // handed to them tells them.
+    bool childrenInlined = false;
 
 private:
     void rebuildChildren(SFTime& time);

@@ -8,6 +8,7 @@
 #include "csAppearance.h"
 #include "csGeoSet.h"
 #include "csMaterial.h"
+#include "csTexture.h"
 #include "loader/zn_interfaces.h"
 #include "optimizer/optimizer_messages.h"
 #include "vrmlnodes/Coordinate.h"
@@ -68,6 +69,18 @@ bool optTooFewColours(MFColor* values, Coordinate* coordinate, bool perVertex, i
     if (!perVertex) return colours < primitives;
     const int points = coordinate && coordinate->getPoint() ? coordinate->getPoint()->getSize() : 0;
     return colours < points;
+}
+
+bool optHasRGBTexture(int appearanceHandle) {
+    csAppearance* appearance = csObject::fromHandleAs<csAppearance>(appearanceHandle);
+    csTexture* texture = appearance ? appearance->getTexture() : nullptr;
+    return texture && texture->getFormat() == csTexture::RGB;
+}
+
+csColorSet4f* optTexturedGrey() {
+    auto* grey = new csColorSet4f(1);
+    grey->color().set(0, csVec4f(0.8f, 0.8f, 0.8f, 1.0f));
+    return grey;
 }
 
 void optAlertNoCoordinates(const char* name) {

@@ -103,6 +103,13 @@ bool optTooFewColours(MFColor* values, Coordinate* coordinate, bool perVertex, i
 // is never cut when the node's field shrinks.
 int optPointCount(const csCoordSet3f* set, Coordinate* node);
 
+// Whether the appearance behind `appearanceHandle` (0: none) has a texture
+// of three components. Such a texture takes over from a geometry's own
+// colours, which give way to one grey for the whole geometry.
+bool optHasRGBTexture(int appearanceHandle);
+// A new colour set of that one grey.
+csColorSet4f* optTexturedGrey();
+
 // The alert for a geometry without a coordinate set, with its name.
 void optAlertNoCoordinates(const char* name);
 

@@ -17,6 +17,33 @@ inline constexpr const char* kUnnamedCone = "Unnamed Cone Node";
 inline constexpr const char* kUnnamedCylinder = "Unnamed Cylinder Node";
 inline constexpr const char* kUnnamedSphere = "Unnamed Sphere Node";
 
+inline constexpr const char* kUnnamedElevationGrid = "Unnamed ElevationGrid Node";
+inline constexpr const char* kUnnamedExtrusion = "Unnamed Extrusion Node";
+
+// znMessage, with the name, the number of heights, the two dimensions and
+// the rows built, for an ElevationGrid given fewer heights than points.
+inline constexpr const char* kGridShortOfHeights =
+    "optElevationGrid:  %s has %d heights for %d x %d points; only its first %d rows are built.";
+// znMessage, with the name and the two dimensions, for an ElevationGrid
+// whose squares would have more corners than can be numbered.
+inline constexpr const char* kGridTooLarge = "optElevationGrid:  %s is too large to build (%d x %d points).";
+// znMessage, with the name, what falls short ("colours", "normals",
+// "texture coordinates"), how many there are and how many are needed, for
+// an ElevationGrid whose node of them has too few.
+inline constexpr const char* kGridShortOfValues = "optElevationGrid:  %s has %d %s for %d; they are left out.";
+// znMessage, with the name, the spine and the cross-section points, for an
+// Extrusion whose surface would have more corners than can be numbered.
+inline constexpr const char* kSweepTooLarge =
+    "optExtrusion:  %s is too large to build (%d spine by %d cross-section points).";
+// znMessage, with the name, width, height, components and number of pixels,
+// for a PixelTexture whose image has more than four components or fewer
+// pixels than places.
+inline constexpr const char* kPixelImageBroken =
+    "optPixelTexture:  The image of %s (%d x %d, %d components, %d pixels) cannot be shown; it is left out.";
+// znMessage, once per world, for the first MovieTexture.
+inline constexpr const char* kMoviesNotDecoded =
+    "optMovieTexture:  Movies are not decoded: a MovieTexture shows no picture.";
+
 // znMessage, for each URL of an ImageTexture that gives no image.
 inline constexpr const char* kTextureCantOpen = "optImageTexture:  Can't open %s!";
 

@@ -19,6 +19,11 @@ void GroupingNode::refreshChildObjects() {
     childrenDirty = 1;
 }
 
+void GroupingNode::useChildrenField(MFNode* field) {
+    children = field;
+    refreshChildObjects();
+}
+
 void GroupingNode::set_children(MFNode& value, double) {
     std::vector<BaseNode> entries;
     value.getValue(entries);

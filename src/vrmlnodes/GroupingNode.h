@@ -26,6 +26,9 @@ protected:
     // set_children has `setMark` at character `setIndex`, and add and remove
     // are told apart by the first character. False when none matched.
     bool dispatchChildren(Event& event, size_t setIndex, char setMark);
+    // For a node whose children stand in a field of another name, or in a
+    // list of its own: takes them from `field` from now on.
+    void useChildrenField(MFNode* field);
 
     MFNode* children;    // borrowed: the node's own field
     SFVec3f* bboxCenter; // borrowed

@@ -10,19 +10,20 @@
 const char* URLNode::getFile(const char* text) {
     Browser* browser = BaseNode::getBrowser();
     if (!browser || !text) return nullptr;
-    while (std::isspace(static_cast<unsigned char>(*text))) ++text;
-
-    std::string name = text;
-    const char* base = getUrlBase();
-    if (base && !std::strchr(text, ':') && text[0] != '/' && text[0] != '\\') {
-        // A base may name the world's file rather than its directory; only
-        // what stands up to its last slash is joined.
-        const char* slash = std::strrchr(base, '/');
-        name = std::string(base, slash ? static_cast<size_t>(slash - base) + 1 : 0) + text;
-    }
-
+    const std::string name = resolveURL(text);
     zn_URL* access = browser->getURLInterface();
     return access ? access->getURL(name.c_str(), 0) : nullptr;
+}
+
+std::string URLNode::resolveURL(const char* text) {
+    if (!text) return std::string();
+    while (std::isspace(static_cast<unsigned char>(*text))) ++text;
+    const char* base = getUrlBase();
+    if (!base || std::strchr(text, ':') || text[0] == '/' || text[0] == '\\') return text;
+    // A base may name the world's file rather than its directory; only
+    // what stands up to its last slash is joined.
+    const char* slash = std::strrchr(base, '/');
+    return std::string(base, slash ? static_cast<size_t>(slash - base) + 1 : 0) + text;
 }
 
 void URLNode::addURLpath(MFString& urls, std::list<std::string>& out) {

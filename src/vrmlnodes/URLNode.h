@@ -14,6 +14,9 @@ public:
     // A local path for `text`, or null. The text belongs to the URL
     // interface and lasts until its next call.
     virtual const char* getFile(const char* text);
+    // The name under which `text` is to be fetched: leading blanks dropped,
+    // and a relative name put beside the file the node was read from.
+    std::string resolveURL(const char* text);
     ~URLNode() override = default;
 
     // Appends every value of `urls` to `out`, in order; nothing more.

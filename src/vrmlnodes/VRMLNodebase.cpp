@@ -35,3 +35,12 @@ const char* VRMLNode::getDefName() {
     if (stored[0] != 'd' && stored[0] != 'u') return nullptr;
     return stored + kVrmlNameOffset;
 }
+
+std::string VRMLNode::textOf(SFString* field) { return field ? std::string(field->getValue().c_str()) : std::string(); }
+
+std::vector<std::string> VRMLNode::textsOf(MFString* field) {
+    std::vector<std::string> texts;
+    if (field) field->getValue(texts);
+    for (std::string& text : texts) text.resize(std::strlen(text.c_str()));
+    return texts;
+}

@@ -6,6 +6,8 @@
 
 #include <cstring>
 #include <list>
+#include <string>
+#include <vector>
 
 #include "fields/all.h"
 #include "nodes/zn_vrml.h"
@@ -27,15 +29,25 @@ enum : int {
 // owns it for as long as the node lives.
 struct ActionState {
     ActionState() = default;
-    // A record below `parent` (none: the root) starts from its transforms.
+    // A record below `parent` (none: the root) starts from its transforms,
+    // and is inlined when the parent's is.
     explicit ActionState(const ActionState* parent) {
-        if (parent) transforms = parent->transforms;
+        if (!parent) return;
+        transforms = parent->transforms;
+        inlined = parent->inlined;
     }
 
     csGroup* group = nullptr;              // borrowed: the making grouping node's group
     std::list<csTransform*> transforms;    // borrowed, outermost first
     csAppearance* appearance = nullptr;    // borrowed: set only in a shape's record
+    // Whether the node was read through an Inline, from a file other than
+    // the world's own: such nodes take no part in what the world binds at
+    // its start.
+    bool inlined = false;
 };
+
+// Whether a node handed `state` was read through an Inline.
+inline bool isInlined(const void* state) { return state && static_cast<const ActionState*>(state)->inlined; }
 
 class VRMLNode : public Builtin {
 public:
@@ -75,6 +87,26 @@ public:
     static void deliver(C* self, void (C::*method)(T&, double), Event& event) {
         if (T* value = eventValue<T>(event)) (self->*method)(*value, event.getTimeStamp());
     }
+
+    // For an event named exactly `eventName`: stores its value in `field`
+    // and raises `dirty`, and answers true (a value of another type changes
+    // nothing). False for an event of any other name. For nodes whose
+    // back-end takes all their values again after any change.
+    template <class T>
+    static bool storeEvent(Event& event, const char* eventName, T* field, unsigned char& dirty) {
+        const char* name = event.getName();
+        if (!name || std::strcmp(name, eventName) != 0) return false;
+        if (T* value = eventValue<T>(event)) {
+            assign(field, *value);
+            dirty = 1;
+        }
+        return true;
+    }
+
+    // The text of a string field up to its terminating null (stored strings
+    // keep theirs); empty for a missing field.
+    static std::string textOf(SFString* field);
+    static std::vector<std::string> textsOf(MFString* field);
 
 protected:
     // Each lookup answers null for a field that the node's type lacks.

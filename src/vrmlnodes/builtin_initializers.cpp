@@ -2,50 +2,82 @@
 
 #include <new>
 
+#include "vrmlnodes/Anchor.h"
 #include "vrmlnodes/Appearance.h"
+#include "vrmlnodes/Background.h"
+#include "vrmlnodes/Billboard.h"
 #include "vrmlnodes/Box.h"
 #include "vrmlnodes/Collision.h"
 #include "vrmlnodes/Color.h"
 #include "vrmlnodes/Cone.h"
 #include "vrmlnodes/Coordinate.h"
 #include "vrmlnodes/Cylinder.h"
+#include "vrmlnodes/DirectionalLight.h"
+#include "vrmlnodes/ElevationGrid.h"
+#include "vrmlnodes/Extrusion.h"
+#include "vrmlnodes/Fog.h"
 #include "vrmlnodes/FontStyle.h"
 #include "vrmlnodes/Group.h"
 #include "vrmlnodes/ImageTexture.h"
 #include "vrmlnodes/IndexedFaceSet.h"
 #include "vrmlnodes/IndexedLineSet.h"
+#include "vrmlnodes/Inline.h"
+#include "vrmlnodes/LOD.h"
 #include "vrmlnodes/Material.h"
+#include "vrmlnodes/MovieTexture.h"
+#include "vrmlnodes/NavigationInfo.h"
 #include "vrmlnodes/Normal.h"
+#include "vrmlnodes/PixelTexture.h"
+#include "vrmlnodes/PointLight.h"
 #include "vrmlnodes/PointSet.h"
 #include "vrmlnodes/Shape.h"
 #include "vrmlnodes/Sphere.h"
+#include "vrmlnodes/SpotLight.h"
 #include "vrmlnodes/Switch.h"
 #include "vrmlnodes/Text.h"
 #include "vrmlnodes/TextureCoordinate.h"
 #include "vrmlnodes/TextureTransform.h"
 #include "vrmlnodes/Transform.h"
+#include "vrmlnodes/Viewpoint.h"
+#include "vrmlnodes/WorldInfo.h"
+#include "optimizer/optAnchor.h"
 #include "optimizer/optAppearance.h"
+#include "optimizer/optBackground.h"
+#include "optimizer/optBillboard.h"
 #include "optimizer/optBox.h"
 #include "optimizer/optCollision.h"
 #include "optimizer/optColor.h"
 #include "optimizer/optCone.h"
 #include "optimizer/optCoordinate.h"
 #include "optimizer/optCylinder.h"
+#include "optimizer/optDirectionalLight.h"
+#include "optimizer/optElevationGrid.h"
+#include "optimizer/optExtrusion.h"
+#include "optimizer/optFog.h"
 #include "optimizer/optFontStyle.h"
 #include "optimizer/optGroup.h"
 #include "optimizer/optImageTexture.h"
 #include "optimizer/optIndexedFaceSet.h"
 #include "optimizer/optIndexedLineSet.h"
+#include "optimizer/optInline.h"
+#include "optimizer/optLOD.h"
 #include "optimizer/optMaterial.h"
+#include "optimizer/optMovieTexture.h"
+#include "optimizer/optNavigationInfo.h"
 #include "optimizer/optNormal.h"
+#include "optimizer/optPixelTexture.h"
+#include "optimizer/optPointLight.h"
 #include "optimizer/optPointSet.h"
 #include "optimizer/optShape.h"
 #include "optimizer/optSphere.h"
+#include "optimizer/optSpotLight.h"
 #include "optimizer/optSwitch.h"
 #include "optimizer/optText.h"
 #include "optimizer/optTextureCoordinate.h"
 #include "optimizer/optTextureTransform.h"
 #include "optimizer/optTransform.h"
+#include "optimizer/optViewpoint.h"
+#include "optimizer/optWorldInfo.h"
 
 namespace {
 
@@ -90,6 +122,22 @@ template <> struct BackEnd<Box> { using type = optBox; };
 template <> struct BackEnd<Cone> { using type = optCone; };
 template <> struct BackEnd<Cylinder> { using type = optCylinder; };
 template <> struct BackEnd<Sphere> { using type = optSphere; };
+template <> struct BackEnd<Anchor> { using type = optAnchor; };
+template <> struct BackEnd<Background> { using type = optBackground; };
+template <> struct BackEnd<Billboard> { using type = optBillboard; };
+template <> struct BackEnd<DirectionalLight> { using type = optDirectionalLight; };
+template <> struct BackEnd<ElevationGrid> { using type = optElevationGrid; };
+template <> struct BackEnd<Extrusion> { using type = optExtrusion; };
+template <> struct BackEnd<Fog> { using type = optFog; };
+template <> struct BackEnd<Inline> { using type = optInline; };
+template <> struct BackEnd<LOD> { using type = optLOD; };
+template <> struct BackEnd<MovieTexture> { using type = optMovieTexture; };
+template <> struct BackEnd<NavigationInfo> { using type = optNavigationInfo; };
+template <> struct BackEnd<PixelTexture> { using type = optPixelTexture; };
+template <> struct BackEnd<PointLight> { using type = optPointLight; };
+template <> struct BackEnd<SpotLight> { using type = optSpotLight; };
+template <> struct BackEnd<Viewpoint> { using type = optViewpoint; };
+template <> struct BackEnd<WorldInfo> { using type = optWorldInfo; };
 
 template <class T>
 using BackEndOf = typename BackEnd<T>::type;

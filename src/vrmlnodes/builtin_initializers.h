@@ -8,10 +8,12 @@ class Script;
 class znInternal;
 
 #define WRL_BUILTIN_TYPES(X)                                                                    \
-    X(Appearance) X(Box) X(Color) X(Cone) X(Collision) X(Coordinate) X(Cylinder) X(FontStyle) \
-    X(Group) X(ImageTexture) X(IndexedFaceSet) X(IndexedLineSet) X(Material) X(Normal)        \
-    X(PointSet) X(Shape) X(Sphere) X(Switch) X(Text) X(TextureCoordinate) X(TextureTransform) \
-    X(Transform)
+    X(Anchor) X(Appearance) X(Background) X(Billboard) X(Box) X(Color) X(Cone) X(Collision)   \
+    X(Coordinate) X(Cylinder) X(DirectionalLight) X(ElevationGrid) X(Extrusion) X(Fog)        \
+    X(FontStyle) X(Group) X(ImageTexture) X(IndexedFaceSet) X(IndexedLineSet) X(Inline) X(LOD) \
+    X(Material) X(MovieTexture) X(NavigationInfo) X(Normal) X(PixelTexture) X(PointLight)     \
+    X(PointSet) X(Shape) X(Sphere) X(SpotLight) X(Switch) X(Text) X(TextureCoordinate)        \
+    X(TextureTransform) X(Transform) X(Viewpoint) X(WorldInfo)
 
 extern "C" {
 #define WRL_DECLARE_INITIALIZER(Type) Script* Type##Initialize(znInternal* pair);

@@ -75,6 +75,32 @@ inline std::vector<int> indexesOf(const csIndexSet* set) {
     return set ? intsOf(set->index()) : std::vector<int>{};
 }
 
+// Three components of a point or normal, each within 1e-5.
+inline void expectNear(const csVec3f& v, float x, float y, float z) {
+    EXPECT_NEAR(v[0], x, 1e-5f);
+    EXPECT_NEAR(v[1], y, 1e-5f);
+    EXPECT_NEAR(v[2], z, 1e-5f);
+}
+
+// Corner `c` of a face set (counted over all faces in order): its point,
+// and its normal through the normal index set.
+inline csVec3f cornerPoint(const csIndexedFaceSet* faces, int c) {
+    return faces->getCoordSet()->point().get(faces->getCoordIndexSet()->index().get(c));
+}
+inline csVec3f cornerNormal(const csIndexedFaceSet* faces, int c) {
+    return faces->getNormalSet()->vector().get(faces->getNormalIndexSet()->index().get(c));
+}
+// The first corner of each face.
+inline std::vector<int> faceStarts(const csIndexedFaceSet* faces) {
+    std::vector<int> starts;
+    int corner = 0;
+    for (int length : intsOf(faces->faceLength())) {
+        starts.push_back(corner);
+        corner += length;
+    }
+    return starts;
+}
+
 }  // namespace wrltest
 
 #endif

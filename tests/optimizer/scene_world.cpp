@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "csDirectionalLight.h"
 #include "csIndexedFaceSet.h"
 #include "csIndexedLineSet.h"
 #include "csMaterial.h"
@@ -19,15 +18,6 @@
 #include "vrmlnodes/VRMLNodebase.h"
 
 namespace {
-
-class TestLight : public VRMLNode {
-public:
-    explicit TestLight(znInternal* pair) : BaseNode(pair) { light.reset(new csDirectionalLight()); }
-    int action(SFTime&, int, void*) override { return optHandleTable::handleOf(light.get()); }
-
-private:
-    csRefPtr<csDirectionalLight> light;
-};
 
 void spanBox(csGeoSet* set, float bottom, float top) {
     auto* coords = new csCoordSet3f();
@@ -122,7 +112,6 @@ PROTO TestTexture [
 
 }  // namespace
 
-extern "C" Script* DirectionalLightInitialize(znInternal* pair) { return new TestLight(pair); }
 extern "C" Script* TestGeometryInitialize(znInternal* pair) { return new TestGeometry(pair); }
 extern "C" Script* TestTextureInitialize(znInternal* pair) { return new TestTexture(pair); }
 
@@ -139,17 +128,7 @@ void expectVec3(const csVec3f& v, float x, float y, float z) {
     EXPECT_FLOAT_EQ(v[2], z);
 }
 
-std::string testNodeSupport() {
-    std::string text = readFile(nodeSupportFile());
-    size_t light = text.find("PROTO DirectionalLight");
-    size_t end = text.find("] { }", light);
-    std::string declaration = text.substr(light, end - light);
-    const std::string unsupported = "\"NOT_SUPPORTED\"";
-    size_t url = declaration.find(unsupported);
-    declaration.replace(url, unsupported.size(), "\"STATIC_BUILTIN.so\"");
-    text.replace(light, end - light, declaration);
-    return text + kTestTypes;
-}
+std::string testNodeSupport() { return readFile(nodeSupportFile()) + kTestTypes; }
 
 SceneLoad::SceneLoad() : builtins("ZNBUILTINS", dir.write("support.wrl", testNodeSupport()).c_str()) {}
 

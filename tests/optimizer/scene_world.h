@@ -2,7 +2,6 @@
 // Support file that adds test types, and the scene graph walked by name.
 //
 // The test types, bound to classes of this program:
-//   DirectionalLight  answers a csDirectionalLight.
 //   TestGeometry      field `kind` picks what it answers (see GeometryKind);
 //                     face and line sets span x and z over [-5, 5] and y
 //                     over [bottom, top].

@@ -8,6 +8,7 @@
 #include "csShape.h"
 #include "csTexture.h"
 #include "csImage.h"
+#include "csViewpoint.h"
 
 namespace {
 
@@ -129,6 +130,30 @@ TEST(csShape, EveryHolderKeepsItsOwnReference) {
     env->unref();
     appearance->unref();
     shape->unref();
+}
+
+TEST(csEnvironment, HoldsWhatItListsAndBindsUntilItGoes) {
+    auto* env = new csEnvironment();
+    env->ref();
+    auto* first = new csViewpoint();
+    first->ref();
+    env->viewpoints().append(first);
+    env->setViewpoint(first);
+    EXPECT_EQ(first->getRefCount(), 3);
+    env->setViewpoint(first);  // ref before unref: it must survive
+    EXPECT_EQ(first->getRefCount(), 3);
+    auto* second = new csViewpoint();
+    second->ref();
+    env->setViewpoint(second);
+    EXPECT_EQ(first->getRefCount(), 2);
+    env->setViewpoint(nullptr);
+    EXPECT_EQ(second->getRefCount(), 1);
+    env->setViewpoint(second);
+    env->unref();  // the environment lets go of both
+    EXPECT_EQ(first->getRefCount(), 1);
+    EXPECT_EQ(second->getRefCount(), 1);
+    first->unref();
+    second->unref();
 }
 
 TEST(csObject, TypeFollowsTheClassChainAndAHandleStandsForTheObjectUntilItDies) {

@@ -3,11 +3,14 @@
 #include <sstream>
 #include <string>
 
+#include "csAnchor.h"
 #include "csAppearance.h"
 #include "csDirectionalLight.h"
 #include "csEnvironment.h"
+#include "csFog.h"
 #include "csMaterial.h"
 #include "csTransform.h"
+#include "csViewpoint.h"
 #include "opSphere.h"
 #include "opTessParaSurfaceAction.h"
 #include "scene_printer.h"
@@ -86,6 +89,7 @@ const char* kTree =
     "  csDirectionalLight\n"
     "    on: 1\n"
     "    intensity: 1\n"
+    "    ambientIntensity: 0\n"
     "    color: 1 1 1\n"
     "    direction: 0 0 -1\n"
     "lights 1\n"
@@ -123,6 +127,56 @@ TEST(printSceneJson, NamesAreEscaped) {
     printSceneJson(out, root);
     EXPECT_EQ(out.str(),
               "{\"class\": \"csEnvironment\", \"name\": null, \"children\": [{\"class\": \"csGroup\", \"name\": "
-              "\"a\\\"b\\\\c\\u000ad\", \"children\": []}], \"lights\": []}\n");
+              "\"a\\\"b\\\\c\\u000ad\", \"children\": []}], \"lights\": [], \"viewpoints\": [], \"viewpoint\": null, "
+              "\"navigationInfo\": null, \"background\": null, \"fog\": null, \"worldInfo\": null}\n");
+    root->unref();
+}
+
+TEST(printSceneTree, ListsTextsViewpointsAndWhatTheRootBinds) {
+    auto* root = new csEnvironment();
+    root->ref();
+    auto* front = new csViewpoint();
+    front->setName("A");
+    front->setDescription("front");
+    root->addChild(front);
+    root->viewpoints().append(front);
+    root->viewpoints().append(new csViewpoint());
+    root->setViewpoint(front);
+    auto* link = new csAnchor();
+    link->setUrl({"x.wrl", "y.wrl"});
+    root->addChild(link);
+    root->setFog(new csFog());
+
+    std::ostringstream tree;
+    printSceneTree(tree, root);
+    EXPECT_EQ(tree.str(),
+              "csEnvironment\n"
+              "  csViewpoint \"A\"\n"
+              "    position: 0 0 10\n"
+              "    orientation: 0 0 1 0\n"
+              "    fieldOfView: 0.785398\n"
+              "    jump: 1\n"
+              "    description: \"front\"\n"
+              "  csAnchor\n"
+              "    url: \"x.wrl\" \"y.wrl\"\n"
+              "    description: \"\"\n"
+              "    parameter:\n"
+              "lights 0\n"
+              "viewpoints 2\n"
+              "  csViewpoint \"A\"\n"
+              "  csViewpoint\n"
+              "viewpoint csViewpoint \"A\"\n"
+              "fog csFog\n");
+
+    std::ostringstream json;
+    printSceneJson(json, root);
+    EXPECT_NE(json.str().find("\"url\": [\"x.wrl\", \"y.wrl\"], \"description\": \"\", \"parameter\": []"),
+              std::string::npos);
+    EXPECT_NE(json.str().find("\"viewpoints\": [{\"class\": \"csViewpoint\", \"name\": \"A\"}, {\"class\": "
+                              "\"csViewpoint\", \"name\": null}], \"viewpoint\": {\"class\": \"csViewpoint\", \"name\": "
+                              "\"A\"}, \"navigationInfo\": null, \"background\": null, \"fog\": {\"class\": \"csFog\", "
+                              "\"name\": null}, \"worldInfo\": null}\n"),
+              std::string::npos)
+        << json.str();
     root->unref();
 }

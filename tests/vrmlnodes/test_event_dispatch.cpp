@@ -1,8 +1,19 @@
 // Events reach the set_* method that single characters of their names
 // select, and the grouping rules keep children as the design of the events
-// says, including removal from the front.
+// says, including removal from the front. Nodes whose back-end takes all
+// their values again after a change pass an event's value on at the next
+// action.
 #include <gtest/gtest.h>
 
+#include "csImage.h"
+#include "csIndexedFaceSet.h"
+#include "csLOD.h"
+#include "csPointLight.h"
+#include "csTexture.h"
+#include "optimizer/optExtrusion.h"
+#include "optimizer/optLOD.h"
+#include "optimizer/optPixelTexture.h"
+#include "optimizer/optPointLight.h"
 #include "support_types.h"
 #include "vrmlnodes/Appearance.h"
 #include "vrmlnodes/GroupingNode.h"
@@ -149,10 +160,73 @@ TEST_F(SupportWorld, NamesThatShareAPrefixReachTheirOwnFields) {
     EXPECT_EQ(dynamic_cast<MFInt32*>(faces->getField("colorIndex"))->getSize(), 0);
 }
 
+TEST_F(SupportWorld, ValueNodesTakeAChangeAtTheirNextAction) {
+    SFTime time(-1.0);
+    znNode* light = make("PointLight");
+    SFVec3f where(1, 2, 3);
+    TestEvent move("set_location", where);
+    light->processEvent(move);
+    light->action(time, kActionFetch, nullptr);
+    auto* bulb = dynamic_cast<csPointLight*>(object<optPointLight>(light)->getLight());
+    ASSERT_NE(bulb, nullptr);
+    EXPECT_EQ(bulb->getLocation(), csVec3f(1, 2, 3));
+
+    znNode* sweep = make("Extrusion");
+    sweep->action(time, kActionFetch, nullptr);
+    MFVec3f spine;
+    float taller[] = {0, 0, 0, 0, 3, 0};
+    spine.setValue(6, taller);
+    MFVec2f section;
+    float triangle[] = {0, 0, 1, 0, 0, 1};
+    section.setValue(6, triangle);
+    TestEvent respine("set_spine", spine), reshape("set_crossSection", section);
+    sweep->processEvent(respine);
+    sweep->processEvent(reshape);
+    sweep->action(time, kActionRefresh, nullptr);
+    csBoxBound bound;
+    object<optExtrusion>(sweep)->getGeometry()->getBoxBound(&bound);
+    EXPECT_FLOAT_EQ(bound.max[1], 3);
+
+    // An image that events bring can lack pixels, which no file can.
+    znNode* pixels = make("PixelTexture");
+    std::vector<int> one{0xff0000};
+    SFImage shortImage(2, 2, 3, one);
+    TestEvent repaint("set_image", shortImage);
+    pixels->processEvent(repaint);
+    std::string said = wrltest::stderrOf([&] { pixels->action(time, kActionFetch, nullptr); });
+    EXPECT_NE(said.find("(2 x 2, 3 components, 1 pixels) cannot be shown"), std::string::npos) << said;
+    EXPECT_EQ(object<optPixelTexture>(pixels)->getTexture()->getImage(), nullptr);
+}
+
+TEST_F(SupportWorld, LevelsAndChildrenOfTheNewGroupsFollowTheirEvents) {
+    SFTime time(-1.0);
+    znNode* lod = make("LOD");
+    MFNode three = groups(3);
+    TestEvent setLevel("set_level", three);
+    lod->processEvent(setLevel);
+    EXPECT_EQ(object<GroupingNode>(lod)->getChildObjects().size(), 3u);
+    lod->action(time, kActionFetch, nullptr);
+    EXPECT_EQ(object<optLOD>(lod)->getGroup()->getChildCount(), 3);
+
+    // set_axisOfRotation and set_children share their first five
+    // characters.
+    znNode* board = make("Billboard");
+    SFVec3f axis(1, 0, 0);
+    MFNode two = groups(2);
+    TestEvent turn("set_axisOfRotation", axis), fill("set_children", two);
+    board->processEvent(turn);
+    board->processEvent(fill);
+    EXPECT_EQ(object<GroupingNode>(board)->getChildObjects().size(), 2u);
+    float v[3] = {};
+    dynamic_cast<SFVec3f*>(board->getExposedField("axisOfRotation"))->getValue(v);
+    EXPECT_FLOAT_EQ(v[0], 1);
+}
+
 TEST_F(SupportWorld, ShortNamesNeverReadPastTheirEnd) {
     SFVec3f value(1, 1, 1);
     for (const char* name : {"", "s", "set_", "set_sc", "set_texture"}) {
-        for (const char* type : {"Transform", "Material", "IndexedFaceSet", "PointSet", "Appearance", "Text"}) {
+        for (const char* type : {"Transform", "Material", "IndexedFaceSet", "PointSet", "Appearance", "Text", "Billboard",
+                                 "Anchor", "SpotLight", "Inline", "ElevationGrid", "Viewpoint"}) {
             znNode* node = make(type);
             TestEvent event(name, value);
             node->processEvent(event);

@@ -1,0 +1,3 @@
+#include "csAnchor.h"
+
+CS_DEFINE_CLASS_TYPE(csAnchor, csGroup)

@@ -1,0 +1,3 @@
+#include "csBillboard.h"
+
+CS_DEFINE_CLASS_TYPE(csBillboard, csGroup)

@@ -1,0 +1,3 @@
+#include "csFog.h"
+
+CS_DEFINE_CLASS_TYPE(csFog, csNode)

@@ -1,0 +1,3 @@
+#include "csInline.h"
+
+CS_DEFINE_CLASS_TYPE(csInline, csGroup)

@@ -1,0 +1,3 @@
+#include "csLOD.h"
+
+CS_DEFINE_CLASS_TYPE(csLOD, csGroup)

@@ -1,0 +1,3 @@
+#include "csMovieTexture.h"
+
+CS_DEFINE_CLASS_TYPE(csMovieTexture, csTexture)

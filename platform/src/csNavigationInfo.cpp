@@ -1,0 +1,3 @@
+#include "csNavigationInfo.h"
+
+CS_DEFINE_CLASS_TYPE(csNavigationInfo, csNode)

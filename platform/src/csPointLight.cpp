@@ -1,0 +1,3 @@
+#include "csPointLight.h"
+
+CS_DEFINE_CLASS_TYPE(csPointLight, csLight)

@@ -1,0 +1,3 @@
+#include "csSpotLight.h"
+
+CS_DEFINE_CLASS_TYPE(csSpotLight, csPointLight)

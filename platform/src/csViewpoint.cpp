@@ -1,0 +1,3 @@
+#include "csViewpoint.h"
+
+CS_DEFINE_CLASS_TYPE(csViewpoint, csNode)

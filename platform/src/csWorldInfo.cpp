@@ -1,0 +1,3 @@
+#include "csWorldInfo.h"
+
+CS_DEFINE_CLASS_TYPE(csWorldInfo, csNode)

@@ -1,0 +1,15 @@
+#include "optimizer/optLOD.h"
+
+#include "csLOD.h"
+
+optLOD::optLOD(znInternal* pair) : BaseNode(pair), LOD(pair) {
+    auto* lod = new csLOD();
+    group = lod;
+    group->ref();
+    group->setName(sceneName("Unnamed LOD Node"));
+    // center and range are plain fields: what the file gave stays.
+    if (center) lod->setCenter(center->getX(), center->getY(), center->getZ());
+    std::vector<float> ranges;
+    if (range) range->getValue(ranges);
+    lod->setRanges(ranges);
+}

@@ -1,0 +1,26 @@
+#include "optimizer/optViewpoint.h"
+
+#include "csViewpoint.h"
+#include "optimizer/gfx.h"
+
+optViewpoint::optViewpoint(znInternal* pair) : BaseNode(pair), Viewpoint(pair) {
+    viewpoint.reset(new csViewpoint());
+    viewpoint->setName(sceneName("Unnamed Viewpoint Node"));
+    // description is a plain field: what the file gave stays.
+    viewpoint->setDescription(textOf(description));
+}
+
+optViewpoint::~optViewpoint() = default;
+
+int optViewpoint::action(SFTime&, int mode, void* state) {
+    if (valuesDirty) {
+        if (position) viewpoint->setPosition(position->getX(), position->getY(), position->getZ());
+        if (orientation)
+            viewpoint->setOrientation(orientation->getAxisX(), orientation->getAxisY(), orientation->getAxisZ(),
+                                      orientation->getRotation());
+        if (fieldOfView) viewpoint->setFieldOfView(fieldOfView->getValue());
+        if (jump) viewpoint->setJump(jump->getValue() != 0);
+        valuesDirty = 0;
+    }
+    return leafAction(viewpoint.get(), mode, state, &gfx::addViewpoint, &gfx::bindViewpoint);
+}

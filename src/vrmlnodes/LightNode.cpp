@@ -1,0 +1,15 @@
+#include "vrmlnodes/LightNode.h"
+
+LightNode::LightNode()
+    : on(exposedField<SFBool>("on")),
+      intensity(exposedField<SFFloat>("intensity")),
+      ambientIntensity(exposedField<SFFloat>("ambientIntensity")),
+      color(exposedField<SFColor>("color")) {}
+
+void LightNode::processEvent(Event& event) {
+    if (storeEvent(event, "set_on", on, valuesDirty) || storeEvent(event, "set_intensity", intensity, valuesDirty) ||
+        storeEvent(event, "set_ambientIntensity", ambientIntensity, valuesDirty) ||
+        storeEvent(event, "set_color", color, valuesDirty))
+        return;
+    storeOwnEvent(event);
+}
