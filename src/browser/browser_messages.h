@@ -14,7 +14,6 @@ inline constexpr const char* kCantFindNodeID =
 inline constexpr const char* kCantAddToWorld = "Can't add to current world";
 inline constexpr const char* kCouldntLoadURL = "Couldn't load URL";
 // A node reference too long for the resolve stack keeps only its start.
-inline constexpr const char* kReferenceCut = "Node reference cut to %d characters: %s\n";
 
 // Pattern of the name map's key for the first definition of a name.
 inline constexpr const char* kFirstDefinitionKey = "00000+%s";

@@ -146,11 +146,11 @@ void znBrowserIntern::initializeNewNodes() {
         znField* f = element->field;
         if (f && f->getFieldType() == SFNodeType) {
             BaseNode value;
-            vrml2data(&value, SFNodeType, element->value);
+            vrml2data(&value, SFNodeType, element->value.c_str());
             if (auto* single = dynamic_cast<znSFNode*>(f)) single->setValue(value);
         } else if (f && f->getFieldType() == MFNodeType) {
             std::vector<BaseNode> value;
-            vrml2data(&value, MFNodeType, element->value);
+            vrml2data(&value, MFNodeType, element->value.c_str());
             if (auto* list = dynamic_cast<znMFNode*>(f)) list->setValue(value);
         }
         delete element;
@@ -174,14 +174,7 @@ void znBrowserIntern::initializeNewNodes() {
 void znBrowserIntern::pushUnresolved(znField* f, const char* text) {
     auto* element = new ResolveStackElem;
     element->field = f;
-    const char* value = text ? text : "";
-    if (std::strlen(value) >= sizeof element->value) {
-        char message[512];
-        std::snprintf(message, sizeof message, kReferenceCut,
-                      static_cast<int>(sizeof element->value - 1), value);
-        znMessage(message);
-    }
-    znCopyCut(element->value, value);
+    element->value = text ? text : "";
     resolveStack.push(element);
 }
 

@@ -26,7 +26,9 @@ struct _zndbNode;
 // A node-valued field whose text named a node that did not exist yet.
 struct ResolveStackElem {
     znField* field;  // borrowed
-    char value[80];
+    // The whole text: a node's names are of any length, and a list of
+    // children may name many.
+    std::string value;
 };
 
 class znBrowserIntern : public znBrowser {

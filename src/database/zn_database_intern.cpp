@@ -125,6 +125,7 @@ const char* znDatabaseIntern::LoadURL(std::vector<const char*>& urls) {
 }
 
 void znDatabaseIntern::DeleteDatabase() {
+    if (parser != nullptr) parser->forgetWorld();
     bodyProtos.clear();
     nestedProtos.clear();
     instanceTypes.clear();

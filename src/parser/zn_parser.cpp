@@ -90,17 +90,26 @@ const char* znParser::makeDefName(const char* name, int number, char kind) {
 }
 
 int znParser::setDefName(const char* name) {
-    auto entry = defCounters.insert(name != nullptr ? name : "", 0);
+    const char* key = name != nullptr ? name : "";
+    auto entry = defCounters.insert(key, 0);
     if (!entry.second) ++*entry.first;
-    return *entry.first;
+    const int number = *entry.first;
+    defFiles[key] = fileSerial;
+    return number;
 }
 
 const char* znParser::getDefName(const char* name) {
-    if (const int* number = defCounters.find(name != nullptr ? name : ""))
-        return makeDefName(name, *number, 'u');
+    // Each file has names of its own: a DEF of another file, an inlined
+    // one's or the world's, is no DEF here.
+    const char* key = name != nullptr ? name : "";
+    const int* file = defFiles.find(key);
+    const int* number = file != nullptr && *file == fileSerial ? defCounters.find(key) : nullptr;
+    if (number != nullptr) return makeDefName(name, *number, 'u');
     znAlert(znParserFormat(kUseNameFailed, name).c_str());
     return name;
 }
+
+void znParser::forgetWorld() { worldTypeNames.clear(); }
 
 int& znParser::fieldNestingCount() {
     int level = protoDepth;

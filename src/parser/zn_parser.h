@@ -99,6 +99,8 @@ public:
     znDatabase* getDatabase() { return database; }
     // Cuts to the file-name buffer's length, with a message when cut.
     void setCurrentFilename(const char* name);
+    // The world is replaced: the names of its types are free again.
+    void forgetWorld();
 
     // --- permanent part (zn_parser.cpp) ---
 
@@ -273,8 +275,13 @@ private:
     std::list<VrmlNodeType*> typeNameSpace;      // owning
     std::list<VrmlNodeType*> instanceNameSpace;  // owning
     // DEF name -> number of its latest DEF; hashed, as a file may DEF a name
-    // per node and nothing walks them in order.
+    // per node and nothing walks them in order. The numbers go on from file
+    // to file, so that node names stay apart in the world, while a name is
+    // known only in the file of its latest DEF.
     znNameTable defCounters;
+    znNameTable defFiles;
+    // Counts the files read by ParseURL and parseInput.
+    int fileSerial = 0;
     // DEF names (without their kind letter) of skipped nodes: a USE of one
     // is no node.
     znNameTable skippedDefs;

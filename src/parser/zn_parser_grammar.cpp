@@ -53,13 +53,18 @@ void znParser::endNodeDeclaration() {
 }
 
 void znParser::useNode(const char* defName) {
-    // The 'u' form of a DEF'ed name; an unknown name goes on as it stands.
-    nodeNameBuffer = getDefName(defName);
-    if (!skippedDefs.empty() && nodeNameBuffer.size() > 1 && skippedDefs.contains(nodeNameBuffer.c_str() + 1)) {
-        nodeNameBuffer = kNoNode;
+    // The 'u' form of a DEF'ed name; an unknown name goes on as it stands
+    // at the top of the file, and is no node inside a field, where it would
+    // take the whole value with it.
+    const char* useName = getDefName(defName);
+    const bool known = useName != defName;
+    nodeNameBuffer = useName;
+    if (fieldNestingCount() == 0) {
+        if (!known || !skippedDefs.contains(nodeNameBuffer.c_str() + 1)) createToplevelUSE(nodeNameBuffer.c_str());
         return;
     }
-    if (fieldNestingCount() == 0) createToplevelUSE(nodeNameBuffer.c_str());
+    if (!known || (!skippedDefs.empty() && skippedDefs.contains(nodeNameBuffer.c_str() + 1)))
+        nodeNameBuffer = kNoNode;
 }
 
 // --- field values -----------------------------------------------------------

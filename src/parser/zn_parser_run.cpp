@@ -131,6 +131,7 @@ int znParser::runParse(std::istream& input, const char* filename) {
 }
 
 int znParser::parseInput(std::istream& input, const char* filename) {
+    ++fileSerial;
     pushNameSpace();
     const int result = runParse(input, filename);
     popNameSpace();
@@ -210,8 +211,7 @@ int znParser::ParseURL(const char* url) {
         znAlert(znParserFormat(kCouldNotOpenURL, name).c_str());
         return 0;
     }
-    // The world's type names start anew with each world file.
-    worldTypeNames.clear();
+    ++fileSerial;
     pushNameSpace();
     const int result = runParse(*stream, name);
     if (result != 0) znAlert(kUnableToParse);

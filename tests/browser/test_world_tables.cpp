@@ -113,11 +113,16 @@ TEST_F(WorldTables, InitializeSkipsDirtyNodesAndFillsForwardReferences) {
     EXPECT_TRUE(browser.getNewNodes().empty());
 }
 
-TEST_F(WorldTables, LongReferenceIsCutAndReported) {
-    std::string name(100, 'n');
-    EXPECT_EQ(wrltest::stderrOf([&] { browser.pushUnresolved(nullptr, name.c_str()); }),
-              "\nMessage:  Node reference cut to 79 characters: " + name + "\n\n");
+TEST_F(WorldTables, LongForwardReferenceResolvesWhole) {
+    FieldFlags flags;
+    type->addData("child", SFNodeType, field, flags, nullptr);
+    const std::string name = "d00000+" + std::string(300, 'n');
+    znNode* parent = addNode(1, "d00000+P");
+    wrltest::stderrOf([&] { parent->addData("child", SFNodeType, field, flags, name.c_str()); });
+    EXPECT_TRUE(wrltest::stderrOf([&] { browser.pushUnresolved(parent->getZnField(0), name.c_str()); }).empty());
+    znNode* child = addNode(2, name.c_str());
     browser.initializeNewNodes();
+    EXPECT_EQ(dynamic_cast<znSFNode*>(parent->getZnField(0))->getValue().handleNode(), child);
 }
 
 TEST_F(WorldTables, FailedLoadsThrowTheirMessages) {

@@ -125,6 +125,29 @@ TEST(RealFileNames, NonAsciiAndLongDefNamesAreNamesLikeAnyOther) {
     EXPECT_STREQ(node(longName.c_str())->getType(), "Transform");
 }
 
+// An inlined file has names of its own: its PROTO P is not the world's P,
+// and a USE there of a name that only the world DEFs is no node. Such a
+// USE, like any of an unknown name inside a list, leaves the rest of the
+// list alone.
+TEST(RealFileNames, EachFileHasNamesOfItsOwn) {
+    wrltest::TempDir dir;
+    dir.write("part.wrl", "#VRML V2.0 utf8\n"
+                          "PROTO P [ ] { Shape { geometry Sphere { } } }\n"
+                          "P { }\n"
+                          "Transform { children [ USE X Shape { geometry Cone { } } ] }\n");
+    World w = load(dir, "PROTO P [ ] { Shape { geometry Box { } } }\n"
+                        "DEF X Transform { children P { } }\n"
+                        "Inline { url \"part.wrl\" }\n"
+                        "Group { children [ USE Undefined Shape { geometry Cylinder { } } ] }\n");
+    ASSERT_TRUE(w.loaded);
+    EXPECT_EQ(count(w.scene, "opSphere"), 1) << w.scene;
+    EXPECT_EQ(count(w.scene, "Unnamed Box Node"), 1) << w.scene;
+    EXPECT_EQ(count(w.scene, "opCone"), 1) << w.scene;
+    EXPECT_EQ(count(w.scene, "opCylinder"), 1) << w.scene;
+    EXPECT_EQ(count(w.scene, "csTransform \"X\""), 1) << w.scene;
+    EXPECT_THAT(w.err, HasSubstr("failed getting unique name for DEF'ed node X."));
+}
+
 // Editors write a byte order mark before the header, and exporters names
 // that begin with digits, which other loaders read.
 TEST(RealFileNames, ByteOrderMarkAndNamesBeginningWithDigits) {
