@@ -46,7 +46,7 @@ int znBrowserIntern::addType(_zndbProto* proto, _zndbData* fields) {
         return 0;
     }
     if (fields == nullptr) {
-        znMessage(kFieldListNull);
+        znInform(kFieldListNull);
     } else {
         for (_zndbData* item = fields; item != nullptr; item = item->next) {
             type->addData(item->name.c_str(), static_cast<FieldType>(item->fieldType), static_cast<DataType>(item->dataType),

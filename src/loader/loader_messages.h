@@ -11,6 +11,9 @@ inline constexpr const char* kPromptFormat = "\nPrompt:  %s\n";
 inline constexpr const char* kPromptQuestion = "Do you wish to provide a different name?\n";
 inline constexpr const char* kPromptChoices = "1)Yes  2)No\n: ";
 inline constexpr const char* kPromptNewName = "New Name: ";
+// A question that is not put, as no one may answer it.
+inline constexpr const char* kConfirmNotAsked = "Not asked: the answer is No.\n";
+inline constexpr const char* kPromptNotAsked = "Not asked: no other name is given.\n";
 
 inline constexpr const char* kUncaughtException = "Exception not caught.  Application exiting.\n";
 

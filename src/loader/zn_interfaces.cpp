@@ -1,5 +1,7 @@
 #include "loader/zn_interfaces.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstring>
 
@@ -37,6 +39,7 @@ void znAppInterfaces::postProcess() {
 }
 
 namespace {
+
 // Reads one integer answer. At end of input, or on an answer that is no
 // number, `value` keeps what it held: the callers start it at 0.
 void readAnswer(int& value) {
@@ -49,36 +52,115 @@ void readAnswer(int& value) {
         }
     }
 }
+
+thread_local znReportContext* currentContext = nullptr;
+
+const char* consoleFormat(znReportKind kind) {
+    return kind == znReportKind::alert ? kAlertFormat : kMessageFormat;
+}
+
+void send(znReportKind kind, const char* text) {
+    znReportContext& context = znReports();
+    ++context.counts[static_cast<int>(kind)];
+    const char* file = context.file != nullptr ? context.file->c_str() : "";
+    const int line = context.line != nullptr ? *context.line : 0;
+    context.report(znReport{kind, text != nullptr ? text : "", file, line});
+}
+
 }  // namespace
 
-void znMessage(const char* text) { std::fprintf(stderr, kMessageFormat, text ? text : ""); }
+znReportContext& znReports() {
+    static znReportContext console;
+    return currentContext != nullptr ? *currentContext : console;
+}
 
-void znAlert(const char* text) { std::fprintf(stderr, kAlertFormat, text ? text : ""); }
+void znReportContext::report(const znReport& r) {
+    // A question's console text was written by the one who asked it.
+    if (r.kind == znReportKind::question) return;
+    std::fprintf(stderr, consoleFormat(r.kind), r.text);
+}
 
-int znConfirm(const char* text) {
-    std::fprintf(stderr, kConfirmFormat, text ? text : "");
-    std::fputs(kConfirmChoices, stderr);
-    std::fputs(kConfirmAsk, stderr);
+bool znReportContext::answer(const char* question, std::string* name) {
+    // A host that reads its own standard input, or has none to speak of,
+    // must not lose it to a question: only a terminal is asked.
+    if (!questionsAllowed || !isatty(STDIN_FILENO)) {
+        std::fprintf(stderr, name != nullptr ? kPromptFormat : kConfirmFormat, question);
+        std::fputs(name != nullptr ? kPromptNotAsked : kConfirmNotAsked, stderr);
+        return false;
+    }
+    if (name == nullptr) {
+        std::fprintf(stderr, kConfirmFormat, question);
+        std::fputs(kConfirmChoices, stderr);
+        std::fputs(kConfirmAsk, stderr);
+        int answer = 0;
+        readAnswer(answer);
+        std::fputs("\n", stderr);
+        return answer == 1;
+    }
+    std::fprintf(stderr, kPromptFormat, question);
+    std::fputs(kPromptQuestion, stderr);
+    std::fputs(kPromptChoices, stderr);
     int answer = 0;
     readAnswer(answer);
+    if (answer != 1) return false;
+    std::fputs(kPromptNewName, stderr);
+    std::fflush(stderr);
+    // One word, bounded by the answer buffer.
+    char word[256];
+    const bool given = std::scanf("%255s", word) == 1;
     std::fputs("\n", stderr);
-    return answer == 1 ? 1 : 0;
+    if (given) *name = word;
+    return given;
+}
+
+znReportScope::znReportScope(znReportContext& context) : previous(currentContext) { currentContext = &context; }
+
+znReportScope::~znReportScope() { currentContext = previous; }
+
+znReportPosition::znReportPosition(const std::string& file, const int& line)
+    : context(znReports()), previousFile(context.file), previousLine(context.line) {
+    context.file = &file;
+    context.line = &line;
+}
+
+znReportPosition::~znReportPosition() {
+    context.file = previousFile;
+    context.line = previousLine;
+}
+
+void znMessage(const char* text) { send(znReportKind::message, text); }
+
+void znAlert(const char* text) { send(znReportKind::alert, text); }
+
+void znInform(const char* text) { send(znReportKind::info, text); }
+
+int znConfirm(const char* text) {
+    send(znReportKind::question, text);
+    return znReports().answer(text != nullptr ? text : "", nullptr) ? 1 : 0;
 }
 
 znPromptAnswer znPrompt(const char* text) {
     znPromptAnswer result;
     std::memset(&result, 0, sizeof result);
-    std::fprintf(stderr, kPromptFormat, text ? text : "");
-    std::fputs(kPromptQuestion, stderr);
-    std::fputs(kPromptChoices, stderr);
-    int answer = 0;
-    readAnswer(answer);
-    if (answer == 1) {
-        std::fputs(kPromptNewName, stderr);
-        std::fflush(stderr);
-        // One word, bounded by the answer buffer.
-        if (std::scanf("%255s", result.name) == 1) result.answered = 1;
-        std::fputs("\n", stderr);
+    send(znReportKind::question, text);
+    std::string name;
+    if (znReports().answer(text != nullptr ? text : "", &name)) {
+        std::snprintf(result.name, sizeof result.name, "%s", name.c_str());
+        result.answered = 1;
     }
     return result;
+}
+
+void znSyntaxError(const char* file, int line, const char* message, const char* text) {
+    znReportContext& context = znReports();
+    context.lastError = {file != nullptr ? file : "", message != nullptr ? message : "", text != nullptr ? text : "",
+                         line};
+    context.hasError = true;
+}
+
+void znParseFailed() {
+    znReportContext& context = znReports();
+    if (context.parseFailed) return;
+    context.parseFailed = true;
+    context.parseError = context.lastError;
 }

@@ -63,6 +63,7 @@ void znParser::yyerror(const char* message) {
     const char* text = lexer->YYText();
     const std::string scanned = text != nullptr ? std::string(text).substr(0, kErrorTextLength) : std::string();
     znAlert(znParserFormat(kErrorReport, currentFilename.c_str(), currentLine, message, scanned.c_str()).c_str());
+    znSyntaxError(currentFilename.c_str(), currentLine, message, scanned.c_str());
     expectToken = 0;
 }
 

@@ -109,12 +109,14 @@ void znParser::setCurrentFilename(const char* name) {
 int znParser::runParse(std::istream& input, const char* filename) {
     setCurrentFilename(filename);
     currentLine = 1;
+    const znReportPosition position(currentFilename, currentLine);
     skipByteOrderMark(input);
     reportedUnknownTypes.clear();
     reportedUnknownFields.clear();
     skippedDefs.clear();
     lexer->switch_streams(&input, &std::cerr);
     const int result = yyparse(this);
+    if (result != 0) znParseFailed();
     // A parse that stopped inside a file read for an EXTERNPROTO goes back
     // to the file it began with.
     while (externProtoDepth > 0) endExternProto();
@@ -221,7 +223,7 @@ int znParser::ParseURL(const char* url) {
     // keeps what it received.
     popNameSpace();
     const char* slash = std::strrchr(name, '/');
-    znMessage(znParserFormat(kDoneLoading, slash != nullptr ? slash + 1 : name).c_str());
+    znInform(znParserFormat(kDoneLoading, slash != nullptr ? slash + 1 : name).c_str());
     delete stream;
     return 1;
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 #include <iostream>
+#include <memory>
 #include <sstream>
 
 #include "parser/zn_lexer.h"
@@ -129,7 +130,14 @@ ParseRun parseText(const std::string& source, const ParseOptions& options) {
     for (const auto& file : options.files) dir.write(file.first, file.second);
     wrltest::ScopedDirectory here(dir.path());
     wrltest::ScopedEnv builtins("ZNBUILTINS", types.c_str());
-    wrltest::ScopedStdin answers(options.input);
+    // Answers are typed at a terminal, the only input the parser asks;
+    // without answers, its input is no terminal and nothing is asked.
+    std::unique_ptr<wrltest::ScopedTerminalInput> terminal;
+    std::unique_ptr<wrltest::ScopedStdin> none;
+    if (options.input.empty())
+        none = std::make_unique<wrltest::ScopedStdin>("");
+    else
+        terminal = std::make_unique<wrltest::ScopedTerminalInput>(options.input);
     RecordingDatabase db;
     zn_URL_default url;
     znParser parser(&db);

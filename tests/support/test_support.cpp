@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <stdio_ext.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -76,6 +77,41 @@ ScopedStdin::~ScopedStdin() {
     dup2(saved_, STDIN_FILENO);
     close(saved_);
     clearerr(stdin);
+}
+
+ScopedTerminalInput::ScopedTerminalInput(const std::string& text) {
+    master_ = posix_openpt(O_RDWR | O_NOCTTY);
+    if (master_ < 0 || grantpt(master_) != 0 || unlockpt(master_) != 0) return;
+    const char* name = ptsname(master_);
+    const int terminal = name != nullptr ? open(name, O_RDWR | O_NOCTTY) : -1;
+    if (terminal < 0) return;
+    termios mode;
+    if (tcgetattr(terminal, &mode) == 0) {
+        mode.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        tcsetattr(terminal, TCSANOW, &mode);
+    }
+    // The text, then two end-of-input characters: the first ends a last line
+    // without a line feed, the second is the end of input itself.
+    const std::string typed = text + "\x04\x04";
+    if (write(master_, typed.data(), typed.size()) < 0) {
+        close(terminal);
+        return;
+    }
+    __fpurge(stdin);
+    saved_ = dup(STDIN_FILENO);
+    dup2(terminal, STDIN_FILENO);
+    close(terminal);
+    clearerr(stdin);
+}
+
+ScopedTerminalInput::~ScopedTerminalInput() {
+    if (saved_ >= 0) {
+        __fpurge(stdin);
+        dup2(saved_, STDIN_FILENO);
+        close(saved_);
+        clearerr(stdin);
+    }
+    if (master_ >= 0) close(master_);
 }
 
 std::string readFile(const std::string& path) {

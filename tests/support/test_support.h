@@ -54,6 +54,22 @@ private:
     int saved_;
 };
 
+// Standard input is a terminal that reads `text` for the life of the
+// object, and then the end of input: the loader puts its questions only to
+// a terminal. ok() is false where the system has no terminals to lend.
+class ScopedTerminalInput {
+public:
+    explicit ScopedTerminalInput(const std::string& text);
+    ~ScopedTerminalInput();
+    ScopedTerminalInput(const ScopedTerminalInput&) = delete;
+    ScopedTerminalInput& operator=(const ScopedTerminalInput&) = delete;
+    bool ok() const { return saved_ >= 0; }
+
+private:
+    int saved_ = -1;
+    int master_ = -1;
+};
+
 // Works in `path` for the life of the object, then goes back.
 class ScopedDirectory {
 public:
