@@ -15,6 +15,7 @@
 
 #include "child_process.h"
 #include "scene_generators.h"
+#include "csNode.h"
 #include "wrlLoader.h"
 
 namespace {
@@ -96,6 +97,57 @@ void BM_LoadProtoInstances(benchmark::State& state) {
     runLoads(state, world("proto", static_cast<std::size_t>(state.range(0)), wrlbench::manyProtoInstances));
 }
 
+// Thirty loads of one world in one process, each scene let go before the
+// next: the resident size after them against that after the first. A world
+// that outlived its scene would pile up here.
+struct RepeatFigures {
+    double afterOne = 0;
+    double afterAll = 0;
+    bool loaded = false;
+};
+
+double residentBytes() {
+    long pages = 0;
+    if (FILE* f = std::fopen("/proc/self/statm", "r")) {
+        long size = 0;
+        if (std::fscanf(f, "%ld %ld", &size, &pages) != 2) pages = 0;
+        std::fclose(f);
+    }
+    return static_cast<double>(pages) * static_cast<double>(sysconf(_SC_PAGESIZE));
+}
+
+void BM_RepeatedLoadsGiveMemoryBack(benchmark::State& state) {
+    if (std::getenv("ZNBUILTINS") == nullptr)
+        setenv("ZNBUILTINS", WRL_SOURCE_DIR "/data/znbuiltins.wrl", 1);
+    const std::string path = world("defuse", 1, wrlbench::manyDefUseShapes);
+    constexpr int kLoads = 30;
+    RepeatFigures figures;
+    for (auto _ : state) {
+        auto start = std::chrono::steady_clock::now();
+        figures = wrlbench::inChild<RepeatFigures>([&] {
+            RepeatFigures f;
+            wrlLoadOptions options;
+            options.report = [](const wrlReport*, void*) {};
+            for (int i = 0; i < kLoads; ++i) {
+                csNode* scene = wrlLoadWith(path.c_str(), &options, nullptr);
+                f.loaded = scene != nullptr;
+                if (scene != nullptr) scene->unref();
+                if (i == 0) f.afterOne = residentBytes();
+            }
+            f.afterAll = residentBytes();
+            return f;
+        });
+        state.SetIterationTime(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+        if (!figures.loaded) {
+            state.SkipWithError("the world did not load");
+            return;
+        }
+    }
+    state.counters["resident_after_1_MB"] = figures.afterOne / 1048576.0;
+    state.counters["resident_after_30_MB"] = figures.afterAll / 1048576.0;
+    state.counters["ratio"] = figures.afterOne > 0 ? figures.afterAll / figures.afterOne : 0;
+}
+
 }  // namespace
 
 // Sizes in MB. Whether time grows linearly with size shows in the MB/s
@@ -104,3 +156,4 @@ BENCHMARK(BM_LoadFaceSetWithNormals)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()
 BENCHMARK(BM_LoadFaceSetGeneratedNormals)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LoadDefUseShapes)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LoadProtoInstances)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_RepeatedLoadsGiveMemoryBack)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1);

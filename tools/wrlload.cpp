@@ -1,6 +1,8 @@
-// wrlload [--json | --vrml] FILE: loads a VRML 97 file through wrlLoad and
-// prints the scene graph that came back, as a tree or as one JSON document,
-// or writes the loaded runtime world back as VRML text.
+// wrlload [--json | --vrml] FILE: loads a VRML 97 file through the loader
+// and prints the scene graph that came back, as a tree or as one JSON
+// document, or writes the loaded runtime world back as VRML text. Exit
+// status 0: loaded; 1: not loaded (why, on standard error); 2: a wrong
+// command line; 3: loaded, but a syntax error stopped the parse.
 #include <unistd.h>
 
 #include <cstdio>
@@ -10,6 +12,7 @@
 #include <vector>
 
 #include "browser/zn_browser_intern.h"
+#include "csNode.h"
 #include "loader/wrl_loader.h"
 #include "loader/zn.h"
 #include "scene_printer.h"
@@ -86,18 +89,20 @@ int main(int argc, char** argv) {
     defaultNodeSupportFile();
 
     csNode* scene = nullptr;
+    wrlLoadResult result;
     {
         StdoutToStderr quiet;
-        std::vector<char> writable(name.begin(), name.end());
-        writable.push_back('\0');
-        scene = wrlLoad(writable.data());
+        scene = wrlLoadWith(name.c_str(), nullptr, &result);
     }
     if (scene == nullptr) {
-        std::cerr << "wrlload: " << name << ": not loaded\n";
+        std::cerr << "wrlload: " << name << ": not loaded";
+        if (!result.reason.empty()) std::cerr << " (" << result.reason << ")";
+        std::cerr << "\n";
         return 1;
     }
+    // The scene is held to the end, and with it the world that built it.
+    scene->ref();
     if (vrml) {
-        // The world of this load stays alive in the system object.
         if (_ZNmain == nullptr || _ZNmain->browser == nullptr) return 1;
         _ZNmain->browser->writeURL(nullptr);
         std::cout.flush();
@@ -105,5 +110,10 @@ int main(int argc, char** argv) {
         printSceneJson(std::cout, scene);
     else
         printSceneTree(std::cout, scene);
+    if (result.status == WRL_PARSE_ERROR) {
+        std::cerr << "wrlload: " << name << ": loaded with a parse error at " << result.errorFile << " line "
+                  << result.errorLine << "\n";
+        return 3;
+    }
     return 0;
 }

@@ -6,6 +6,8 @@
 #ifndef CS_ENVIRONMENT_H
 #define CS_ENVIRONMENT_H
 
+#include <memory>
+
 #include "csGroup.h"
 #include "csRefPtr.h"
 
@@ -42,6 +44,11 @@ class csEnvironment : public csGroup {
 
     csField* getField(short number) override;
 
+    // Something that lives as long as the environment, such as the world
+    // that built it. It ends first when the environment ends, while the
+    // scene below is still whole.
+    void setKeeper(std::shared_ptr<void> keeper) { _keeper = std::move(keeper); }
+
 protected:
     ~csEnvironment() override;
 
@@ -53,6 +60,7 @@ private:
     csRefPtr<csBackground> _background;
     csRefPtr<csFog> _fog;
     csRefPtr<csWorldInfo> _worldInfo;
+    std::shared_ptr<void> _keeper;
 };
 
 #endif

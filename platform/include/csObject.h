@@ -3,6 +3,8 @@
 #ifndef CS_OBJECT_H
 #define CS_OBJECT_H
 
+#include <atomic>
+
 // A class word: one per scene-graph class, made on first use by the class's
 // initClass(). Words form a chain to the base class, so a test against a
 // base answers yes for every subclass.
@@ -38,12 +40,13 @@ public:
     void ref();
     // Drops one reference; at zero the object destroys itself. Unref of an
     // object nobody has referenced yet destroys it too, so that a freshly
-    // made object handed straight to unref does not leak.
+    // made object handed straight to unref does not leak. Both may be
+    // called from any thread.
     void unref();
     // Drops one reference without destroying the object at zero: for a
     // function that returns a fresh object whose count it had raised.
     void unrefNoDelete();
-    int getRefCount() const { return _refCount; }
+    int getRefCount() const { return _refCount.load(std::memory_order_relaxed); }
 
     bool isOfType(const csType* type) const;
 
@@ -74,7 +77,8 @@ private:
     csObject(const csObject&) = delete;
     csObject& operator=(const csObject&) = delete;
 
-    int _refCount;
+    // Scenes are handed to hosts that may let go of them on any thread.
+    std::atomic<int> _refCount;
     unsigned _alive;  // pattern set while the object lives, checked by ref/unref
     char* _name;      // owning: strdup copy, or null
     int _handle;      // 0 until getHandle is first asked

@@ -7,6 +7,8 @@ template <class T>
 class csRefPtr {
 public:
     csRefPtr() = default;
+    // Takes a reference on `object`: `csRefPtr<csNode> scene(wrlLoad(name));`
+    explicit csRefPtr(T* object) { reset(object); }
     csRefPtr(const csRefPtr&) = delete;
     csRefPtr& operator=(const csRefPtr&) = delete;
     ~csRefPtr() { reset(nullptr); }

@@ -10,7 +10,7 @@ CS_DEFINE_CLASS_TYPE(csEnvironment, csGroup)
 
 // Defined here, where the held classes are complete.
 csEnvironment::csEnvironment() = default;
-csEnvironment::~csEnvironment() = default;
+csEnvironment::~csEnvironment() { _keeper.reset(); }
 
 void csEnvironment::setViewpoint(csViewpoint* viewpoint) { _viewpoint.reset(viewpoint); }
 void csEnvironment::setNavigationInfo(csNavigationInfo* info) { _navigationInfo.reset(info); }

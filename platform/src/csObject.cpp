@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <mutex>
 #include <unordered_map>
 
 #include "csMessages.h"
@@ -21,6 +22,12 @@ std::unordered_map<int, csObject*>& handleTable() {
     return *table;
 }
 int lastHandle = 0;
+// Objects of one scene may end on another thread than the one that made
+// another scene's: the table is shared by all.
+std::mutex& handleLock() {
+    static auto* lock = new std::mutex();  // never freed, as the table
+    return *lock;
+}
 }  // namespace
 
 bool csType::isDerivedFrom(const csType* other) const {
@@ -46,7 +53,10 @@ csObject::csObject() : _refCount(0), _alive(kAlivePattern), _name(nullptr), _han
 
 csObject::~csObject() {
     _alive = kDeadPattern;
-    if (_handle != 0) handleTable().erase(_handle);
+    if (_handle != 0) {
+        std::lock_guard<std::mutex> lock(handleLock());
+        handleTable().erase(_handle);
+    }
     std::free(_name);
 }
 
@@ -55,7 +65,7 @@ void csObject::ref() {
         std::fprintf(stderr, kCsRefDead, static_cast<void*>(this));
         return;
     }
-    ++_refCount;
+    _refCount.fetch_add(1, std::memory_order_relaxed);
 }
 
 void csObject::unref() {
@@ -63,11 +73,13 @@ void csObject::unref() {
         std::fprintf(stderr, kCsUnrefDead, static_cast<void*>(this));
         return;
     }
-    if (--_refCount <= 0) delete this;
+    if (_refCount.fetch_sub(1, std::memory_order_acq_rel) <= 1) delete this;
 }
 
 void csObject::unrefNoDelete() {
-    if (_refCount > 0) --_refCount;
+    int count = _refCount.load(std::memory_order_relaxed);
+    while (count > 0 && !_refCount.compare_exchange_weak(count, count - 1, std::memory_order_acq_rel)) {
+    }
 }
 
 bool csObject::isOfType(const csType* type) const {
@@ -81,6 +93,7 @@ void csObject::setName(const char* name) {
 }
 
 int csObject::getHandle() {
+    std::lock_guard<std::mutex> lock(handleLock());
     if (_handle != 0) return _handle;
     auto& table = handleTable();
     // Numbers run up to the largest int and start again at 1, skipping the
@@ -95,6 +108,7 @@ int csObject::getHandle() {
 
 csObject* csObject::fromHandle(int handle) {
     if (handle == 0) return nullptr;
+    std::lock_guard<std::mutex> lock(handleLock());
     auto& table = handleTable();
     auto found = table.find(handle);
     return found == table.end() ? nullptr : found->second;

@@ -63,6 +63,8 @@ znBrowserIntern::~znBrowserIntern() {
     }
     for (const char* url : pendingURLs) std::free(const_cast<char*>(url));
     for (char* url : typeURLs) std::free(url);
+    // The manager is the browser's: addSimManager ends the one it replaces.
+    delete simManager;
 }
 
 const char* znBrowserIntern::getName() { return kBrowserName; }

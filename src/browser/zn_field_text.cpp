@@ -631,7 +631,6 @@ void mvrml2data(znBrowserIntern* browser, std::vector<T>& list, FieldType elemen
     const char* p = single ? text : bracket + 1;
     const char* end = p + std::strlen(p);
     if (std::strstr(p, kEmptyListMark)) std::printf("%s\n", kEmptyListTrace);
-    znMemoryGuard guard;
     list.clear();
     if (!single) {
         // Size the list once. The scanner ends every element of a list with
@@ -666,7 +665,6 @@ void mvrml2string(std::vector<std::string>& list, const char* text) {
     while (isBlank(*text)) ++text;
     const bool single = *text != '[';
     const char* p = single ? text : text + 1;
-    znMemoryGuard guard;
     list.clear();
     std::string token;
     while (*p) {

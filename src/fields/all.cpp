@@ -89,7 +89,6 @@ void znFieldOf<V, T>::setData(const char* text) {
         int* header[3] = {&this->image.width, &this->image.height, &this->image.components};
         size_t n = 0;
         for (; n < 3 && n < numbers.size(); ++n) *header[n] = numbers[n];
-        znMemoryGuard guard;
         this->image.pixels.insert(this->image.pixels.end(), numbers.begin() + n, numbers.end());
     } else {
         browser->vrml2data(this->rawValue(), fieldType, text);

@@ -4,8 +4,6 @@
 
 // Written ahead of the message of every exception that is thrown.
 inline constexpr const char* kThrowingPrefix = "\nThrowing Exception: ";
-// Exhausted memory in a container ends the process with this line.
-inline constexpr const char* kOutOfMemory = "out of memory";
 
 // Bounds of the multiple-value classes; the first argument is the class name.
 // The spacing differs on purpose between the forms and must stay as it is.

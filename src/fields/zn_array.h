@@ -6,25 +6,12 @@
 #include <algorithm>
 #include <new>
 
-// Writes "out of memory" to the error stream and ends the process with
-// status 1. Exhausted memory in a container is not recoverable.
+// Exhausted memory in a container: throws std::bad_alloc, which ends the
+// load that ran out (the loader reports "out of memory"); the process and
+// the host's own handlers are left alone.
 [[noreturn]] void znOutOfMemory();
 
-// While alive, a failed allocation anywhere (vector growth included) ends in
-// znOutOfMemory instead of an exception. The host's handler comes back after.
-class znMemoryGuard {
-public:
-    znMemoryGuard() : previous(std::set_new_handler(handler)) {}
-    ~znMemoryGuard() { std::set_new_handler(previous); }
-    znMemoryGuard(const znMemoryGuard&) = delete;
-    znMemoryGuard& operator=(const znMemoryGuard&) = delete;
-
-private:
-    static void handler() { znOutOfMemory(); }
-    std::new_handler previous;
-};
-
-// Allocates `n` elements or ends the process.
+// Allocates `n` elements, or throws std::bad_alloc.
 template <class T>
 T* znAllocate(int n) {
     T* p = new (std::nothrow) T[n > 0 ? n : 1]();

@@ -32,7 +32,6 @@ znField::znField(const znField& other)
 
 znField& znField::operator=(const znField& other) {
     if (this == &other) return *this;
-    znMemoryGuard guard;
     if (!other.remoteData || other.remoteData->empty()) {
         delete remoteData;
         remoteData = nullptr;
@@ -159,7 +158,6 @@ void znField::setEventIndex(int index) {
 
 void znField::addRemoteData(std::vector<znField*>* fields) {
     if (!fields) return;
-    znMemoryGuard guard;
     if (!remoteData) remoteData = new std::vector<znField*>;
     remoteData->insert(remoteData->end(), fields->begin(), fields->end());
 }
@@ -175,7 +173,6 @@ void znField::getRemoteIndexes(std::vector<int>& out) {
 
 void znField::addISNames(const std::vector<char*>* names) {
     if (!names) return;
-    znMemoryGuard guard;
     if (!isNames) isNames = new std::vector<char*>;
     for (char* name : *names) isNames->push_back(strdup(name));
 }

@@ -42,7 +42,6 @@ std::size_t classOf(std::size_t size) { return (size + kStep - 1) / kStep - 1; }
 
 void* znFieldPool::allocate(std::size_t size) {
     if (!kPooled || size == 0 || size > kLargest) {
-        znMemoryGuard guard;
         return ::operator new(size);
     }
     Pool& p = pool();
@@ -53,7 +52,6 @@ void* znFieldPool::allocate(std::size_t size) {
     }
     const std::size_t rounded = (k + 1) * kStep;
     if (p.left < rounded) {
-        znMemoryGuard guard;
         p.chunk = static_cast<char*>(::operator new(kChunkSize));
         p.chunks.push_back(p.chunk);
         p.left = kChunkSize;

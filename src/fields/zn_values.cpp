@@ -3,14 +3,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 
 #include "fields/zn_field.h"
 
-void znOutOfMemory() {
-    std::fputs(kOutOfMemory, stderr);
-    std::fputc('\n', stderr);
-    std::exit(1);
-}
+void znOutOfMemory() { throw std::bad_alloc(); }
 
 Field* Field::valueSide(znField* f) { return f != nullptr ? f->ownValue() : nullptr; }
 
@@ -104,7 +101,6 @@ void SFImage::getPixels(std::vector<int>& out) { out = current().pixels; }
 
 void SFImage::setValue(int width, int height, int components, std::vector<int>& pixels) {
     if (forward<SFImage>([&](SFImage& r) { r.setValue(width, height, components, pixels); })) return;
-    znMemoryGuard guard;
     image.width = width;
     image.height = height;
     image.components = components;
@@ -120,7 +116,6 @@ void SFImage::setValue(SFImage& other) {
 
 void SFImage::loadRaw(const void* p) {
     const imageInfo& source = *static_cast<const imageInfo*>(p);
-    znMemoryGuard guard;
     image.width = source.width;
     image.height = source.height;
     image.components = source.components;
@@ -143,7 +138,6 @@ void MFString::get1Value(int i, char** out) {
 
 void MFString::setValue(int n, char** texts) {
     forward<MFString>([&](MFString& r) { r.setValue(n, texts); });
-    znMemoryGuard guard;
     list.clear();
     for (int i = 0; i < n; ++i) list.emplace_back(texts[i], std::strlen(texts[i]) + 1);
     changed();
@@ -158,7 +152,6 @@ void MFString::set1Value(int i, char* text) {
 
 void MFString::addValue(char* text) {
     forward<MFString>([&](MFString& r) { r.addValue(text); });
-    znMemoryGuard guard;
     list.emplace_back(text, std::strlen(text) + 1);
     changed();
 }
@@ -166,7 +159,6 @@ void MFString::addValue(char* text) {
 void MFString::insertValue(int i, char* text) {
     forward<MFString>([&](MFString& r) { r.insertValue(i, text); });
     if (i < 0 || i >= static_cast<int>(list.size())) znThrowBounds(kInsertValueBounds, kName, i);
-    znMemoryGuard guard;
     list.insert(list.begin() + i, std::string(text, std::strlen(text) + 1));
     changed();
 }

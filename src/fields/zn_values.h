@@ -450,7 +450,6 @@ public:
     }
     virtual void setValue(std::vector<E>& v) {
         forward<Self>([&](Self& r) { r.setValue(v); });
-        znMemoryGuard guard;
         list = v;
         changed();
     }
@@ -464,7 +463,6 @@ public:
     }
     virtual void setValue(int n, E* v) {
         forward<Self>([&](Self& r) { r.setValue(n, v); });
-        znMemoryGuard guard;
         list.clear();
         for (int i = 0; i < n; ++i) list.push_back(v[i]);
         changed();
@@ -483,7 +481,6 @@ public:
     }
     virtual void addValue(In v) {
         forward<Self>([&](Self& r) { r.addValue(v); });
-        znMemoryGuard guard;
         list.push_back(v);
         changed();
     }
@@ -516,7 +513,6 @@ protected:
     // passes the test and adds nothing.
     void growFor(int i) {
         if (static_cast<unsigned>(i) < list.size()) return;
-        znMemoryGuard guard;
         for (int n = static_cast<int>(list.size()); n <= i; ++n) list.push_back(E());
     }
     void* rawValue() { return &list; }
@@ -648,14 +644,12 @@ public:
     // A null pointer gives an element of zeros.
     virtual void setValue(std::vector<float*>& v) {
         forward<Self>([&](Self& r) { r.setValue(v); });
-        znMemoryGuard guard;
         list.clear();
         for (float* p : v) list.push_back(p ? Element(p, W) : Self::filler());
         changed();
     }
     virtual void setValue(int n, float (*v)[W]) {
         forward<Self>([&](Self& r) { r.setValue(n, v); });
-        znMemoryGuard guard;
         list.clear();
         for (int i = 0; i < n; ++i) list.emplace_back(v[i], W);
         changed();
@@ -705,7 +699,6 @@ protected:
     // Fills the list from `n` floats, W at a time. `wholeOnly` drops an
     // incomplete last group; otherwise it is read whole.
     void load(int n, const float* v, bool wholeOnly = false) {
-        znMemoryGuard guard;
         list.clear();
         if (n <= 0) return;
         list.reserve(static_cast<size_t>(n / W + 1));
@@ -731,7 +724,6 @@ protected:
     }
     void appendComponents(const float* v) {
         forward<Self>([&](Self& r) { r.appendComponents(v); });
-        znMemoryGuard guard;
         list.emplace_back(v, W);
         changed();
     }
@@ -748,7 +740,6 @@ protected:
     void insertComponentsAt(int i, const float* v) {
         if (i < 0 || i > static_cast<int>(list.size())) return;
         forward<Self>([&](Self& r) { r.insertComponentsAt(i, v); });
-        znMemoryGuard guard;
         list.insert(list.begin() + i, Element(v, W));
         changed();
     }
@@ -756,14 +747,12 @@ protected:
         std::vector<Element> copy;
         const_cast<Self&>(other).getValue(copy);
         forward<Self>([&](Self& r) { r.assign(other); });
-        znMemoryGuard guard;
         list = copy;
         changed();
         return *this;
     }
     void growFor(int i) {
         if (static_cast<unsigned>(i) < list.size()) return;
-        znMemoryGuard guard;
         for (int n = static_cast<int>(list.size()); n <= i; ++n) list.push_back(Self::filler());
     }
     void* rawValue() { return &list; }

@@ -15,7 +15,17 @@ inline constexpr const char* kPromptNewName = "New Name: ";
 inline constexpr const char* kConfirmNotAsked = "Not asked: the answer is No.\n";
 inline constexpr const char* kPromptNotAsked = "Not asked: no other name is given.\n";
 
-inline constexpr const char* kUncaughtException = "Exception not caught.  Application exiting.\n";
+inline constexpr const char* kUncaughtException = "Exception not caught.  The load ends.\n";
+inline constexpr const char* kOutOfMemory = "out of memory";
+
+// Why a scene did not come back whole, as a load's result says it.
+inline constexpr const char* kReasonNotFound = "not found";
+inline constexpr const char* kReasonDirectory = "a directory, not a file";
+inline constexpr const char* kReasonNameTooLong = "file name too long";
+inline constexpr const char* kReasonVrml1 = "a VRML 1.0 file";
+inline constexpr const char* kReasonOutOfMemory = "out of memory";
+inline constexpr const char* kReasonException = "an exception nobody caught";
+inline constexpr const char* kReasonParseError = "a syntax error stopped the parse";
 
 // The VRML 1.0 refusal: the file name, then where to find translators.
 inline constexpr const char* kVrml1Header = "#VRML V1.0 ascii";

@@ -1,16 +1,26 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <exception>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <new>
+#include <string>
 #include <vector>
 
 #include "browser/zn_browser_intern.h"
 #include "csEnvironment.h"
 #include "csLight.h"
+#include "fields/zn_exception.h"
 #include "loader/loader_messages.h"
 #include "loader/wrl_loader.h"
 #include "loader/zn.h"
-#include "loader/zn_text.h"
 #include "loader/zn_interfaces.h"
+#include "loader/zn_text.h"
 #include "optimizer/gfx_opt.h"
 #include "scripts/zn_cppsi.h"
 #include "scripts/zn_scriptinterfaces.h"
@@ -48,6 +58,11 @@ bool isReadable(const char* path) {
     return true;
 }
 
+bool isDirectory(const char* path) {
+    struct stat status;
+    return stat(path, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 // Copies OPTPATH into `out`. A value too long for the buffer keeps only the
 // elements that fit whole, so that no element is searched under a cut name.
 void readSearchPath(char* out, int size) {
@@ -68,6 +83,84 @@ void readSearchPath(char* out, int size) {
     std::snprintf(text, sizeof text, kSearchPathTooLong, size - 1);
     znMessage(text);
 }
+
+// Loads run one at a time: the browser core keeps process-wide cells. The
+// end of a world takes the same lock, as a host may let go of a scene on
+// any thread; it is recursive because a world may end inside a load.
+std::recursive_mutex& loadLock() {
+    static std::recursive_mutex lock;
+    return lock;
+}
+
+}  // namespace
+
+// What a load makes besides its scene. It ends with the scene, or, for a
+// world that the host keeps, at wrlReleaseWorld.
+struct wrlLoader::World {
+    ZN* system = nullptr;
+    gfx_opt* graphics = nullptr;
+    zn_URL* access = nullptr;
+    csEnvironment* root = nullptr;  // borrowed: the scene that owns this
+
+    World() = default;
+    World(const World&) = delete;
+    World& operator=(const World&) = delete;
+    ~World() {
+        std::lock_guard<std::recursive_mutex> lock(loadLock());
+        if (_ZNmain == system) _ZNmain = nullptr;
+        if (topSceneNode == root) topSceneNode = nullptr;
+        if (system == nullptr) return;
+        // The nodes go first: their scene objects know the graphics
+        // interface, and script objects their interfaces.
+        delete system->browser;
+        delete access;
+        delete graphics;
+        delete system->appInterfaces;
+        delete system->scriptInterfaces;
+        delete system;
+    }
+};
+
+namespace {
+
+// Worlds that their hosts keep past their scenes.
+std::map<ZN*, std::shared_ptr<wrlLoader::World>>& keptWorlds() {
+    static std::map<ZN*, std::shared_ptr<wrlLoader::World>> worlds;
+    return worlds;
+}
+
+// The reports and questions of one load, as the host's options want them.
+class HostReports : public znReportContext {
+public:
+    explicit HostReports(const wrlLoadOptions& o) : options(o) { questionsAllowed = o.questions; }
+
+    void report(const znReport& r) override {
+        if (options.report == nullptr) {
+            znReportContext::report(r);
+            return;
+        }
+        const wrlReport out{static_cast<wrlReportKind>(r.kind), r.text, r.file, r.line};
+        options.report(&out, options.reportData);
+    }
+
+    bool answer(const char* question, std::string* name) override {
+        if (options.answer != nullptr) {
+            char given[256] = "";
+            const bool yes =
+                options.answer(question, name != nullptr ? given : nullptr, sizeof given, options.answerData) != 0;
+            given[sizeof given - 1] = '\0';
+            if (yes && name != nullptr) *name = given;
+            return yes && (name == nullptr || given[0] != '\0');
+        }
+        // A host that takes the reports has the question among them: no
+        // console text is written for it.
+        if (options.report != nullptr && (!questionsAllowed || !isatty(STDIN_FILENO))) return false;
+        return znReportContext::answer(question, name);
+    }
+
+private:
+    const wrlLoadOptions& options;
+};
 
 }  // namespace
 
@@ -95,20 +188,31 @@ char* getFullPath(char* name, char* path) {
 void printHeader() { std::printf(kBannerFormat, WRL_VERSION, __DATE__); }
 
 csNode* wrlLoader::actualLoad(char* filename) {
+    Outcome outcome;
+    return actualLoad(filename, outcome);
+}
+
+csNode* wrlLoader::actualLoad(const char* filename, Outcome& outcome) {
     topSceneNode = new csEnvironment();
-    printHeader();
+    outcome.world = std::make_shared<World>();
+    outcome.world->root = topSceneNode;
+    if (outcome.banner) printHeader();
 
     std::vector<const char*> urls;
     urls.push_back(filename);
 
     _ZNmain = new ZN(0);
+    outcome.world->system = _ZNmain;
     _ZNmain->scriptInterfaces->add(newZnCPPSI, "so", nullptr, nullptr, nullptr, nullptr, 1);
-    _ZNmain->appInterfaces->add(new gfx_opt(_ZNmain));
+    outcome.world->graphics = new gfx_opt(_ZNmain);
+    outcome.world->graphics->setRoot(topSceneNode);
+    _ZNmain->appInterfaces->add(outcome.world->graphics);
 
     znBrowser* browser = _ZNmain->browser;
     // The loader reads worlds, EXTERNPROTOs and textures from web servers as
     // well as from files.
-    browser->setURLInterface(new_zn_URL_web());
+    outcome.world->access = new_zn_URL_web();
+    browser->setURLInterface(outcome.world->access);
     browser->registerZNType(1);
     browser->init();
 
@@ -117,22 +221,33 @@ csNode* wrlLoader::actualLoad(char* filename) {
             char text[200];
             std::snprintf(text, sizeof text, kNameTooLong, kPathBufferSize - 1, filename);
             znMessage(text);
+            outcome.status = WRL_NOT_FOUND;
+            outcome.reason = kReasonNameTooLong;
             return nullptr;
         }
         char pathBuffer[kPathBufferSize];
         std::strcpy(pathBuffer, filename);
-        FILE* file = std::fopen(pathBuffer, "r");
+        FILE* file = isDirectory(pathBuffer) ? nullptr : std::fopen(pathBuffer, "r");
 
         char searchPath[kSearchPathBufferSize];
         readSearchPath(searchPath, kSearchPathBufferSize);
 
         if (file == nullptr) {
-            char* found = getFullPath(filename, searchPath);
-            if (found == nullptr) return nullptr;
+            // Without OPTPATH there is no path to search.
+            char* found = std::getenv("OPTPATH") != nullptr ? getFullPath(pathBuffer, searchPath) : nullptr;
+            if (found == nullptr) {
+                outcome.status = WRL_NOT_FOUND;
+                outcome.reason = isDirectory(filename) ? kReasonDirectory : kReasonNotFound;
+                return nullptr;
+            }
             // getFullPath fills a buffer of the same size, so this fits.
             std::strcpy(pathBuffer, found);
-            file = std::fopen(pathBuffer, "r");
-            if (file == nullptr) return nullptr;
+            file = isDirectory(pathBuffer) ? nullptr : std::fopen(pathBuffer, "r");
+            if (file == nullptr) {
+                outcome.status = WRL_NOT_FOUND;
+                outcome.reason = isDirectory(pathBuffer) ? kReasonDirectory : kReasonNotFound;
+                return nullptr;
+            }
         }
 
         char header[kHeaderBufferSize] = "";
@@ -142,6 +257,8 @@ csNode* wrlLoader::actualLoad(char* filename) {
         const char* text = std::strncmp(header, kByteOrderMark, 3) == 0 ? header + 3 : header;
         if (std::strncmp(text, kVrml1Header, std::strlen(kVrml1Header)) == 0) {
             std::fprintf(stderr, kVrml1Refusal, pathBuffer);
+            outcome.status = WRL_REFUSED;
+            outcome.reason = kReasonVrml1;
             return nullptr;
         }
     }
@@ -160,11 +277,104 @@ csNode* wrlLoader::actualLoad(char* filename) {
         if (child != nullptr && child->isOfType(csLight::_ClassType))
             topSceneNode->lights().append(child);
     }
+    outcome.status = WRL_LOADED;
     return topSceneNode;
 }
 
-extern "C" csNode* wrlLoad(char* filename) {
+namespace {
+
+// A load with its options, its reports and its result, and the end of
+// whatever it made that nobody is to hold.
+csNode* load(const char* name, const wrlLoadOptions& options, wrlLoadResult& result) {
+    std::lock_guard<std::recursive_mutex> lock(loadLock());
+    HostReports reports(options);
+    znReportScope scope(reports);
     if (theLoader == nullptr) theLoader = new wrlLoader();
-    if (filename == nullptr) return nullptr;
-    return theLoader->actualLoad(filename);
+
+    wrlLoader::Outcome outcome;
+    outcome.banner = options.banner;
+    csNode* scene = nullptr;
+    try {
+        scene = theLoader->actualLoad(name, outcome);
+    } catch (const std::bad_alloc&) {
+        znAlert(kOutOfMemory);
+        outcome.status = WRL_FAILED;
+        outcome.reason = kReasonOutOfMemory;
+        scene = nullptr;
+    } catch (const Exception& caught) {
+        znTerminate();
+        outcome.status = WRL_FAILED;
+        outcome.reason = caught.text;
+        scene = nullptr;
+    } catch (const std::exception& caught) {
+        znTerminate();
+        outcome.status = WRL_FAILED;
+        outcome.reason = caught.what();
+        scene = nullptr;
+    } catch (...) {
+        znTerminate();
+        outcome.status = WRL_FAILED;
+        outcome.reason = kReasonException;
+        scene = nullptr;
+    }
+
+    result.status = outcome.status;
+    result.reason = outcome.reason;
+    result.warnings = reports.counts[static_cast<int>(znReportKind::message)] +
+                      reports.counts[static_cast<int>(znReportKind::alert)];
+    if (scene != nullptr && reports.parseFailed) {
+        const znReportContext::SyntaxError& error = reports.parseError;
+        result.status = WRL_PARSE_ERROR;
+        result.reason = kReasonParseError;
+        result.errorFile = error.file;
+        result.errorLine = error.line;
+        result.errorMessage = error.message;
+        result.errorText = error.text;
+    }
+
+    std::shared_ptr<wrlLoader::World> world = outcome.world;
+    csEnvironment* root = world != nullptr ? world->root : nullptr;
+    if (scene == nullptr) {
+        // Nothing is handed over: the world and its empty scene end here.
+        world.reset();
+        outcome.world.reset();
+        if (root != nullptr) root->unref();
+        return nullptr;
+    }
+    result.world = world->system;
+    if (options.keepWorld)
+        keptWorlds().emplace(world->system, world);
+    else
+        root->setKeeper(world);
+    return scene;
 }
+
+}  // namespace
+
+void znTerminate() { znAlert(kUncaughtException); }
+
+csNode* wrlLoadWith(const char* nameOrUrl, const wrlLoadOptions* options, wrlLoadResult* result) {
+    const wrlLoadOptions defaults;
+    wrlLoadResult ignored;
+    wrlLoadResult& out = result != nullptr ? *result : ignored;
+    out = wrlLoadResult();
+    if (nameOrUrl == nullptr) {
+        out.status = WRL_NOT_FOUND;
+        out.reason = kReasonNotFound;
+        return nullptr;
+    }
+    return load(nameOrUrl, options != nullptr ? *options : defaults, out);
+}
+
+void wrlReleaseWorld(ZN* world) {
+    std::shared_ptr<wrlLoader::World> ended;
+    {
+        std::lock_guard<std::recursive_mutex> lock(loadLock());
+        auto found = keptWorlds().find(world);
+        if (found == keptWorlds().end()) return;
+        ended = std::move(found->second);
+        keptWorlds().erase(found);
+    }
+}
+
+extern "C" csNode* wrlLoad(char* filename) { return wrlLoadWith(filename, nullptr, nullptr); }

@@ -2,6 +2,9 @@
 #ifndef WRL_LOADER_H
 #define WRL_LOADER_H
 
+#include <memory>
+#include <string>
+
 #include "wrlLoader.h"
 
 class csEnvironment;
@@ -14,9 +17,20 @@ extern ZN* _ZNmain;
 
 class wrlLoader {
 public:
+    struct World;
+    // How a load went, and what it made.
+    struct Outcome {
+        bool banner = true;  // in: the banner is printed
+        wrlLoadStatus status = WRL_FAILED;
+        std::string reason;
+        // The world of the load, to end with its scene.
+        std::shared_ptr<World> world;
+    };
+
     wrlLoader() = default;
     // The scene of `filename`, or null when the file is missing or VRML 1.0.
     csNode* actualLoad(char* filename);
+    csNode* actualLoad(const char* filename, Outcome& outcome);
 };
 
 void printHeader();

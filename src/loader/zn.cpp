@@ -10,7 +10,8 @@
 #include "scripts/zn_scriptinterfaces.h"
 
 ZN::ZN(int m) {
-    std::set_terminate(znTerminate);
+    // The host's terminate handler stays its own: the loader ends a load
+    // that throws, not the process.
     mode = m;
     // Each member is made before the next, because the browser's parts may
     // already look at the system object. A failed allocation leaves a null.
@@ -19,7 +20,3 @@ ZN::ZN(int m) {
     scriptInterfaces = new (std::nothrow) znScriptInterfaces(this);
 }
 
-void znTerminate() {
-    znAlert(kUncaughtException);
-    std::exit(-1);
-}

@@ -20,8 +20,8 @@ public:
     znScriptInterfaces* scriptInterfaces; // owning, never released
 };
 
-// The process's handler for exceptions that nobody caught.
-[[noreturn]] void znTerminate();
+// Reports an exception that nobody caught; the load it came out of ends.
+void znTerminate();
 
 // Kept for debug builds; nothing reads it.
 extern int debuglevel;

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <stdexcept>
 #include <ostream>
 #include <vector>
 
@@ -29,8 +30,9 @@ znNode::znNode(int nodeID, const char* nodeName, znNodeType* type, Browser* b)
       firstNodeID(0), cppScript(nullptr), depth(0), toplevel(0), scriptInterfaces(nullptr),
       urlBase(nullptr), dirty(0), scriptEnabled(0) {
     if (!nodeName || !type || !b) {
+        // A broken caller ends its load, not the process.
         znAlert(kNodeNeedsParts);
-        std::exit(1);
+        throw std::invalid_argument(kNodeNeedsParts);
     }
     if (ZN* system = b->getZN()) scriptInterfaces = system->scriptInterfaces;
     scriptEnabled = scriptInterfaces ? scriptInterfaces->isEnabled(type->getScriptID()) : 1;
@@ -238,7 +240,6 @@ int znNode::addData(const char* fieldName, znField* f) {
     int index = getDataID(fieldName);
     if (index == -1 || !f) return -1;
     if (index >= static_cast<int>(fields.size())) {
-        znMemoryGuard guard;
         // All the type's fields are coming, in whatever order.
         fields.reserve(std::max(static_cast<size_t>(index) + 1, static_cast<size_t>(nodeType->getFieldCount())));
         while (static_cast<int>(fields.size()) <= index) fields.push_back(f);

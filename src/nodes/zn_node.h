@@ -27,7 +27,7 @@ public:
 
 class znNode : public Builtin, public zn {
 public:
-    // Ends the process when name, type or browser is missing.
+    // Throws std::invalid_argument when name, type or browser is missing.
     znNode(int id, const char* name, znNodeType* type, Browser* browser);
 
     Field* getEventIn(const char* name) override;

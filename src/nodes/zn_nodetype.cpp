@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <stdexcept>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -28,8 +29,9 @@ znNodeType::znNodeType(int typeID, const char* typeName, std::vector<const char*
       interface(nullptr), browser(b), scriptID(0), depth(0), paused(0), indentBuffer{},
       initFn(init) {
     if (!typeName) {
+        // A broken caller ends its load, not the process.
         znAlert(kNodeTypeNeedsName);
-        std::exit(1);
+        throw std::invalid_argument(kNodeTypeNeedsName);
     }
     if (initFn && std::strncmp(initFn, kNotSupportedMark, std::strlen(kNotSupportedMark)) == 0) {
         char message[512];
@@ -51,7 +53,6 @@ int znNodeType::addData(const char* fieldName, FieldType type, DataType kind, Fi
                         const char* value) {
     znField* f = znField::newField(browser, nullptr, type, kind, flags, value, nullptr);
     if (!f) return -1;
-    znMemoryGuard guard;
     fields.push_back(f);
     int index = static_cast<int>(fields.size()) - 1;
     // A second entry of one name keeps the first index.

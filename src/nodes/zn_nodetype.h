@@ -20,7 +20,7 @@ class Builtin;
 
 class znNodeType {
 public:
-    // Ends the process when `name` is null. `urls` is the list of
+    // Throws std::invalid_argument when `name` is null. `urls` is the list of
     // implementations tried in order; `initFn` is borrowed.
     znNodeType(int id, const char* name, std::vector<const char*>& urls, Browser* browser,
                int sensor, int toplevel, char* initFn);

@@ -1,12 +1,13 @@
 // The graphics interface of the loader: no display and no camera, so that
 // nearly every operation does nothing. Its duties are to hang each
-// finished top-level subgraph under topSceneNode, and to note there what
-// the world's viewpoints, navigation information, background, fog and
-// world information nodes announce.
+// finished top-level subgraph under the root that the loader gives it, and
+// to note there what the world's viewpoints, navigation information,
+// background, fog and world information nodes announce.
 #ifndef GFX_OPT_H
 #define GFX_OPT_H
 
 #include <cstdint>
+#include <vector>
 
 #include "csSphereBound.h"
 #include "optimizer/gfx.h"
@@ -20,6 +21,12 @@ class opDrawImpl;
 class gfx_opt : public gfx {
 public:
     explicit gfx_opt(ZN* system);
+    // Gives back the references that set_top_Node took.
+    ~gfx_opt() override;
+
+    // The environment that the world's top-level subgraphs go under
+    // (borrowed: the loader's).
+    void setRoot(csEnvironment* environment) { root = environment; }
 
     const char* getClass() override { return "gfx"; }
     const char* getType() override { return "gfx_opt"; }
@@ -56,9 +63,9 @@ public:
     int getHeadlight() override { return 0; }
 
     // Adds `node` (a group, or a light or other leaf that stands at the top
-    // of the world) as a child of topSceneNode and gives it one reference
-    // more; nothing when either is null. The same node given twice is added
-    // twice.
+    // of the world) as a child of the root and gives it one reference more,
+    // which this object holds; nothing when either is null. The same node
+    // given twice is added twice.
     void set_top_Node(csNode* node);
     csEnvironment* getRoot();
     void* getCamera() { return nullptr; }
@@ -71,6 +78,8 @@ public:
 private:
     std::uint32_t word = 0;  // kept for a display's own use; always 0 here
     csSphereBound bound;
+    csEnvironment* root = nullptr;
+    std::vector<csNode*> topNodes;  // one reference each
 };
 
 #endif

@@ -235,7 +235,6 @@ void optIndexedFaceSet::refreshSet(unsigned char& setDirty, Field* values, Built
 }
 
 int optIndexedFaceSet::action(SFTime& time, int mode, void* state) {
-    znMemoryGuard guard;
     if (mode == kActionFetch && !built) build(time, static_cast<const ActionState*>(state));
     // Nothing is refreshed before the first build: it would build the
     // geometry for nobody, and report its faults twice.

@@ -20,7 +20,6 @@ public:
     // Builds at the first fetch (mode 4) with a shape's state, then
     // refreshes what changed; answers the geometry's handle.
     int action(SFTime& time, int mode, void* state) override {
-        znMemoryGuard guard;
         optActionGuard acting(this);
         if (!acting.entered()) return 0;
         const auto* record = static_cast<const ActionState*>(state);

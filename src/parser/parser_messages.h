@@ -8,7 +8,8 @@ inline constexpr const char* kBadExpectToken = "ACK: Bad ZNPARSER->_expectToken"
 inline constexpr const char* kDoubleOpenBracket = "Double [";
 inline constexpr const char* kUnmatchedCloseBracket = "Unmatched ]";
 inline constexpr const char* kMissingOpenQuote = "String missing open-quote";
-inline constexpr const char* kOutOfMemory = "out of memory\n";
+// The input could not be read on (a directory, a file that went away).
+inline constexpr const char* kInputFailed = "input could not be read";
 
 // The lexer's own trace line, printed before a value state is entered.
 inline constexpr const char* kLexStartStateTrace = "LEX--> Start State %d\n";

@@ -14,7 +14,12 @@
 
 class znParser;
 
-// Ends the process as an exhausted allocation must: "out of memory".
+// A fatal error of the scanner, which ends the parse it happened in.
+struct znScanError {
+    const char* message;
+};
+
+// An exhausted allocation: throws std::bad_alloc, which ends the load.
 [[noreturn]] void znParserOutOfMemory();
 // A heap copy of `text`, for token values that the grammar frees.
 char* znCopyText(const char* text);
@@ -34,6 +39,12 @@ public:
     // The next token number, a character code, or 0 at end of input.
     int yylex() override;
     int yywrap() override;
+    // A read that fails ends the input, with an error of the parse, rather
+    // than the scanner's fatal error.
+    int LexerInput(char* buffer, int size) override;
+    // The scanner's own fatal errors end the parse (znScanError), not the
+    // process.
+    void LexerError(const char* message) override;
 
     void yyResetLineNumber();
     // Appends one list item and a comma to the list buffer; answers the

@@ -206,6 +206,9 @@ public:
     int currentLine = 1;
     std::string currentFilename;
     int skippingNode = 0;
+    // The input of the parse failed to read: the parse failed, whatever the
+    // grammar made of what came before.
+    int inputFailed = 0;
     int protoDepth = 0;
     int externProtoDepth = 0;
     extProtoInfo externInfo[kMaxExternDepth + 1];

@@ -115,7 +115,14 @@ int znParser::runParse(std::istream& input, const char* filename) {
     reportedUnknownFields.clear();
     skippedDefs.clear();
     lexer->switch_streams(&input, &std::cerr);
-    const int result = yyparse(this);
+    inputFailed = 0;
+    int result = 1;
+    try {
+        result = yyparse(this);
+    } catch (const znScanError& error) {
+        yyerror(error.message);
+    }
+    if (inputFailed) result = 1;
     if (result != 0) znParseFailed();
     // A parse that stopped inside a file read for an EXTERNPROTO goes back
     // to the file it began with.

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <memory>
 
 #include "loader/zn.h"
 #include "loader/zn_interfaces.h"
@@ -154,7 +155,11 @@ Script* znCPP_SI::findOrReport(znNode& node, const char* missing) {
 
 int znCPP_SI::initialize(znNode& node) {
     if (!enabled() || !scriptFn) return 0;
-    Script* script = scriptFn(new znInternal(node.getBrowser(), &node));
+    // The script takes the pair it is made with; a script that throws or
+    // answers nothing has not taken it.
+    auto pair = std::make_unique<znInternal>(node.getBrowser(), &node);
+    Script* script = scriptFn(pair.get());
+    if (script) pair.release();
     if (!script) {
         report(znAlert, kScriptInitializeFailed, node.getName());
         return 0;

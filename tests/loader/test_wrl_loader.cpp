@@ -93,21 +93,6 @@ TEST(WrlLoad, OverlongNamesAreRefusedWithoutOverflow) {
     EXPECT_THAT(r.err, HasSubstr("File name too long"));
 }
 
-TEST(WrlLoadDeathTest, UncaughtExceptionEndsInTheAlertAndStatus255) {
-    wrltest::TempDir dir;
-    std::string path = dir.write("scene.wrl", kVrml97);
-    EXPECT_EXIT(
-        {
-            wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
-            std::vector<char> name(path.begin(), path.end());
-            name.push_back('\0');
-            wrlLoad(name.data());
-            // What the runtime does with an exception that nobody catches.
-            std::terminate();
-        },
-        testing::ExitedWithCode(255), "\nAlert:  Exception not caught.  Application exiting.\n");
-}
-
 TEST(getFullPath, TriesEachElementThenTheLastAndSkipsWhatCannotBe) {
     wrltest::TempDir a, b;
     std::string inB = b.write("f.wrl", kVrml97);

@@ -2,6 +2,8 @@
 // that throw twice, and the VRML print.
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include <sstream>
 #include <string>
 
@@ -134,9 +136,10 @@ TEST_F(RuntimeNode, PrintsUseAndISLinesAndNullNodes) {
               "}\n");
 }
 
-TEST_F(RuntimeNode, MissingPartsEndTheProcess) {
-    EXPECT_EXIT(znNode(1, nullptr, &type, &browser), testing::ExitedWithCode(1),
-                "ERROR: Must a name, nodeType, and browser for a new node");
+TEST_F(RuntimeNode, MissingPartsAreReportedAndThrownNotAnEndOfTheProcess) {
+    const std::string err =
+        wrltest::stderrOf([&] { EXPECT_THROW(znNode(1, nullptr, &type, &browser), std::invalid_argument); });
+    EXPECT_NE(err.find("ERROR: Must a name, nodeType, and browser for a new node"), std::string::npos) << err;
 }
 
 TEST_F(RuntimeNode, NewNodeClearsThePauseOfItsTypeAndInitializeMarksDirty) {

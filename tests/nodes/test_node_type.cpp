@@ -2,6 +2,10 @@
 // the PROTO print and the one-time support message.
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
+#include "test_support.h"
+
 #include <sstream>
 #include <string>
 
@@ -106,10 +110,11 @@ TEST(NodeTypeSetup, NotSupportedInitIsReported) {
     EXPECT_EQ(type.getInterface(), nullptr);
 }
 
-TEST(NodeTypeSetup, MissingNameEndsTheProcess) {
+TEST(NodeTypeSetup, MissingNameIsReportedAndThrownNotAnEndOfTheProcess) {
     std::vector<const char*> urls;
-    EXPECT_EXIT(znNodeType(1, nullptr, urls, nullptr, 0, 0, nullptr), testing::ExitedWithCode(1),
-                "ERROR: Must specify name for a node type");
+    const std::string err = wrltest::stderrOf(
+        [&] { EXPECT_THROW(znNodeType(1, nullptr, urls, nullptr, 0, 0, nullptr), std::invalid_argument); });
+    EXPECT_NE(err.find("ERROR: Must specify name for a node type"), std::string::npos) << err;
 }
 
 TEST(NodeTypeSetup, IndentIsTwoBlanksPerLevelAndBounded) {

@@ -2,6 +2,7 @@
 // frame, and reached by events.
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <string>
 
 #include "browser/zn_browser_intern.h"
@@ -12,6 +13,7 @@
 #include "scripts/zn_event.h"
 #include "behaviour_world.h"
 #include "test_support.h"
+#include "wrlLoader.h"
 
 using wrltest::counterFn;
 
@@ -58,4 +60,25 @@ TEST(ScriptLoads, InlineScriptOfAnUnknownLanguageIsReportedAndLeftWithoutBehavio
     auto* node = dynamic_cast<znNode*>(_ZNmain->browser->getNode("J"));
     ASSERT_NE(node, nullptr);
     EXPECT_EQ(node->getCPPScript(), nullptr);
+}
+
+// An exception out of a host's own code ends the load, reported, and leaves
+// the process and its terminate handler as they were.
+TEST(ScriptLoads, ScriptThatThrowsEndsTheLoadAndNotTheProcess) {
+    wrltest::TempDir dir;
+    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+    std::string world = dir.write("throws.wrl",
+                                  "#VRML V2.0 utf8\n"
+                                  "DEF S Script { url \"" THROWER_SO "\" }\n"
+                                  "USE S\n");
+    const std::terminate_handler before = std::get_terminate();
+    wrlLoadOptions options;
+    options.banner = false;
+    wrlLoadResult result;
+    const std::string err =
+        wrltest::stderrOf([&] { EXPECT_EQ(wrlLoadWith(world.c_str(), &options, &result), nullptr); });
+    EXPECT_EQ(result.status, WRL_FAILED);
+    EXPECT_EQ(result.reason, "a script that throws");
+    EXPECT_NE(err.find("\nAlert:  Exception not caught.  The load ends.\n"), std::string::npos) << err;
+    EXPECT_EQ(std::get_terminate(), before);
 }

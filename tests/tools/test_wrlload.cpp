@@ -36,16 +36,29 @@ int wrlload(const std::string& file, std::string& output) {
 
 }  // namespace
 
-TEST(Wrlload, RefusesAVrml10FileAndAMissingFileWithStatusOne) {
+TEST(Wrlload, ExitStatusSaysHowTheLoadWentAndWhyNot) {
     wrltest::TempDir dir;
     const std::string old = dir.write("old.wrl", "#VRML V1.0 ascii\nSeparator { }\n");
     std::string output;
     EXPECT_EQ(wrlload(old, output), 1);
     EXPECT_THAT(output, testing::HasSubstr(old + " is a VRML 1.0 file."));
+    EXPECT_THAT(output, testing::HasSubstr("wrlload: " + old + ": not loaded (a VRML 1.0 file)\n"));
 
     // The loader's banner, then the tool's own line: wrlLoad says nothing.
-    const std::string missing = dir.path() + "/none.wrl";
+    const struct {
+        std::string name;
+        const char* why;
+    } missing[] = {{dir.path() + "/none.wrl", "not found"}, {dir.path(), "a directory, not a file"}};
+    for (const auto& m : missing) {
+        output.clear();
+        EXPECT_EQ(wrlload(m.name, output), 1);
+        EXPECT_EQ(output.substr(output.find('\n') + 1), "wrlload: " + m.name + ": not loaded (" + m.why + ")\n");
+    }
+
+    // A syntax error: the scene of what came before it, and status 3.
+    const std::string broken = dir.write("broken.wrl", "#VRML V2.0 utf8\nGroup { }\nGroup { children [ ] ] }\n");
     output.clear();
-    EXPECT_EQ(wrlload(missing, output), 1);
-    EXPECT_EQ(output.substr(output.find('\n') + 1), "wrlload: " + missing + ": not loaded\n");
+    EXPECT_EQ(wrlload(broken, output), 3);
+    EXPECT_THAT(output, testing::HasSubstr("csGroup"));
+    EXPECT_THAT(output, testing::HasSubstr("wrlload: " + broken + ": loaded with a parse error at " + broken + " line 3"));
 }
