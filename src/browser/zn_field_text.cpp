@@ -380,7 +380,12 @@ bool readPlainToken(const char*& p, const char* end, int& out) {
     if (q < end && (*q == '+' || *q == '-')) negative = *q++ == '-';
     const char* digits = q;
     int value = 0;
-    while (q < end && static_cast<unsigned char>(*q - '0') <= 9) value = value * 10 + (*q++ - '0');
+    // Nine digits fit an int; a longer number is left to the general route,
+    // which reads it as the text says.
+    while (q < end && static_cast<unsigned char>(*q - '0') <= 9) {
+        if (q - digits < 9) value = value * 10 + (*q - '0');
+        ++q;
+    }
     const std::ptrdiff_t count = q - digits;
     if (count == 0 || count > 9 || (count > 1 && *digits == '0')) return false;
     if (q < end && !isElementDelimiter(*q)) return false;

@@ -149,6 +149,10 @@ TEST_F(FieldText, MultipleValueRows) {
     // A lone number without brackets; a bad token repeats the temporary.
     EXPECT_EQ(read<std::vector<int>>(MFInt32Type, "7 8 9"), (std::vector<int>{7}));
     EXPECT_EQ(read<std::vector<int>>(MFInt32Type, "[1 x 3]"), (std::vector<int>{1, 1, 3}));
+    // Numbers of ten and more digits are narrowed as the general reader
+    // narrows them, not overflowed on the fast route.
+    EXPECT_EQ(read<std::vector<int>>(MFInt32Type, "[ 3000000000, 1234567890123, 7 ]"),
+              (std::vector<int>{static_cast<int>(3000000000u), static_cast<int>(1234567890123ull & 0xffffffffu), 7}));
 
     znNode* a = addNode(1, "d00000+A");
     znNode* b = addNode(2, "d00000+B");
