@@ -48,16 +48,18 @@ bool isReadable(const char* path) {
     return true;
 }
 
-// Copies OPTPATH into `out`. A value too long for the buffer keeps only the
-// elements that fit whole, so that no element is searched under a cut name.
-void readSearchPath(char* out, int size) {
+// Copies OPTPATH into `out`; false when it is unset, which is no search
+// path at all (an empty one would still try "/" and the name). A value too
+// long for the buffer keeps only the elements that fit whole, so that no
+// element is searched under a cut name.
+bool readSearchPath(char* out, int size) {
     const char* value = std::getenv("OPTPATH");
     out[0] = '\0';
-    if (value == nullptr) return;
+    if (value == nullptr) return false;
     size_t len = std::strlen(value);
     if (len < static_cast<size_t>(size)) {
         std::memcpy(out, value, len + 1);
-        return;
+        return true;
     }
     size_t keep = 0;
     for (size_t i = 0; i < static_cast<size_t>(size); ++i)
@@ -67,6 +69,7 @@ void readSearchPath(char* out, int size) {
     char text[160];
     std::snprintf(text, sizeof text, kSearchPathTooLong, size - 1);
     znMessage(text);
+    return true;
 }
 
 }  // namespace
@@ -124,10 +127,10 @@ csNode* wrlLoader::actualLoad(char* filename) {
         FILE* file = std::fopen(pathBuffer, "r");
 
         char searchPath[kSearchPathBufferSize];
-        readSearchPath(searchPath, kSearchPathBufferSize);
+        const bool searching = readSearchPath(searchPath, kSearchPathBufferSize);
 
         if (file == nullptr) {
-            char* found = getFullPath(filename, searchPath);
+            char* found = getFullPath(filename, searching ? searchPath : nullptr);
             if (found == nullptr) return nullptr;
             // getFullPath fills a buffer of the same size, so this fits.
             std::strcpy(pathBuffer, found);
