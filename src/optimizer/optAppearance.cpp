@@ -71,10 +71,14 @@ void optAppearance::buildTexture(SFTime& time, void* state) {
     csTexture* fetched = nullptr;
     if (textureObject)
         fetched = optHandleTable::objectOf<csTexture>(textureObject->action(time, kActionFetch, state));
-    if (fetched) {
-        texture.reset(fetched);
-        appearance->setTexture(fetched);
-        appearance->setTexEnable(1);
+    texture.reset(fetched);
+    appearance->setTexture(fetched);
+    // A texture with no picture (its file could not be read, a movie) stays
+    // in the scene for what it names, but the surface looks as if it had
+    // none: the material as the world wrote it, untextured.
+    const bool shows = fetched && fetched->hasImage();
+    appearance->setTexEnable(shows ? 1 : 0);
+    if (shows) {
         appearance->setTexEnv(csContext::MODULATE_TENV);
         appearance->setTexMode(csContext::NICE_TEX);
         if (fetched->getFormat() == csTexture::RGB && material)

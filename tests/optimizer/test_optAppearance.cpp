@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <iterator>
+#include <string>
 
 #include "csAppearance.h"
+#include "csIndexedFaceSet.h"
 #include "csMaterial.h"
 #include "csTexture.h"
 #include "csTransform.h"
@@ -126,7 +129,39 @@ TEST(optAppearance, TextureFormatsChooseTheCombination) {
     ASSERT_NE(none, nullptr);
     ASSERT_NE(none->getTexture(), nullptr) << "a texture without an image is attached all the same";
     EXPECT_EQ(none->getTexture()->getImage(), nullptr);
-    EXPECT_TRUE(none->getTexEnable());
+    EXPECT_FALSE(none->getTexEnable());
+}
+
+// Whatever the texture node, a texture with no picture leaves the shape as
+// its material says, untextured, and a face set keeps its own colours.
+TEST(optAppearance, TextureWithNothingToShowLeavesTheMaterialAndTheColours) {
+    SceneLoad world;
+    const char* const textures[] = {
+        "ImageTexture { url \"absent.png\" }",
+        "ImageTexture { url \"support.wrl\" }",  // there, but no picture
+        "PixelTexture { }",
+        "PixelTexture { image 1 1 5 7 }",
+        "MovieTexture { url \"clip.mpg\" }",
+    };
+    std::string text;
+    for (const char* texture : textures)
+        text += "Shape { appearance Appearance { material Material { diffuseColor 1 0 0 } texture " +
+                std::string(texture) +
+                " } geometry IndexedFaceSet { coord Coordinate { point [ 0 0 0, 1 0 0, 1 1 0 ] }"
+                " coordIndex [ 0 1 2 ] color Color { color [ 0 0 1, 0 1 0, 0 1 1 ] } } }\n";
+    csEnvironment* scene = world.load(text);
+    for (int i = 0; i < static_cast<int>(std::size(textures)); ++i) {
+        SCOPED_TRACE(textures[i]);
+        csAppearance* look = appearanceOf(scene, i);
+        ASSERT_NE(look, nullptr);
+        EXPECT_NE(look->getTexture(), nullptr);
+        EXPECT_FALSE(look->getTexEnable());
+        expectVec3(look->getMaterial()->getDiffuseColor(), 1, 0, 0);
+        auto* faces = wrltest::geometryAt<csIndexedFaceSet>(scene, i);
+        ASSERT_NE(faces, nullptr);
+        ASSERT_NE(faces->getColorSet(), nullptr);
+        EXPECT_EQ(faces->getColorSet()->getCount(), 3) << "no grey in place of the colours";
+    }
 }
 
 TEST(optTextureTransform, MatrixTranslatesThenTurnsAndScalesAboutTheCentre) {
