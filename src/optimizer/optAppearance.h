@@ -30,9 +30,14 @@ private:
     void buildMaterial(SFTime& time, void* state);
     void buildTexture(SFTime& time, void* state);
     void buildTextureTransform(SFTime& time, void* state);
+    // Gives the appearance the material it shows: the built one, or under
+    // a three-component texture one with a grey diffuse colour.
+    void showMaterial();
 
     // Each member holds one reference of its own.
-    csRefPtr<csMaterial> material;
+    csRefPtr<csMaterial> material;      // the Material node's, or a default one
+    bool materialOfNode = false;        // whether `material` is the Material node's
+    csRefPtr<csMaterial> underTexture;  // the copy shown under an RGB texture
     csRefPtr<csTexture> texture;
     csMatrix4f* texTransform = nullptr;  // borrowed from the TextureTransform node
     csRefPtr<csAppearance> appearance;

@@ -132,6 +132,41 @@ TEST(optAppearance, TextureFormatsChooseTheCombination) {
     EXPECT_FALSE(none->getTexEnable());
 }
 
+// The grey under an RGB texture stays in that appearance: another shape of
+// the same Material shows the Material's own colour, before and after the
+// Material changes.
+TEST(optAppearance, GreyUnderATextureLeavesOtherUsersOfTheMaterialAlone) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "DEF A Shape { appearance Appearance { material DEF M Material { diffuseColor 1 0 0 ambientIntensity 0.5 }\n"
+        "                                      texture TestTexture { components 3 } } }\n"
+        "DEF B Shape { appearance Appearance { material USE M } }\n"
+        "Shape { appearance Appearance { material USE M texture ImageTexture { url \"absent.png\" } } }\n");
+    csAppearance* textured = appearanceOf(scene, 0);
+    csAppearance* plain = appearanceOf(scene, 1);
+    csAppearance* missing = appearanceOf(scene, 2);
+    ASSERT_NE(textured, nullptr);
+    ASSERT_NE(plain, nullptr);
+    ASSERT_NE(missing, nullptr);
+    expectVec3(textured->getMaterial()->getDiffuseColor(), 0.8f, 0.8f, 0.8f);
+    expectVec3(textured->getMaterial()->getAmbientColor(), 0.5f, 0, 0);
+    EXPECT_STREQ(textured->getMaterial()->getName(), "M");
+    expectVec3(plain->getMaterial()->getDiffuseColor(), 1, 0, 0);
+    expectVec3(missing->getMaterial()->getDiffuseColor(), 1, 0, 0);
+
+    auto* node = dynamic_cast<optMaterial*>(world.builtinNamed("M"));
+    ASSERT_NE(node, nullptr);
+    SFColor blue(0, 0, 1), green(0, 1, 0);
+    node->set_diffuseColor(blue, 1.0);
+    node->set_emissiveColor(green, 1.0);
+    SFTime time(1.0);
+    for (const char* shape : {"A", "B"}) world.builtinNamed(shape)->action(time, kActionRefresh, nullptr);
+    expectVec3(plain->getMaterial()->getDiffuseColor(), 0, 0, 1);
+    expectVec3(textured->getMaterial()->getDiffuseColor(), 0.8f, 0.8f, 0.8f);
+    expectVec3(textured->getMaterial()->getEmissiveColor(), 0, 1, 0);
+    expectVec3(textured->getMaterial()->getAmbientColor(), 0, 0, 0.5f);
+}
+
 // Whatever the texture node, a texture with no picture leaves the shape as
 // its material says, untextured, and a face set keeps its own colours.
 TEST(optAppearance, TextureWithNothingToShowLeavesTheMaterialAndTheColours) {
