@@ -44,8 +44,12 @@ int optAppearance::action(SFTime& time, int mode, void* state) {
     if (textureDirty) buildTexture(time, state);
     if (textureTransformDirty) buildTextureTransform(time, state);
     if (mode == kActionRefresh) Appearance::action(time, kActionRefresh, state);
-    // The refresh may have changed the Material node's values.
-    if (rebuilt || mode == kActionRefresh) showMaterial();
+    // The refresh may have brought the texture a picture or taken its
+    // picture away, or changed the Material node's values.
+    if (rebuilt || mode == kActionRefresh) {
+        showTexture();
+        showMaterial();
+    }
     return optHandleTable::handleOf(appearance.get());
 }
 
@@ -76,17 +80,18 @@ void optAppearance::buildTexture(SFTime& time, void* state) {
         fetched = optHandleTable::objectOf<csTexture>(textureObject->action(time, kActionFetch, state));
     texture.reset(fetched);
     appearance->setTexture(fetched);
-    // A texture with no picture (its file could not be read, a movie) stays
-    // in the scene for what it names, but the surface looks as if it had
-    // none: the material as the world wrote it, untextured.
-    const bool shows = fetched && fetched->hasImage();
-    appearance->setTexEnable(shows ? 1 : 0);
-    if (shows) {
-        appearance->setTexEnv(csContext::MODULATE_TENV);
-        appearance->setTexMode(csContext::NICE_TEX);
-        if (fetched->getFormat() == csTexture::RGBA) appearance->setTexEnv(csContext::DECAL_TENV);
-    }
     textureDirty = 0;
+}
+
+// A texture with no picture (its file could not be read, a movie) stays in
+// the scene for what it names, but the surface looks as if it had none:
+// the material as the world wrote it, untextured.
+void optAppearance::showTexture() {
+    const bool shows = texture && texture->hasImage();
+    appearance->setTexEnable(shows ? 1 : 0);
+    if (!shows) return;
+    appearance->setTexEnv(texture->getFormat() == csTexture::RGBA ? csContext::DECAL_TENV : csContext::MODULATE_TENV);
+    appearance->setTexMode(csContext::NICE_TEX);
 }
 
 // A three-component texture that shows puts a light grey in place of the
