@@ -59,6 +59,7 @@ void optAppearance::buildMaterial(SFTime& time, void* state) {
     if (materialObject)
         fetched = optHandleTable::objectOf<csMaterial>(materialObject->action(time, kActionFetch, state));
     materialOfNode = fetched != nullptr;
+    underTexture.reset(nullptr);
     if (!fetched) {
         // Without a Material the shape glows white, as VRML asks.
         fetched = new csMaterial();
@@ -107,8 +108,10 @@ void optAppearance::showMaterial() {
         appearance->setMaterial(material.get());
         return;
     }
-    if (!underTexture) underTexture.reset(new csMaterial());
-    underTexture->setName(material->getName());
+    if (!underTexture) {
+        underTexture.reset(new csMaterial());
+        underTexture->setName(material->getName());
+    }
     const csVec3f& ambient = material->getAmbientColor();
     const csVec3f& specular = material->getSpecularColor();
     const csVec3f& emissive = material->getEmissiveColor();
