@@ -1,8 +1,10 @@
 // An image applied to surfaces. setFileName reads a PNG, JPEG or GIF file
-// into the image list (field 1, element 0).
+// into the image list (field 1, element 0). Which way up the image runs
+// against texture coordinates: see csImage.h.
 #ifndef CS_TEXTURE_H
 #define CS_TEXTURE_H
 
+#include <cstdint>
 #include <string>
 
 #include "csContainer.h"
@@ -32,6 +34,15 @@ class csTexture : public csContainer {
     // Element 0 of the image list, or null.
     csImage* getImage() const;
     void setImage(csImage* image);
+    // Whether there is a picture to show: an image with all its pixels. A
+    // texture without one (a file that could not be read, a movie, which
+    // the toolkit does not decode) shows nothing; the format says nothing
+    // then.
+    bool hasImage() const;
+    // The first byte of the pixel that texture coordinate (s, t) shows,
+    // nearest pixel: a repeating direction takes the coordinate less its
+    // whole part, a clamped one holds it to [0, 1]. Null without an image.
+    const std::uint8_t* texel(float s, float t) const;
 
     void setRepeatS(RepeatEnum repeat) { _repeatS = repeat; }
     RepeatEnum getRepeatS() const { return _repeatS; }

@@ -21,6 +21,14 @@ class opCone : public opRep {
 
 protected:
     ~opCone() override = default;
+    opRep* copyParameters() const override {
+        auto* copy = new opCone();
+        copy->setBottomRadius(_bottomRadius);
+        copy->setHeight(_height);
+        copy->setSide(_side);
+        copy->setBottom(_bottom);
+        return copy;
+    }
 
 private:
     template <class T>

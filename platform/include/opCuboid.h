@@ -18,6 +18,11 @@ class opCuboid : public opRep {
 
 protected:
     ~opCuboid() override = default;
+    opRep* copyParameters() const override {
+        auto* copy = new opCuboid();
+        copy->setSize(_size[0], _size[1], _size[2]);
+        return copy;
+    }
 
 private:
     csVec3f _size{2.0f, 2.0f, 2.0f};

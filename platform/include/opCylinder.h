@@ -23,6 +23,15 @@ class opCylinder : public opRep {
 
 protected:
     ~opCylinder() override = default;
+    opRep* copyParameters() const override {
+        auto* copy = new opCylinder();
+        copy->setRadius(_radius);
+        copy->setHeight(_height);
+        copy->setSide(_side);
+        copy->setTop(_top);
+        copy->setBottom(_bottom);
+        return copy;
+    }
 
 private:
     template <class T>

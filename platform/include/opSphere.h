@@ -18,6 +18,11 @@ class opSphere : public opRep {
 
 protected:
     ~opSphere() override = default;
+    opRep* copyParameters() const override {
+        auto* copy = new opSphere();
+        copy->setRadius(_radius);
+        return copy;
+    }
 
 private:
     float _radius = 1.0f;

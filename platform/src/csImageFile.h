@@ -14,7 +14,7 @@ struct csImageData {
     int width = 0;
     int height = 0;
     int components = 0;                // 1 grey, 2 grey+alpha, 3 RGB, 4 RGBA
-    std::vector<std::uint8_t> pixels;  // rows from the top down
+    std::vector<std::uint8_t> pixels;  // top row first, as csImage keeps them
 };
 
 // Reads a PNG, JPEG or GIF file, chosen by its first bytes. Null on success,

@@ -1,5 +1,6 @@
 #include "csTexture.h"
 
+#include <cmath>
 #include <cstdio>
 
 #include "csImage.h"
@@ -34,6 +35,22 @@ bool csTexture::setFileName(const char* name) {
 csImage* csTexture::getImage() const { return static_cast<csImage*>(_images.get(0)); }
 
 void csTexture::setImage(csImage* image) { _images.set(0, image); }
+
+bool csTexture::hasImage() const {
+    const csImage* image = getImage();
+    return image != nullptr && image->isComplete();
+}
+
+namespace {
+float wrapped(float f, csTexture::RepeatEnum repeat) {
+    return repeat == csTexture::REPEAT && std::isfinite(f) ? f - std::floor(f) : f;
+}
+}  // namespace
+
+const std::uint8_t* csTexture::texel(float s, float t) const {
+    const csImage* image = getImage();
+    return image ? image->texel(wrapped(s, _repeatS), wrapped(t, _repeatT)) : nullptr;
+}
 
 csField* csTexture::getField(short number) {
     if (number == IMAGE) return &_images;

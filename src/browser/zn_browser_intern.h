@@ -144,6 +144,8 @@ public:
 
 private:
     void clearNodeTables();
+    // An ID for a type made at run time that no type has or will be given.
+    int freshTypeID();
 
     char* worldURL;      // owning, strdup
     char* description;   // owning, strdup

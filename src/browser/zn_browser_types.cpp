@@ -58,9 +58,22 @@ int znBrowserIntern::addType(_zndbProto* proto, _zndbData* fields) {
 }
 
 int znBrowserIntern::newType(const char* name, std::vector<const char*>& urls, int sensor) {
-    const int id = static_cast<int>(types.size());
+    const int id = freshTypeID();
     enterType(new znNodeType(id, name, urls, this, sensor, 0, nullptr));
     return id;
+}
+
+// The database's count of type IDs runs on past every type it has handed
+// over, so its next number is free of them and of the types of worlds yet
+// to be read; a type that came in some other way may still hold it, which
+// the loop passes by. Of more tries than there are types, one must find a
+// free number, unless the database answers the same ones again.
+int znBrowserIntern::freshTypeID() {
+    for (size_t tries = 0; tries <= types.size(); ++tries) {
+        const int id = database->nextTypeID();
+        if (id > 0 && types.find(id) == types.end()) return id;
+    }
+    return types.empty() ? 1 : types.rbegin()->first + 1;
 }
 
 int znBrowserIntern::newType(const char* name, const char* url, int sensor) {

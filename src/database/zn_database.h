@@ -64,6 +64,10 @@ public:
     virtual void setRouteHead(_zndbRoute* head) = 0;
     // Adds 1 to the route counter and answers the new value.
     virtual int nextRouteID() = 0;
+    // Answers a type ID never handed out before. The parser's types and
+    // the types a host makes at run time draw on this one count, so that
+    // neither takes the other's ID.
+    virtual int nextTypeID() = 0;
 };
 
 // Holds nothing and reads nothing: for a browser that must run without
@@ -88,9 +92,11 @@ public:
     _zndbRoute* getRouteHead() override { return nullptr; }
     void setRouteHead(_zndbRoute*) override {}
     int nextRouteID() override { return ++routeCounter; }
+    int nextTypeID() override { return ++typeCounter; }
 
 private:
     int routeCounter = 0;
+    int typeCounter = 0;
 };
 
 #endif

@@ -61,9 +61,8 @@ int znDatabaseIntern::CreatePrototype(char* name, char** parents, char* url, int
     proto.text = text != nullptr ? text : "";
     if (hasParents(parents) && !bodyProtos.contains(typeName) && !nestedProtos.contains(typeName))
         nestedProtos.insert(typeName, 0);
-    // The two counters go in step, so the number kept by name is the ID.
     ++protoCounter;
-    proto.id = ++protoIdCounter;
+    proto.id = nextTypeID();
     protoIds[typeName] = proto.id;
     std::free(proto.url);
     proto.url = copyOrEmpty(url);

@@ -111,6 +111,7 @@ public:
     _zndbRoute* getRouteHead() override { return routeHead; }
     void setRouteHead(_zndbRoute* head) override;
     int nextRouteID() override { return ++routeCounter; }
+    int nextTypeID() override { return ++protoIdCounter; }
 
     // The type name of a node name, or null.
     const char* getProto(const char* instName);

@@ -63,16 +63,18 @@ bool isDirectory(const char* path) {
     return stat(path, &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-// Copies OPTPATH into `out`. A value too long for the buffer keeps only the
-// elements that fit whole, so that no element is searched under a cut name.
-void readSearchPath(char* out, int size) {
+// Copies OPTPATH into `out`; false when it is unset, which is no search
+// path at all (an empty one would still try "/" and the name). A value too
+// long for the buffer keeps only the elements that fit whole, so that no
+// element is searched under a cut name.
+bool readSearchPath(char* out, int size) {
     const char* value = std::getenv("OPTPATH");
     out[0] = '\0';
-    if (value == nullptr) return;
+    if (value == nullptr) return false;
     size_t len = std::strlen(value);
     if (len < static_cast<size_t>(size)) {
         std::memcpy(out, value, len + 1);
-        return;
+        return true;
     }
     size_t keep = 0;
     for (size_t i = 0; i < static_cast<size_t>(size); ++i)
@@ -82,6 +84,7 @@ void readSearchPath(char* out, int size) {
     char text[160];
     std::snprintf(text, sizeof text, kSearchPathTooLong, size - 1);
     znMessage(text);
+    return true;
 }
 
 // Loads run one at a time: the browser core keeps process-wide cells. The
@@ -230,11 +233,10 @@ csNode* wrlLoader::actualLoad(const char* filename, Outcome& outcome) {
         FILE* file = isDirectory(pathBuffer) ? nullptr : std::fopen(pathBuffer, "r");
 
         char searchPath[kSearchPathBufferSize];
-        readSearchPath(searchPath, kSearchPathBufferSize);
+        const bool searching = readSearchPath(searchPath, kSearchPathBufferSize);
 
         if (file == nullptr) {
-            // Without OPTPATH there is no path to search.
-            char* found = std::getenv("OPTPATH") != nullptr ? getFullPath(pathBuffer, searchPath) : nullptr;
+            char* found = getFullPath(pathBuffer, searching ? searchPath : nullptr);
             if (found == nullptr) {
                 outcome.status = WRL_NOT_FOUND;
                 outcome.reason = isDirectory(filename) ? kReasonDirectory : kReasonNotFound;

@@ -93,6 +93,9 @@ public:
     znNode* getFirstNode() { return firstNode; }
     void setFirstNodeID(int nodeID) { firstNodeID = nodeID; }
     int getFirstNodeID() { return firstNodeID; }
+    // Whether the node's script language was enabled when the node was
+    // made: a node keeps that answer for its life.
+    int isScriptEnabled() const { return scriptEnabled; }
     void reset() { restore(0); }
 
     int initialize();

@@ -39,10 +39,17 @@ csContext::TranspModeEnum optAppearance::transpModeFor(const char* setting) {
 int optAppearance::action(SFTime& time, int mode, void* state) {
     optActionGuard guard(this);
     if (!guard.entered()) return 0;
+    const bool rebuilt = materialDirty || textureDirty;
     if (materialDirty) buildMaterial(time, state);
     if (textureDirty) buildTexture(time, state);
     if (textureTransformDirty) buildTextureTransform(time, state);
     if (mode == kActionRefresh) Appearance::action(time, kActionRefresh, state);
+    // The refresh may have brought the texture a picture or taken its
+    // picture away, or changed the Material node's values.
+    if (rebuilt || mode == kActionRefresh) {
+        showTexture();
+        showMaterial();
+    }
     return optHandleTable::handleOf(appearance.get());
 }
 
@@ -51,6 +58,8 @@ void optAppearance::buildMaterial(SFTime& time, void* state) {
     csMaterial* fetched = nullptr;
     if (materialObject)
         fetched = optHandleTable::objectOf<csMaterial>(materialObject->action(time, kActionFetch, state));
+    materialOfNode = fetched != nullptr;
+    underTexture.reset(nullptr);
     if (!fetched) {
         // Without a Material the shape glows white, as VRML asks.
         fetched = new csMaterial();
@@ -62,7 +71,6 @@ void optAppearance::buildMaterial(SFTime& time, void* state) {
     }
     appearance->setLightEnable(1);
     material.reset(fetched);
-    appearance->setMaterial(fetched);
     materialDirty = 0;
 }
 
@@ -71,17 +79,49 @@ void optAppearance::buildTexture(SFTime& time, void* state) {
     csTexture* fetched = nullptr;
     if (textureObject)
         fetched = optHandleTable::objectOf<csTexture>(textureObject->action(time, kActionFetch, state));
-    if (fetched) {
-        texture.reset(fetched);
-        appearance->setTexture(fetched);
-        appearance->setTexEnable(1);
-        appearance->setTexEnv(csContext::MODULATE_TENV);
-        appearance->setTexMode(csContext::NICE_TEX);
-        if (fetched->getFormat() == csTexture::RGB && material)
-            material->setDiffuseColor(kUnderTextureGrey, kUnderTextureGrey, kUnderTextureGrey);
-        if (fetched->getFormat() == csTexture::RGBA) appearance->setTexEnv(csContext::DECAL_TENV);
-    }
+    texture.reset(fetched);
+    appearance->setTexture(fetched);
     textureDirty = 0;
+}
+
+// A texture with no picture (its file could not be read, a movie) stays in
+// the scene for what it names, but the surface looks as if it had none:
+// the material as the world wrote it, untextured.
+void optAppearance::showTexture() {
+    const bool shows = texture && texture->hasImage();
+    appearance->setTexEnable(shows ? 1 : 0);
+    if (!shows) return;
+    appearance->setTexEnv(texture->getFormat() == csTexture::RGBA ? csContext::DECAL_TENV : csContext::MODULATE_TENV);
+    appearance->setTexMode(csContext::NICE_TEX);
+}
+
+// A three-component texture that shows puts a light grey in place of the
+// diffuse colour. The csMaterial of a Material node is shared by every
+// appearance that uses the node, textured or not, so the grey goes on a
+// copy of it, renewed at each pass; a default material is this
+// appearance's own and takes the grey itself.
+void optAppearance::showMaterial() {
+    const bool underRGB = material && texture && appearance->getTexEnable() && texture->getFormat() == csTexture::RGB;
+    if (!underRGB || !materialOfNode) {
+        if (underRGB) material->setDiffuseColor(kUnderTextureGrey, kUnderTextureGrey, kUnderTextureGrey);
+        underTexture.reset(nullptr);
+        appearance->setMaterial(material.get());
+        return;
+    }
+    if (!underTexture) {
+        underTexture.reset(new csMaterial());
+        underTexture->setName(material->getName());
+    }
+    const csVec3f& ambient = material->getAmbientColor();
+    const csVec3f& specular = material->getSpecularColor();
+    const csVec3f& emissive = material->getEmissiveColor();
+    underTexture->setAmbientColor(ambient[0], ambient[1], ambient[2]);
+    underTexture->setDiffuseColor(kUnderTextureGrey, kUnderTextureGrey, kUnderTextureGrey);
+    underTexture->setSpecularColor(specular[0], specular[1], specular[2]);
+    underTexture->setEmissiveColor(emissive[0], emissive[1], emissive[2]);
+    underTexture->setShininess(material->getShininess());
+    underTexture->setTransparency(material->getTransparency());
+    appearance->setMaterial(underTexture.get());
 }
 
 void optAppearance::buildTextureTransform(SFTime& time, void* state) {

@@ -16,7 +16,9 @@ class optAppearance : public Appearance {
 public:
     explicit optAppearance(znInternal* pair);
     ~optAppearance() override;
-    // Rebuilds the parts whose nodes changed; answers the csAppearance.
+    // Rebuilds the parts whose nodes changed; a refresh (mode 1) also
+    // follows what the texture and the Material node now hold. Answers the
+    // csAppearance.
     int action(SFTime& time, int mode, void* state) override;
 
     csAppearance* getAppearance() const { return appearance.get(); }
@@ -30,9 +32,17 @@ private:
     void buildMaterial(SFTime& time, void* state);
     void buildTexture(SFTime& time, void* state);
     void buildTextureTransform(SFTime& time, void* state);
+    // Enables the texture when it has a picture, with the combination that
+    // its format asks for.
+    void showTexture();
+    // Gives the appearance the material it shows: the built one, or under
+    // a three-component texture one with a grey diffuse colour.
+    void showMaterial();
 
     // Each member holds one reference of its own.
-    csRefPtr<csMaterial> material;
+    csRefPtr<csMaterial> material;      // the Material node's, or a default one
+    bool materialOfNode = false;        // whether `material` is the Material node's
+    csRefPtr<csMaterial> underTexture;  // the copy shown under an RGB texture
     csRefPtr<csTexture> texture;
     csMatrix4f* texTransform = nullptr;  // borrowed from the TextureTransform node
     csRefPtr<csAppearance> appearance;

@@ -117,6 +117,8 @@ bool optImageTexture::useCachedImage(const znImage& record) {
 }
 
 void optImageTexture::cleanupImage() {
+    // A new url that gives no picture must not leave the old one showing.
+    texture->setImage(nullptr);
     image.reset(nullptr);
     fileName.clear();
 }

@@ -30,8 +30,8 @@ int optPixelTexture::action(SFTime&, int, void*) {
 }
 
 // A pixel is one number whose lowest byte is its last component. The
-// world gives the rows from the bottom of the picture up; the image keeps
-// them from the top down.
+// world gives the rows from the bottom of the picture up; an image keeps
+// them top row first (csImage.h), so they are turned over.
 void optPixelTexture::makeImage() {
     texture->setImage(nullptr);
     if (!image) return;

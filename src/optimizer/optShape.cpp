@@ -82,7 +82,7 @@ int optShape::action(SFTime& time, int mode, void* incoming) {
         if (geometryDirty) buildGeometry(time);
         if (shape) {
             shape->setAppearance(appearance.get());
-            tessellate();
+            tessellate(shape.get());
             lightColouredFaces();
         }
     }
@@ -145,17 +145,22 @@ void optShape::buildGeometry(SFTime& time) {
         shape->setName(sceneName(kUnnamedShape));
         if (fetched) shape->addGeometry(static_cast<csGeometry*>(fetched));
     } else if (isA<opRep>(fetched)) {
-        shape.reset(static_cast<opRep*>(fetched));
+        // A primitive may stand in several shapes (DEF and USE), each with
+        // an appearance of its own: each shape draws an instance of it that
+        // shares its one tessellation.
+        auto* primitive = static_cast<opRep*>(fetched);
+        tessellate(primitive);
+        shape.reset(primitive->makeInstance());
     }
     geometryDirty = 0;
 }
 
-void optShape::tessellate() {
-    shape->validateField(csShape::GEOMETRY);
-    if (shape->getGeometryCount() > 0) return;
+void optShape::tessellate(csShape* target) {
+    target->validateField(csShape::GEOMETRY);
+    if (target->getGeometryCount() > 0) return;
     surfaceTessellator->setSampling(samplingFor(std::getenv(kQualityVariable)));
-    surfaceTessellator->apply(shape.get());
-    cuboidTessellator->apply(shape.get());
+    surfaceTessellator->apply(target);
+    cuboidTessellator->apply(target);
 }
 
 // Per-vertex colours of a face set show through the material mode; without

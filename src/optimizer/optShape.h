@@ -37,14 +37,18 @@ public:
 private:
     void buildAppearance(SFTime& time);
     void buildGeometry(SFTime& time);
-    void tessellate();
+    // Tessellates a parametric shape that holds no geometry yet.
+    void tessellate(csShape* target);
     void lightColouredFaces();
     bool appearanceHasMaterial() const;
     void setUpAxisConversion();
     void followTerrain();
 
     // Each member holds one reference of its own.
-    csRefPtr<csShape> shape;           // an opRep in practice; null when the geometry was of no use
+    // An opRep in practice: of the shape's own, or an instance of the
+    // primitive that the geometry node answered. Null when the geometry was
+    // of no use.
+    csRefPtr<csShape> shape;
     csRefPtr<csAppearance> appearance;
     csRefPtr<csMaterial> material;     // the default material, when one was made
     csRefPtr<csObject> geometry;       // a csGeometry or an opRep from the geometry node

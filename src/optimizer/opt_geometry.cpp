@@ -73,7 +73,9 @@ bool optTooFewColours(MFColor* values, Coordinate* coordinate, bool perVertex, i
 
 bool optHasRGBTexture(int appearanceHandle) {
     csAppearance* appearance = csObject::fromHandleAs<csAppearance>(appearanceHandle);
-    csTexture* texture = appearance ? appearance->getTexture() : nullptr;
+    // The appearance has settled whether its texture shows.
+    if (!appearance || !appearance->getTexEnable()) return false;
+    csTexture* texture = appearance->getTexture();
     return texture && texture->getFormat() == csTexture::RGB;
 }
 

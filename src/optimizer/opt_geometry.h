@@ -103,8 +103,8 @@ bool optTooFewColours(MFColor* values, Coordinate* coordinate, bool perVertex, i
 // is never cut when the node's field shrinks.
 int optPointCount(const csCoordSet3f* set, Coordinate* node);
 
-// Whether the appearance behind `appearanceHandle` (0: none) has a texture
-// of three components. Such a texture takes over from a geometry's own
+// Whether the appearance behind `appearanceHandle` (0: none) shows a
+// texture of three components. Such a texture takes over from a geometry's own
 // colours, which give way to one grey for the whole geometry.
 bool optHasRGBTexture(int appearanceHandle);
 // A new colour set of that one grey.

@@ -144,7 +144,11 @@ znCPP_SI::znCPP_SI(const char* fileName, znNodeType& type, znNodeConstFn lookup)
     scriptFn = reinterpret_cast<znScriptConstructor>(found);
 }
 
-bool znCPP_SI::enabled() { return !scriptInterfaces || scriptInterfaces->isEnabled(scriptID) != 0; }
+// Both must allow it: the node's own answer from when it was made, and the
+// table's now.
+bool znCPP_SI::enabled(znNode& node) {
+    return node.isScriptEnabled() != 0 && (!scriptInterfaces || scriptInterfaces->isEnabled(scriptID) != 0);
+}
 
 Script* znCPP_SI::findOrReport(znNode& node, const char* missing) {
     auto found = scripts.find(node.getID());
@@ -154,7 +158,7 @@ Script* znCPP_SI::findOrReport(znNode& node, const char* missing) {
 }
 
 int znCPP_SI::initialize(znNode& node) {
-    if (!enabled() || !scriptFn) return 0;
+    if (!enabled(node) || !scriptFn) return 0;
     // The script takes the pair it is made with; a script that throws or
     // answers nothing has not taken it.
     auto pair = std::make_unique<znInternal>(node.getBrowser(), &node);
@@ -172,7 +176,7 @@ int znCPP_SI::initialize(znNode& node) {
 }
 
 void znCPP_SI::shutdown(znNode& node) {
-    if (!enabled()) return;
+    if (!enabled(node)) return;
     // A built-in ends itself in its shutdown: the entry must not outlive it.
     if (Script* script = findOrReport(node, kShutdownNoScript)) {
         scripts.erase(node.getID());
@@ -181,17 +185,18 @@ void znCPP_SI::shutdown(znNode& node) {
 }
 
 void znCPP_SI::eventsProcessed(znNode& node) {
-    if (!enabled()) return;
+    if (!enabled(node)) return;
     if (Script* script = findOrReport(node, kEventsProcessedNoScript)) script->eventsProcessed();
 }
 
 void znCPP_SI::restore(znNode& node, int n) {
-    if (!enabled()) return;
+    if (!enabled(node)) return;
     if (auto* script = dynamic_cast<zn*>(findOrReport(node, kRestoreNoScript))) script->restore(n);
 }
 
 int znCPP_SI::action(znNode& node, SFTime& time, int mode, void* data) {
     ZN* system = browser ? browser->getZN() : nullptr;
+    if (!node.isScriptEnabled()) return 0;
     if (system && system->scriptInterfaces && !system->scriptInterfaces->isEnabled(scriptID)) return 0;
     auto found = scripts.find(node.getID());
     if (found == scripts.end()) return 0;
@@ -200,7 +205,7 @@ int znCPP_SI::action(znNode& node, SFTime& time, int mode, void* data) {
 }
 
 Builtin* znCPP_SI::getCPPScript(znNode& node) {
-    if (!enabled()) return nullptr;
+    if (!enabled(node)) return nullptr;
     auto found = scripts.find(node.getID());
     return found != scripts.end() ? dynamic_cast<Builtin*>(found->second) : nullptr;
 }

@@ -38,7 +38,7 @@ public:
     const std::string& getFunctionName() const { return functionName; }
 
 private:
-    bool enabled();
+    bool enabled(znNode& node);
     // The node's script, or null after reporting `missing` with its name.
     Script* findOrReport(znNode& node, const char* missing);
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 struct znImage {
-    std::vector<std::uint8_t> bytes;  // height x width x components, rows from the top
+    std::vector<std::uint8_t> bytes;  // height x width x components, top row first as in csImage
     int height = 0;
     int width = 0;
     int components = 0;  // 1 grey, 2 grey and alpha, 3 RGB, 4 RGBA

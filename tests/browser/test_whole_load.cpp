@@ -6,9 +6,11 @@
 #include <string>
 
 #include "browser/zn_browser_intern.h"
+#include "database/zn_database_intern.h"
 #include "loader/wrl_loader.h"
 #include "loader/zn.h"
 #include "nodes/zn_node.h"
+#include "nodes/zn_nodetype.h"
 #include "nodes/zn_vrml.h"
 #include "csGroup.h"
 #include "test_support.h"
@@ -75,4 +77,30 @@ TEST_F(StringWorld, AddsItsNodesAndLeavesNoFile) {
     EXPECT_EQ(browser->getTopLevel(), before);
     EXPECT_NE(browser->getNode("Added"), nullptr);
     EXPECT_TRUE(std::filesystem::is_empty(dir.path()));
+}
+
+TEST_F(StringWorld, TypesMadeAtRunTimeTakeIDsThatNoOtherTypeHasOrWillHave) {
+    auto* database = dynamic_cast<znDatabaseIntern*>(browser->getDatabase());
+    ASSERT_NE(database, nullptr);
+    const int lastBuiltin = database->getSystemTypeCount();
+    std::vector<std::string> builtins;
+    for (int id = 1; id <= lastBuiltin; ++id) builtins.push_back(browser->getType(id)->getType());
+    ASSERT_EQ(builtins.back(), "WorldInfo");
+
+    const int gadget = browser->newType("Gadget", "gadget.so", 0);
+    const int widget = browser->newType("Widget", "widget.so", 0);
+    EXPECT_GT(gadget, lastBuiltin);
+    EXPECT_NE(widget, gadget);
+    for (int id = 1; id <= lastBuiltin; ++id) EXPECT_EQ(browser->getType(id)->getType(), builtins[id - 1]) << id;
+    EXPECT_STREQ(browser->getType(gadget)->getType(), "Gadget");
+    EXPECT_EQ(browser->getTypeID("Widget"), widget);
+
+    // A PROTO read later is numbered past them and enters the table.
+    std::vector<BaseNode> nodes = make("PROTO Later [ ] { Group { } } Later { }");
+    ASSERT_EQ(nodes.size(), 1u);
+    znNodeType* later = nodes.front().handleNode()->getNodeType();
+    EXPECT_STREQ(later->getType(), "Later");
+    EXPECT_NE(later->getID(), gadget);
+    EXPECT_NE(later->getID(), widget);
+    EXPECT_STREQ(browser->getType(widget)->getType(), "Widget");
 }

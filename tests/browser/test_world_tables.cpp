@@ -81,6 +81,14 @@ TEST_F(WorldTables, AbsentNodeIDThrows) {
               "\nThrowing Exception: Invalid Node ID:  ID=9\n");
 }
 
+TEST_F(WorldTables, RunTimeTypePassesByAnIDThatATypeEnteredOtherwiseHolds) {
+    // "Thing" came in with ID 1 without the database's count knowing.
+    const int id = browser.newType("Gadget", "gadget.so", 0);
+    EXPECT_GT(id, 1);
+    EXPECT_EQ(browser.getType(1), type);
+    EXPECT_STREQ(browser.getType(id)->getType(), "Gadget");
+}
+
 TEST_F(WorldTables, ClearAllKeepsNodeSupportTypes) {
     std::vector<const char*> urls;
     auto* builtin = new znNodeType(2, "Group", urls, &browser, 0, 1, nullptr);

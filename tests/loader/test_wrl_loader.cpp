@@ -49,6 +49,23 @@ TEST(WrlLoad, MissingFileGivesNullAndNoMessage) {
     EXPECT_EQ(r.err, "");
 }
 
+TEST(WrlLoad, WithoutOptpathANameIsNotLookedForFromTheRoot) {
+    wrltest::TempDir elsewhere, models;
+    // The name without its leading "/" is no file from here, but "/" and
+    // the name is.
+    const std::string fromRoot = models.write("scene.wrl", kVrml97).substr(1);
+    wrltest::ScopedDirectory cwd(elsewhere.path());
+    {
+        wrltest::ScopedEnv noPath("OPTPATH", nullptr);
+        LoadResult r = load(fromRoot);
+        EXPECT_EQ(r.scene, nullptr);
+        EXPECT_EQ(r.err, "");
+    }
+    // An empty OPTPATH is a search path of one empty element.
+    wrltest::ScopedEnv emptyPath("OPTPATH", "");
+    EXPECT_NE(load(fromRoot).scene, nullptr);
+}
+
 TEST(WrlLoad, FileFoundOnlyThroughOptpathPassesTheHeaderTest) {
     wrltest::TempDir elsewhere, models;
     std::string found = models.write("old.wrl", kVrml10);

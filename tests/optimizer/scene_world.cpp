@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "csImage.h"
 #include "csIndexedFaceSet.h"
 #include "csIndexedLineSet.h"
 #include "csMaterial.h"
@@ -87,6 +88,13 @@ public:
         texture.reset(new csTexture());
         int n = components ? components->getValue() : 3;
         texture->setFormat(static_cast<csTexture::FormatEnum>(n - 1));
+        // One pixel, so that there is a picture to show.
+        auto* image = new csImage();
+        image->setWidth(1);
+        image->setHeight(1);
+        image->setMemoryFormat(static_cast<csImage::MemoryFormatEnum>(n - 1));
+        image->pixels().setCount(n);
+        texture->setImage(image);
     }
     int action(SFTime&, int, void*) override { return optHandleTable::handleOf(texture.get()); }
 

@@ -5,7 +5,8 @@
 //   TestGeometry      field `kind` picks what it answers (see GeometryKind);
 //                     face and line sets span x and z over [-5, 5] and y
 //                     over [bottom, top].
-//   TestTexture       answers a csTexture of `components` components.
+//   TestTexture       answers a csTexture with an image of one pixel of
+//                     `components` components.
 #ifndef WRL_SCENE_WORLD_H
 #define WRL_SCENE_WORLD_H
 

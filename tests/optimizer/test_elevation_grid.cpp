@@ -137,6 +137,8 @@ TEST(optElevationGrid, ThreeComponentTextureTurnsColoursGrey) {
     auto* texture = new csTexture();
     texture->setFormat(csTexture::RGB);
     look->setTexture(texture);
+    // Whether the texture shows is the appearance's to say.
+    look->setTexEnable(1);
     csIndexedFaceSet* faces = world.faces("F", look);
     EXPECT_EQ(faces->getColorBind(), csGeoSet::OVERALL);
     ASSERT_EQ(faces->getColorSet()->getCount(), 1);

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <iterator>
+#include <string>
 
 #include "csAppearance.h"
+#include "csIndexedFaceSet.h"
 #include "csMaterial.h"
 #include "csTexture.h"
 #include "csTransform.h"
@@ -126,7 +129,74 @@ TEST(optAppearance, TextureFormatsChooseTheCombination) {
     ASSERT_NE(none, nullptr);
     ASSERT_NE(none->getTexture(), nullptr) << "a texture without an image is attached all the same";
     EXPECT_EQ(none->getTexture()->getImage(), nullptr);
-    EXPECT_TRUE(none->getTexEnable());
+    EXPECT_FALSE(none->getTexEnable());
+}
+
+// The grey under an RGB texture stays in that appearance: another shape of
+// the same Material shows the Material's own colour, before and after the
+// Material changes.
+TEST(optAppearance, GreyUnderATextureLeavesOtherUsersOfTheMaterialAlone) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "DEF A Shape { appearance Appearance { material DEF M Material { diffuseColor 1 0 0 ambientIntensity 0.5 }\n"
+        "                                      texture TestTexture { components 3 } } }\n"
+        "DEF B Shape { appearance Appearance { material USE M } }\n"
+        "Shape { appearance Appearance { material USE M texture ImageTexture { url \"absent.png\" } } }\n");
+    csAppearance* textured = appearanceOf(scene, 0);
+    csAppearance* plain = appearanceOf(scene, 1);
+    csAppearance* missing = appearanceOf(scene, 2);
+    ASSERT_NE(textured, nullptr);
+    ASSERT_NE(plain, nullptr);
+    ASSERT_NE(missing, nullptr);
+    expectVec3(textured->getMaterial()->getDiffuseColor(), 0.8f, 0.8f, 0.8f);
+    expectVec3(textured->getMaterial()->getAmbientColor(), 0.5f, 0, 0);
+    EXPECT_STREQ(textured->getMaterial()->getName(), "M");
+    expectVec3(plain->getMaterial()->getDiffuseColor(), 1, 0, 0);
+    expectVec3(missing->getMaterial()->getDiffuseColor(), 1, 0, 0);
+
+    auto* node = dynamic_cast<optMaterial*>(world.builtinNamed("M"));
+    ASSERT_NE(node, nullptr);
+    SFColor blue(0, 0, 1), green(0, 1, 0);
+    node->set_diffuseColor(blue, 1.0);
+    node->set_emissiveColor(green, 1.0);
+    SFTime time(1.0);
+    for (const char* shape : {"A", "B"}) world.builtinNamed(shape)->action(time, kActionRefresh, nullptr);
+    expectVec3(plain->getMaterial()->getDiffuseColor(), 0, 0, 1);
+    expectVec3(textured->getMaterial()->getDiffuseColor(), 0.8f, 0.8f, 0.8f);
+    expectVec3(textured->getMaterial()->getEmissiveColor(), 0, 1, 0);
+    expectVec3(textured->getMaterial()->getAmbientColor(), 0, 0, 0.5f);
+}
+
+// Whatever the texture node, a texture with no picture leaves the shape as
+// its material says, untextured, and a face set keeps its own colours.
+TEST(optAppearance, TextureWithNothingToShowLeavesTheMaterialAndTheColours) {
+    SceneLoad world;
+    const char* const textures[] = {
+        "ImageTexture { url \"absent.png\" }",
+        "ImageTexture { url \"support.wrl\" }",  // there, but no picture
+        "PixelTexture { }",
+        "PixelTexture { image 1 1 5 7 }",
+        "MovieTexture { url \"clip.mpg\" }",
+    };
+    std::string text;
+    for (const char* texture : textures)
+        text += "Shape { appearance Appearance { material Material { diffuseColor 1 0 0 } texture " +
+                std::string(texture) +
+                " } geometry IndexedFaceSet { coord Coordinate { point [ 0 0 0, 1 0 0, 1 1 0 ] }"
+                " coordIndex [ 0 1 2 ] color Color { color [ 0 0 1, 0 1 0, 0 1 1 ] } } }\n";
+    csEnvironment* scene = world.load(text);
+    for (int i = 0; i < static_cast<int>(std::size(textures)); ++i) {
+        SCOPED_TRACE(textures[i]);
+        csAppearance* look = appearanceOf(scene, i);
+        ASSERT_NE(look, nullptr);
+        EXPECT_NE(look->getTexture(), nullptr);
+        EXPECT_FALSE(look->getTexEnable());
+        expectVec3(look->getMaterial()->getDiffuseColor(), 1, 0, 0);
+        auto* faces = wrltest::geometryAt<csIndexedFaceSet>(scene, i);
+        ASSERT_NE(faces, nullptr);
+        ASSERT_NE(faces->getColorSet(), nullptr);
+        EXPECT_EQ(faces->getColorSet()->getCount(), 3) << "no grey in place of the colours";
+    }
 }
 
 TEST(optTextureTransform, MatrixTranslatesThenTurnsAndScalesAboutTheCentre) {

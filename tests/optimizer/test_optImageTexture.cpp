@@ -11,6 +11,7 @@
 
 #include "csAppearance.h"
 #include "csImage.h"
+#include "csMaterial.h"
 #include "csMessages.h"
 #include "csTexture.h"
 #include "csTransform.h"
@@ -225,4 +226,38 @@ TEST_F(ImageTextureLoad, NoUsableURLLeavesATextureWithoutImageAndANewURLBringsOn
     ASSERT_NE(node->getTexture()->getImage(), nullptr);
     EXPECT_EQ(node->getTexture()->getImage()->getWidth(), 2);
     EXPECT_EQ(node->getTexture()->getFormat(), csTexture::RGBA);
+}
+
+// A texture whose url changes shows what the new url gives, once the
+// shape's refresh pass has run: a picture that arrives is enabled and
+// greys the material, one that goes leaves the material's own colour.
+TEST_F(ImageTextureLoad, ShapeFollowsAPictureThatANewURLBringsOrTakesAway) {
+    csEnvironment* scene = world.load(
+        "DEF S Shape { appearance Appearance { material Material { diffuseColor 1 0 0 }\n"
+        "  texture DEF T ImageTexture { url \"arrives.png\" } } geometry Box { } }\n");
+    csAppearance* look = wrltest::shapeAt(scene)->getAppearance();
+    ASSERT_NE(look, nullptr);
+    EXPECT_FALSE(look->getTexEnable());
+    optImageTexture* node = texture("T");
+    ASSERT_NE(node, nullptr);
+    Builtin* shape = world.builtinNamed("S");
+    SFTime time(1.0);
+    auto setURL = [node](const char* name) {
+        MFString urls;
+        std::string text = name;
+        urls.addValue(text);
+        node->set_url(urls, 1.0);
+    };
+
+    writePng(beside("arrives.png"), 2, 2, 3);
+    setURL("arrives.png");
+    shape->action(time, kActionRefresh, nullptr);
+    EXPECT_TRUE(look->getTexEnable());
+    EXPECT_EQ(look->getMaterial()->getDiffuseColor(), csVec3f(0.8f, 0.8f, 0.8f));
+
+    wrltest::stderrOf([&] { setURL("gone.png"); });
+    EXPECT_EQ(node->getTexture()->getImage(), nullptr) << "the old picture does not stay";
+    shape->action(time, kActionRefresh, nullptr);
+    EXPECT_FALSE(look->getTexEnable());
+    EXPECT_EQ(look->getMaterial()->getDiffuseColor(), csVec3f(1, 0, 0));
 }

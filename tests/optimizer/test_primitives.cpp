@@ -1,6 +1,6 @@
 // Box and the parametric solids through whole loads: the box's fixed face
-// set, the cone standing along y, and the samples every solid is
-// tessellated with.
+// set, the cone standing along y, the samples every solid is tessellated
+// with, and solids used in several shapes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,9 +9,12 @@
 #include <string>
 #include <vector>
 
+#include "csAppearance.h"
 #include "csIndexedFaceSet.h"
+#include "csMaterial.h"
 #include "csTransform.h"
 #include "opCone.h"
+#include "opCylinder.h"
 #include "opSphere.h"
 #include "scene_world.h"
 
@@ -152,4 +155,62 @@ TEST(optCone, TessQualitySetsTheSamplesOfEveryPrimitive) {
     EXPECT_EQ(facesOf(scene, 0)->getPrimCount(), 2 * 30) << "side and bottom";
     EXPECT_EQ(facesOf(scene, 1)->getPrimCount(), 4 * 30);
     EXPECT_EQ(facesOf(scene, 2)->getPrimCount(), 2 * 30 * 29);
+}
+
+// A solid used in two shapes shows in each with that shape's appearance,
+// while both draw one tessellation.
+TEST(optSphere, UsedInTwoShapesEachShowsItsOwnAppearanceOverSharedFaces) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "Shape { appearance Appearance { material Material { diffuseColor 1 0 0 } } geometry DEF S Sphere { radius 2 } }\n"
+        "Shape { appearance Appearance { material Material { diffuseColor 0 0 1 } } geometry USE S }\n"
+        "Shape { appearance Appearance { material Material { diffuseColor 1 0 0 } }\n"
+        "        geometry DEF C Cone { bottomRadius 3 bottom FALSE } }\n"
+        "Shape { geometry USE C }\n"
+        "Shape { appearance Appearance { material Material { diffuseColor 1 0 0 } }\n"
+        "        geometry DEF Y Cylinder { height 5 top FALSE } }\n"
+        "Transform { children Shape { appearance Appearance { material Material { diffuseColor 0 0 1 } }\n"
+        "                             geometry USE Y } }\n");
+    ASSERT_NE(scene, nullptr);
+    ASSERT_EQ(scene->getChildCount(), 6) << world.lastErrors();
+    auto diffuseOf = [](opRep* rep) { return rep->getAppearance()->getMaterial()->getDiffuseColor(); };
+
+    opSphere* red = childAs<opSphere>(wrltest::axisAt(scene, 0), 0);
+    opSphere* blue = childAs<opSphere>(wrltest::axisAt(scene, 1), 0);
+    ASSERT_NE(red, nullptr);
+    ASSERT_NE(blue, nullptr);
+    EXPECT_NE(red, blue);
+    EXPECT_EQ(diffuseOf(red), csVec3f(1, 0, 0));
+    EXPECT_EQ(diffuseOf(blue), csVec3f(0, 0, 1));
+    for (opSphere* sphere : {red, blue}) {
+        EXPECT_STREQ(sphere->getName(), "S");
+        EXPECT_FLOAT_EQ(sphere->getRadius(), 2.0f);
+    }
+    ASSERT_NE(facesOf(scene, 0), nullptr);
+    EXPECT_EQ(facesOf(scene, 0), facesOf(scene, 1)) << "one tessellation";
+    EXPECT_TRUE(wrltest::axisAt(scene, 1)->getMatrix().almostEqual(wrltest::axisAt(scene, 0)->getMatrix(), 0.0f));
+
+    opCone* cone = childAs<opCone>(wrltest::axisAt(scene, 2), 0);
+    opCone* plain = childAs<opCone>(wrltest::axisAt(scene, 3), 0);
+    ASSERT_NE(cone, nullptr);
+    ASSERT_NE(plain, nullptr);
+    EXPECT_EQ(diffuseOf(cone), csVec3f(1, 0, 0));
+    // The second shape has no appearance of its own: the glowing default.
+    EXPECT_EQ(diffuseOf(plain), csVec3f(0, 0, 0));
+    EXPECT_EQ(plain->getAppearance()->getMaterial()->getEmissiveColor(), csVec3f(1, 1, 1));
+    EXPECT_FLOAT_EQ(plain->getBottomRadius(), 3.0f);
+    EXPECT_FALSE(plain->getBottom());
+    EXPECT_EQ(facesOf(scene, 2), facesOf(scene, 3));
+
+    opCylinder* outside = childAs<opCylinder>(wrltest::axisAt(scene, 4), 0);
+    auto* inTransform = childAs<csTransform>(scene, 5);
+    opCylinder* inside = childAs<opCylinder>(childAs<csTransform>(inTransform, 0), 0);
+    ASSERT_NE(outside, nullptr);
+    ASSERT_NE(inside, nullptr);
+    EXPECT_EQ(diffuseOf(outside), csVec3f(1, 0, 0));
+    EXPECT_EQ(diffuseOf(inside), csVec3f(0, 0, 1));
+    EXPECT_FLOAT_EQ(inside->getHeight(), 5.0f);
+    EXPECT_FALSE(inside->getTop());
+    ASSERT_EQ(inside->getGeometryCount(), 1);
+    EXPECT_EQ(inside->getGeometry(0), outside->getGeometry(0));
 }

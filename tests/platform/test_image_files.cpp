@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
 #include <gif_lib.h>
 #include <jpeglib.h>
@@ -21,7 +23,8 @@ using wrltest::writePng;
 
 namespace {
 
-void writeJpeg(const std::string& path, int width, int height, int components) {
+void writeJpegBytes(const std::string& path, int width, int height, int components,
+                    std::vector<unsigned char> bytes) {
     FILE* f = std::fopen(path.c_str(), "wb");
     ASSERT_NE(f, nullptr);
     jpeg_compress_struct cinfo;
@@ -35,7 +38,6 @@ void writeJpeg(const std::string& path, int width, int height, int components) {
     cinfo.in_color_space = components == 1 ? JCS_GRAYSCALE : JCS_RGB;
     jpeg_set_defaults(&cinfo);
     jpeg_start_compress(&cinfo, TRUE);
-    std::vector<unsigned char> bytes = pattern(width, height, components);
     while (cinfo.next_scanline < cinfo.image_height) {
         JSAMPROW row = bytes.data() + cinfo.next_scanline * static_cast<JDIMENSION>(width * components);
         jpeg_write_scanlines(&cinfo, &row, 1);
@@ -45,7 +47,14 @@ void writeJpeg(const std::string& path, int width, int height, int components) {
     std::fclose(f);
 }
 
-void writeGif(const std::string& path, int width, int height, bool transparent) {
+void writeJpeg(const std::string& path, int width, int height, int components) {
+    writeJpegBytes(path, width, height, components, pattern(width, height, components));
+}
+
+// Pixel (x, y), counted from the top left, takes colour index
+// `index(x, y)` of red, green, blue and white.
+template <class Index>
+void writeGifIndexes(const std::string& path, int width, int height, bool transparent, Index index) {
     int error = 0;
     GifFileType* gif = EGifOpenFileName(path.c_str(), false, &error);
     ASSERT_NE(gif, nullptr);
@@ -63,11 +72,15 @@ void writeGif(const std::string& path, int width, int height, bool transparent) 
     EGifPutImageDesc(gif, 0, 0, width, height, false, nullptr);
     std::vector<GifPixelType> row(static_cast<size_t>(width));
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) row[static_cast<size_t>(x)] = static_cast<GifPixelType>((x + y) % 4);
+        for (int x = 0; x < width; ++x) row[static_cast<size_t>(x)] = static_cast<GifPixelType>(index(x, y));
         EGifPutLine(gif, row.data(), width);
     }
     EGifCloseFile(gif, &error);
     GifFreeMapObject(map);
+}
+
+void writeGif(const std::string& path, int width, int height, bool transparent) {
+    writeGifIndexes(path, width, height, transparent, [](int x, int y) { return (x + y) % 4; });
 }
 
 struct Loaded {
@@ -187,4 +200,96 @@ TEST(csTextureFaults, MissingForeignAndAbsurdFilesAreNamedAndDropAnEarlierImage)
     ASSERT_NE(l.image(), nullptr);
     wrltest::stderrOf([&] { EXPECT_FALSE(l.texture->setFileName(dir.path() + "/gone.png")); });
     EXPECT_EQ(l.image(), nullptr);
+}
+
+// ---- Which way up: texture coordinate (0, 0) is the picture's bottom left.
+
+namespace {
+
+// A square picture of four quadrants, in GIF palette order: red at the top
+// left, green at the top right, blue at the bottom left, white at the
+// bottom right, as one sees the picture.
+enum Quadrant { kTopLeft = 0, kTopRight = 1, kBottomLeft = 2, kBottomRight = 3 };
+const unsigned char kQuadrantRgb[4][3] = {{255, 0, 0}, {0, 255, 0}, {0, 0, 255}, {255, 255, 255}};
+
+int quadrantOf(int x, int y, int side) { return (y < side / 2 ? 0 : 2) + (x < side / 2 ? 0 : 1); }
+
+// Its bytes as a file stores them: the top row first.
+std::vector<unsigned char> quadrantBytes(int side) {
+    std::vector<unsigned char> bytes;
+    for (int y = 0; y < side; ++y)
+        for (int x = 0; x < side; ++x)
+            for (unsigned char c : kQuadrantRgb[quadrantOf(x, y, side)]) bytes.push_back(c);
+    return bytes;
+}
+
+// Which quadrant the RGB bytes at `texel` are nearest to; -1 for none.
+int quadrantAt(const std::uint8_t* texel) {
+    if (texel == nullptr) return -1;
+    for (int q = 0; q < 4; ++q) {
+        int off = 0;
+        for (int k = 0; k < 3; ++k) off += std::abs(texel[k] - kQuadrantRgb[q][k]);
+        if (off < 96) return q;  // a JPEG moves colours a little
+    }
+    return -1;
+}
+
+}  // namespace
+
+TEST(csImage, EveryFileLandsWithItsTopRowAtTheTopOfTextureSpace) {
+    wrltest::TempDir dir;
+    const int side = 16;  // quadrants of whole JPEG blocks
+    wrltest::writePngBytes(dir.path() + "/q.png", side, side, 3, quadrantBytes(side));
+    writeJpegBytes(dir.path() + "/q.jpg", side, side, 3, quadrantBytes(side));
+    writeGifIndexes(dir.path() + "/q.gif", side, side, false,
+                    [side](int x, int y) { return quadrantOf(x, y, side); });
+    for (const char* name : {"q.png", "q.jpg", "q.gif"}) {
+        SCOPED_TRACE(name);
+        Loaded l(dir.path() + "/" + name);
+        ASSERT_TRUE(l.texture->hasImage()) << l.err;
+        EXPECT_EQ(quadrantAt(l.texture->texel(0.25f, 0.25f)), kBottomLeft);
+        EXPECT_EQ(quadrantAt(l.texture->texel(0.75f, 0.25f)), kBottomRight);
+        EXPECT_EQ(quadrantAt(l.texture->texel(0.25f, 0.75f)), kTopLeft);
+        EXPECT_EQ(quadrantAt(l.texture->texel(0.75f, 0.75f)), kTopRight);
+        // (0, 0) and (1, 1) are the corners, on the first pixel of the last
+        // row and the last pixel of the first.
+        int column = -1, row = -1;
+        ASSERT_TRUE(l.image()->texelAt(0.0f, 0.0f, column, row));
+        EXPECT_EQ(column, 0);
+        EXPECT_EQ(row, side - 1);
+        ASSERT_TRUE(l.image()->texelAt(1.0f, 1.0f, column, row));
+        EXPECT_EQ(column, side - 1);
+        EXPECT_EQ(row, 0);
+    }
+}
+
+TEST(csTexture, RepeatingCoordinatesWrapAndClampedOnesStopAtTheEdge) {
+    auto* texture = new csTexture();
+    texture->ref();
+    auto* image = new csImage();
+    image->setWidth(2);
+    image->setHeight(2);
+    image->setMemoryFormat(csImage::RGB);
+    const std::vector<unsigned char> bytes = quadrantBytes(2);
+    image->pixels().setRange(0, static_cast<int>(bytes.size()), bytes.data());
+    texture->setImage(image);
+
+    // Repeating: 1.25 is 0.25 again, -0.25 is 0.75.
+    EXPECT_EQ(quadrantAt(texture->texel(1.25f, -0.25f)), kTopLeft);
+    EXPECT_EQ(quadrantAt(texture->texel(1.0f, 1.0f)), kBottomLeft) << "1 repeats as 0";
+    texture->setRepeatS(csTexture::CLAMP);
+    texture->setRepeatT(csTexture::CLAMP);
+    EXPECT_EQ(quadrantAt(texture->texel(1.25f, -0.25f)), kBottomRight);
+    EXPECT_EQ(quadrantAt(texture->texel(1.0f, 1.0f)), kTopRight);
+    EXPECT_EQ(quadrantAt(texture->texel(std::nanf(""), std::nanf(""))), kBottomLeft);
+
+    // An image short of its bytes has nothing to show.
+    EXPECT_TRUE(texture->hasImage());
+    image->pixels().setCount(11);
+    EXPECT_FALSE(texture->hasImage());
+    EXPECT_EQ(texture->texel(0.5f, 0.5f), nullptr);
+    texture->setImage(nullptr);
+    EXPECT_FALSE(texture->hasImage());
+    EXPECT_EQ(texture->texel(0.5f, 0.5f), nullptr);
+    texture->unref();
 }

@@ -196,3 +196,37 @@ TEST(opTessCuboidAction, SixQuadsWithTheWholeTextureEach) {
         EXPECT_EQ(tc.get(4 * f + 2), csVec2f(1, 1));
     }
 }
+
+TEST(opRep, InstanceKeepsKindParametersAndNameAndSharesTheFaces) {
+    Held<opCuboid> cuboid;
+    cuboid->setSize(2.0f, 4.0f, 6.0f);
+    cuboid->setName("Crate");
+    Held<opTessCuboidAction> tess;
+    tess->apply(cuboid.p);
+    opRep* made = cuboid->makeInstance();
+    made->ref();
+    ASSERT_TRUE(made->isOfType(opCuboid::getClassType()));
+    auto* instance = static_cast<opCuboid*>(made);
+    EXPECT_EQ(instance->getSize(), csVec3f(2, 4, 6));
+    EXPECT_STREQ(instance->getName(), "Crate");
+    EXPECT_EQ(instance->getAppearance(), nullptr);
+    ASSERT_NE(facesOf(instance), nullptr);
+    EXPECT_EQ(facesOf(instance), facesOf(cuboid.p));
+    EXPECT_TRUE(instance->isTessellated());
+
+    // A new size makes the instance's faces stale, not the original's.
+    instance->setSize(1.0f, 1.0f, 1.0f);
+    EXPECT_EQ(instance->getGeometryCount(), 0);
+    EXPECT_NE(facesOf(cuboid.p), nullptr);
+    made->unref();
+
+    for (opRep* primitive : {static_cast<opRep*>(new opSphere()), static_cast<opRep*>(new opCone()),
+                             static_cast<opRep*>(new opCylinder()), new opRep()}) {
+        primitive->ref();
+        opRep* copy = primitive->makeInstance();
+        copy->ref();
+        EXPECT_EQ(copy->getType(), primitive->getType());
+        copy->unref();
+        primitive->unref();
+    }
+}

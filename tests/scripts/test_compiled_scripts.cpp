@@ -65,6 +65,29 @@ TEST(CompiledScript, NodeNeverInitialisedIsReportedAndADisabledLanguageIsSilent)
     EXPECT_EQ(type.getCPPScript(*node), nullptr);
 }
 
+TEST(CompiledScript, NodeMadeWhileItsLanguageWasOffStaysWithoutBehaviour) {
+    BehaviourWorld world;
+    znNodeType& type = world.makeType("Script", {COUNTER_SO});
+    world.system.scriptInterfaces->enable(1, 0);
+    znNode* before = world.makeNode(type, "d00006+Before");
+    world.system.scriptInterfaces->enable(1, 1);
+    znNode* after = world.makeNode(type, "d00007+After");
+    EXPECT_EQ(before->isScriptEnabled(), 0);
+
+    CaptureStderr();
+    EXPECT_EQ(type.initialize(*before), 0);
+    type.eventsProcessed(*before);
+    type.restore(*before, 0);
+    type.shutdown(*before);
+    EXPECT_EQ(GetCapturedStderr(), "") << "no call reaches the script table";
+    EXPECT_EQ(type.getCPPScript(*before), nullptr);
+    SFTime time(0.0);
+    EXPECT_EQ(type.action(*before, time, 1, nullptr), 0);
+
+    EXPECT_EQ(type.initialize(*after), 1);
+    EXPECT_NE(type.getCPPScript(*after), nullptr);
+}
+
 TEST(CompiledScript, FunctionIsNamedByTheInitTextOrTheTypeAndMissingPartsAreReported) {
     BehaviourWorld world;
     char init[] = "\"counterInitialize\"";

@@ -19,8 +19,11 @@ inline std::vector<unsigned char> pattern(int width, int height, int components,
     return bytes;
 }
 
-// An 8-bit grey (1 component), RGB (3) or RGBA (4) PNG of pattern(..., seed).
-inline void writePng(const std::string& path, int width, int height, int components, int seed = 3) {
+// An 8-bit grey (1 component), RGB (3) or RGBA (4) PNG of `bytes`, rows
+// from the top of the picture down, as the file stores them.
+inline void writePngBytes(const std::string& path, int width, int height, int components,
+                          const std::vector<unsigned char>& bytes) {
+    ASSERT_EQ(bytes.size(), static_cast<size_t>(width * height * components));
     FILE* file = std::fopen(path.c_str(), "wb");
     ASSERT_NE(file, nullptr);
     png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
@@ -30,11 +33,15 @@ inline void writePng(const std::string& path, int width, int height, int compone
     png_set_IHDR(png, info, static_cast<png_uint_32>(width), static_cast<png_uint_32>(height), 8, type,
                  PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     png_write_info(png, info);
-    std::vector<unsigned char> bytes = pattern(width, height, components, seed);
     for (int y = 0; y < height; ++y) png_write_row(png, bytes.data() + y * width * components);
     png_write_end(png, nullptr);
     png_destroy_write_struct(&png, &info);
     std::fclose(file);
+}
+
+// The same of pattern(..., seed).
+inline void writePng(const std::string& path, int width, int height, int components, int seed = 3) {
+    writePngBytes(path, width, height, components, pattern(width, height, components, seed));
 }
 
 }  // namespace wrltest
