@@ -4,7 +4,7 @@
 #include <new>
 
 #include "fields/zn_values.h"
-#include "loader/zn_text.h"
+#include "base/zn_text.h"
 
 std::map<int, znNode*> eventsProcessedMap;
 

@@ -11,7 +11,8 @@
 #include "browser/zn_sim_manager.h"
 #include "fields/zn_values.h"
 #include "loader/zn.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_app_interfaces.h"
+#include "base/zn_reports.h"
 #include "nodes/zn_node.h"
 
 void znBrowserIntern::executeFrame(double time) {

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "browser/zn_browser.h"
-#include "browser/zn_id_table.h"
-#include "browser/zn_name_table.h"
+#include "base/zn_id_table.h"
+#include "base/zn_name_table.h"
 #include "fields/zn_array.h"
 
 class znNodeType;

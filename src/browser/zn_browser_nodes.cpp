@@ -12,7 +12,7 @@
 #include "database/zn_database_records.h"
 #include "fields/all.h"
 #include "fields/zn_exception.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "nodes/zn_node.h"
 #include "nodes/zn_nodetype.h"
 #include "url/zn_URL.h"

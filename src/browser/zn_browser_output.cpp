@@ -8,7 +8,7 @@
 #include "browser/zn_browser_intern.h"
 #include "browser/zn_sim_manager.h"
 #include "fields/zn_exception.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "nodes/zn_node.h"
 #include "nodes/zn_nodetype.h"
 

@@ -17,7 +17,7 @@
 #include "browser/zn_sim_manager.h"
 #include "fields/all.h"
 #include "fields/zn_exception.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "nodes/zn_node.h"
 #include "url/zn_URL_files.h"
 

@@ -8,7 +8,7 @@
 #include "browser/browser_type_messages.h"
 #include "browser/zn_browser_intern.h"
 #include "database/zn_database_intern.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "nodes/zn_nodetype.h"
 
 int znBrowserIntern::addType(_zndbProto* proto, _zndbData* fields) {

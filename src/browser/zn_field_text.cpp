@@ -17,7 +17,7 @@
 #include "fields/zn_exception.h"
 #include "fields/zn_field.h"
 #include "fields/zn_values.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "nodes/zn_node.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include "browser/zn_browser_intern.h"
 #include "fields/zn_exception.h"
 #include "fields/zn_values.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "nodes/zn_node.h"
 
 znSimManager_default::znSimManager_default(znBrowserIntern* b) : index(0), browser(b) {}

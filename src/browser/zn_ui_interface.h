@@ -3,7 +3,7 @@
 #ifndef ZN_UI_INTERFACE_H
 #define ZN_UI_INTERFACE_H
 
-#include "loader/zn_interfaces.h"
+#include "base/zn_app_interfaces.h"
 
 class znUIInterface : public znAppInterface {
 public:

@@ -6,8 +6,8 @@
 
 #include "browser/zn_browser_intern.h"
 #include "database/database_messages.h"
-#include "loader/zn_interfaces.h"
-#include "loader/zn_text.h"
+#include "base/zn_reports.h"
+#include "base/zn_text.h"
 #include "parser/zn_lexer.h"
 #include "parser/zn_parser.h"
 

@@ -10,7 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "browser/zn_name_table.h"
+#include "base/zn_name_table.h"
 #include "database/zn_database.h"
 #include "database/zn_database_records.h"
 

@@ -2,19 +2,6 @@
 #ifndef LOADER_MESSAGES_H
 #define LOADER_MESSAGES_H
 
-inline constexpr const char* kMessageFormat = "\nMessage:  %s\n";
-inline constexpr const char* kAlertFormat = "\nAlert:  %s\n";
-inline constexpr const char* kConfirmFormat = "\nConfirm:  %s\n";
-inline constexpr const char* kConfirmChoices = "1)Yes    2)No\n";
-inline constexpr const char* kConfirmAsk = "? ";
-inline constexpr const char* kPromptFormat = "\nPrompt:  %s\n";
-inline constexpr const char* kPromptQuestion = "Do you wish to provide a different name?\n";
-inline constexpr const char* kPromptChoices = "1)Yes  2)No\n: ";
-inline constexpr const char* kPromptNewName = "New Name: ";
-// A question that is not put, as no one may answer it.
-inline constexpr const char* kConfirmNotAsked = "Not asked: the answer is No.\n";
-inline constexpr const char* kPromptNotAsked = "Not asked: no other name is given.\n";
-
 inline constexpr const char* kUncaughtException = "Exception not caught.  The load ends.\n";
 inline constexpr const char* kOutOfMemory = "out of memory";
 

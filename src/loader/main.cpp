@@ -20,7 +20,7 @@
 #include "loader/wrl_loader.h"
 #include "loader/zn.h"
 #include "loader/zn_interfaces.h"
-#include "loader/zn_text.h"
+#include "base/zn_text.h"
 #include "optimizer/gfx_opt.h"
 #include "scripts/zn_cppsi.h"
 #include "scripts/zn_scriptinterfaces.h"
@@ -132,38 +132,6 @@ std::map<ZN*, std::shared_ptr<wrlLoader::World>>& keptWorlds() {
     return worlds;
 }
 
-// The reports and questions of one load, as the host's options want them.
-class HostReports : public znReportContext {
-public:
-    explicit HostReports(const wrlLoadOptions& o) : options(o) { questionsAllowed = o.questions; }
-
-    void report(const znReport& r) override {
-        if (options.report == nullptr) {
-            znReportContext::report(r);
-            return;
-        }
-        const wrlReport out{static_cast<wrlReportKind>(r.kind), r.text, r.file, r.line};
-        options.report(&out, options.reportData);
-    }
-
-    bool answer(const char* question, std::string* name) override {
-        if (options.answer != nullptr) {
-            char given[256] = "";
-            const bool yes =
-                options.answer(question, name != nullptr ? given : nullptr, sizeof given, options.answerData) != 0;
-            given[sizeof given - 1] = '\0';
-            if (yes && name != nullptr) *name = given;
-            return yes && (name == nullptr || given[0] != '\0');
-        }
-        // A host that takes the reports has the question among them: no
-        // console text is written for it.
-        if (options.report != nullptr && (!questionsAllowed || !isatty(STDIN_FILENO))) return false;
-        return znReportContext::answer(question, name);
-    }
-
-private:
-    const wrlLoadOptions& options;
-};
 
 }  // namespace
 
@@ -289,7 +257,7 @@ namespace {
 // whatever it made that nobody is to hold.
 csNode* load(const char* name, const wrlLoadOptions& options, wrlLoadResult& result) {
     std::lock_guard<std::recursive_mutex> lock(loadLock());
-    HostReports reports(options);
+    znHostReports reports(options);
     znReportScope scope(reports);
     if (theLoader == nullptr) theLoader = new wrlLoader();
 

@@ -1,128 +1,25 @@
-// Host plug-ins (application interfaces) and the console reports and
-// questions through which every report of the system ends.
+// The loader's side of its host: the reports and questions of a load go
+// where the host's options send them.
 #ifndef ZN_INTERFACES_H
 #define ZN_INTERFACES_H
 
-#include <list>
-#include <map>
 #include <string>
 
-class znAppInterface {
-public:
-    virtual const char* getClass() = 0;
-    virtual const char* getType() = 0;
-    virtual void preProcess() {}
-    virtual void process() {}
-    virtual void postProcess() {}
-    virtual ~znAppInterface() = default;
-};
+#include "base/zn_app_interfaces.h"
+#include "base/zn_reports.h"
+#include "wrlLoader.h"
 
-// The table of host plug-ins. It never destroys what it holds.
-class znAppInterfaces {
+// The report context of one load. Without a report callback the reports
+// go to standard error; without an answer callback questions go to a
+// terminal, when the options allow them.
+class znHostReports : public znReportContext {
 public:
-    // 1 when `p` entered both maps; 0 for null or a taken type or class name.
-    // A rejected interface still stays in the frame-call list.
-    int add(znAppInterface* p);
-    znAppInterface* getTypeInterface(const char* type);       // null when absent
-    znAppInterface* getClassInterface(const char* className);  // null when absent
-    void preProcess();
-    void process();
-    void postProcess();
+    explicit znHostReports(const wrlLoadOptions& options);
+    void report(const znReport& report) override;
+    bool answer(const char* question, std::string* name) override;
 
 private:
-    std::list<znAppInterface*> all;                 // borrowed, in order of adding
-    std::map<std::string, znAppInterface*> byType;  // borrowed
-    std::map<std::string, znAppInterface*> byClass; // borrowed
+    const wrlLoadOptions& options;
 };
-
-struct znPromptAnswer {
-    char name[256];
-    int answered;
-};
-
-// The kinds of report: a note of progress, a recoverable problem, a
-// skipped or wrong item, and a question that was put.
-enum class znReportKind { info, message, alert, question };
-
-struct znReport {
-    znReportKind kind;
-    const char* text;
-    const char* file;  // the file being read, or ""
-    int line;          // its line, or 0
-};
-
-// Where the reports and the questions of the code on one thread go. A load
-// installs one for its course (znReportScope); without one, reports go to
-// standard error and questions are put on a terminal.
-class znReportContext {
-public:
-    virtual ~znReportContext() = default;
-    // Receives every report; by default its console text on standard error.
-    virtual void report(const znReport& report);
-    // Answers a question: yes (true) or no; with `name` set, a yes is
-    // followed by the name it gives. By default standard input answers,
-    // when it is a terminal and questions are allowed; otherwise the default
-    // (no) is taken at once, and a report says so.
-    virtual bool answer(const char* question, std::string* name);
-
-    // The host lets the loader put questions.
-    bool questionsAllowed = true;
-    // Where the parse stands, while one runs (znReportPosition).
-    const std::string* file = nullptr;
-    const int* line = nullptr;
-
-    // What came out of the load: reports by kind, and the syntax error that
-    // stopped a parse, if one did.
-    int counts[4] = {0, 0, 0, 0};
-    struct SyntaxError {
-        std::string file, message, text;
-        int line = 0;
-    };
-    SyntaxError lastError;
-    bool hasError = false;
-    bool parseFailed = false;
-    SyntaxError parseError;
-};
-
-// The context in force on this thread (a default one when none is).
-znReportContext& znReports();
-
-// Installs `context` on this thread for the life of the object.
-class znReportScope {
-public:
-    explicit znReportScope(znReportContext& context);
-    ~znReportScope();
-    znReportScope(const znReportScope&) = delete;
-    znReportScope& operator=(const znReportScope&) = delete;
-
-private:
-    znReportContext* previous;
-};
-
-// Makes reports name the file and line that `file` and `line` hold while
-// the object lives: the parser's position.
-class znReportPosition {
-public:
-    znReportPosition(const std::string& file, const int& line);
-    ~znReportPosition();
-    znReportPosition(const znReportPosition&) = delete;
-    znReportPosition& operator=(const znReportPosition&) = delete;
-
-private:
-    znReportContext& context;
-    const std::string* previousFile;
-    const int* previousLine;
-};
-
-void znMessage(const char* text);
-void znAlert(const char* text);
-// A note of progress, written as a message.
-void znInform(const char* text);
-int znConfirm(const char* text);
-znPromptAnswer znPrompt(const char* text);
-// A syntax error of the parse: kept as the context's latest, and as the one
-// that stopped the parse when znParseFailed follows.
-void znSyntaxError(const char* file, int line, const char* message, const char* text);
-void znParseFailed();
 
 #endif

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "loader/zn_interfaces.h"
+#include "base/zn_app_interfaces.h"
 
 class ZN;
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "csAppearance.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "optimizer/opt_face_builder.h"
 #include "optimizer/opt_geometry.h"
 #include "optimizer/optimizer_messages.h"

@@ -7,7 +7,7 @@
 #include "csImage.h"
 #include "csString.h"
 #include "csTexture.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "optimizer/optHandleTable.h"
 #include "optimizer/optimizer_messages.h"
 #include "url/zn_URL_pathstack.h"

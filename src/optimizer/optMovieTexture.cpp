@@ -1,7 +1,7 @@
 #include "optimizer/optMovieTexture.h"
 
 #include "csMovieTexture.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "optimizer/optHandleTable.h"
 #include "optimizer/optimizer_messages.h"
 

@@ -9,7 +9,7 @@
 #include "csGeoSet.h"
 #include "csMaterial.h"
 #include "csTexture.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "optimizer/optimizer_messages.h"
 #include "vrmlnodes/Coordinate.h"
 

@@ -8,7 +8,7 @@
 
 #include "browser/zn_browser_intern.h"
 #include "database/zn_database.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "parser/parser.hpp"
 #include "parser/parser_messages.h"
 #include "parser/zn_lexer.h"

@@ -8,8 +8,8 @@
 #include <cstring>
 #include <string>
 
-#include "loader/zn_interfaces.h"
-#include "loader/zn_text.h"
+#include "base/zn_reports.h"
+#include "base/zn_text.h"
 #include "parser/parser.hpp"
 #include "parser/parser_messages.h"
 #include "parser/zn_lexer.h"

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "browser/zn_name_table.h"
+#include "base/zn_name_table.h"
 #include "parser/vrmlnode.h"
 
 class zn_Lexer;

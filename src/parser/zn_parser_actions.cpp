@@ -7,7 +7,7 @@
 #include <string>
 
 #include "database/zn_database.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "parser/parser.hpp"
 #include "parser/parser_messages.h"
 #include "parser/vrmlnode.h"

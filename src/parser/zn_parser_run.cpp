@@ -9,8 +9,8 @@
 
 #include "browser/zn_browser_intern.h"
 #include "database/zn_database.h"
-#include "loader/zn_interfaces.h"
-#include "loader/zn_text.h"
+#include "base/zn_reports.h"
+#include "base/zn_text.h"
 #include "parser/parser_messages.h"
 #include "parser/vrmlnode.h"
 #include "parser/zn_lexer.h"

@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "loader/zn.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "nodes/zn_node.h"
 #include "nodes/zn_nodetype.h"
 #include "scripts/script_messages.h"

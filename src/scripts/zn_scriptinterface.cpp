@@ -9,7 +9,7 @@
 #include <string>
 
 #include "browser/zn_browser.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "nodes/zn_nodetype.h"
 #include "scripts/script_messages.h"
 #include "scripts/zn_scriptinterfaces.h"

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "url/url_messages.h"
 
 const char* znURLPathStack::top() const { return entries.empty() ? nullptr : entries.front()->c_str(); }

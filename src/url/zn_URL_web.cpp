@@ -10,7 +10,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "url/zn_URL_files.h"
 
 int zn_URL_web::remoteRequests = 0;

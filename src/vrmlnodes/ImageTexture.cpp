@@ -3,7 +3,7 @@
 #include <list>
 #include <vector>
 
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "url/zn_URL_pathstack.h"
 #include "vrmlnodes/vrmlnode_messages.h"
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "browser/zn_browser.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "url/zn_URL.h"
 #include "url/zn_URL_pathstack.h"
 #include "vrmlnodes/vrmlnode_messages.h"

@@ -4,7 +4,7 @@
 
 #include "browser/zn_browser.h"
 #include "loader/zn.h"
-#include "loader/zn_interfaces.h"
+#include "base/zn_reports.h"
 #include "optimizer/gfx.h"
 
 namespace {

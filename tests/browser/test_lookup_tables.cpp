@@ -6,8 +6,8 @@
 #include <climits>
 #include <string>
 
-#include "browser/zn_id_table.h"
-#include "browser/zn_name_table.h"
+#include "base/zn_id_table.h"
+#include "base/zn_name_table.h"
 
 namespace {
 

@@ -3,7 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "loader/zn_interfaces.h"
+#include "base/zn_app_interfaces.h"
+#include "base/zn_reports.h"
 #include "test_support.h"
 
 using testing::internal::CaptureStderr;

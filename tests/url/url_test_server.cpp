@@ -11,7 +11,7 @@
 #include <cstdio>
 #include <stdexcept>
 
-#include "loader/loader_messages.h"
+#include "base/base_messages.h"
 
 namespace wrltest {
 
