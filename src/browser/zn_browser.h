@@ -6,6 +6,8 @@
 #include <vector>
 
 class ZN;
+class znAppInterfaces;
+class znScriptInterfaces;
 class BaseNode;
 class Node;
 class Field;
@@ -52,6 +54,10 @@ public:
     virtual int setURLInterface(zn_URL* url) = 0;
     virtual ZN* getZN() = 0;
     virtual void setZN(ZN* system) = 0;
+    // The host plug-ins and script bindings of the system object that owns
+    // the browser, which it hands over once it has made them; null before.
+    virtual znAppInterfaces* getAppInterfaces() = 0;
+    virtual znScriptInterfaces* getScriptInterfaces() = 0;
     virtual int addUrlFilter(znUrlFilter filter) = 0;
     virtual void getRoutes(std::vector<char*>& out) = 0;
     virtual znDatabase* getDatabase() = 0;

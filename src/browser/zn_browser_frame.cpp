@@ -10,7 +10,6 @@
 #include "browser/zn_browser_intern.h"
 #include "browser/zn_sim_manager.h"
 #include "fields/zn_values.h"
-#include "loader/zn.h"
 #include "base/zn_app_interfaces.h"
 #include "base/zn_reports.h"
 #include "nodes/zn_node.h"
@@ -32,7 +31,7 @@ void znBrowserIntern::executeFrame(double time) {
 void znBrowserIntern::executeLoop() {
     timeval startTime{};
     double lastTime = 0.0;
-    znAppInterfaces* applications = system ? system->appInterfaces : nullptr;
+    znAppInterfaces* applications = appInterfaces;
     for (;;) {
         if (applications) applications->preProcess();
         if (clockStarted) {

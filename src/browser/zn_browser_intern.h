@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "browser/zn_browser.h"
+#include "database/zn_database_world.h"
 #include "base/zn_id_table.h"
 #include "base/zn_name_table.h"
 #include "fields/zn_array.h"
@@ -31,7 +32,7 @@ struct ResolveStackElem {
     std::string value;
 };
 
-class znBrowserIntern : public znBrowser {
+class znBrowserIntern : public znBrowser, public znDatabaseWorld {
 public:
     explicit znBrowserIntern(ZN* system);
 
@@ -69,6 +70,14 @@ public:
     int setURLInterface(zn_URL* url) override;
     ZN* getZN() override { return system; }
     void setZN(ZN* s) override { system = s; }
+    znAppInterfaces* getAppInterfaces() override { return appInterfaces; }
+    znScriptInterfaces* getScriptInterfaces() override { return scriptInterfaces; }
+    // The system object's tables, from the system object, which the browser
+    // must not know itself.
+    void attachSystem(znAppInterfaces* applications, znScriptInterfaces* scripts) {
+        appInterfaces = applications;
+        scriptInterfaces = scripts;
+    }
     int addUrlFilter(znUrlFilter filter) override;
     void getRoutes(std::vector<char*>& out) override;
     znDatabase* getDatabase() override { return database; }
@@ -76,6 +85,7 @@ public:
     void updateScene() override;
     void registerZNType(int type) override { znType = type; }
     int ZNType() override { return znType; }
+    bool typeStandsAtTop(int typeId) override;
 
     void postEventIn(int index, Field& value, double time) override;
     void postEventOut(int index, Field& value, double time) override;
@@ -90,7 +100,7 @@ public:
     znNodeType* getType(int id);
     znNode* getNode(int id);
     void initializeNewNodes();
-    void addToToplevelList(const char* name);
+    void addToToplevelList(const char* name) override;
 
     // Entering objects into the tables; the creation of types and nodes
     // from declarations goes through these.
@@ -108,13 +118,13 @@ public:
     // Types from the database and at run time (zn_browser_types.cpp).
     // addType answers 1 when the type entered the table; the new* forms
     // answer the new type's ID.
-    int addType(struct _zndbProto* proto, struct _zndbData* fields);
+    int addType(_zndbProto* proto, _zndbData* fields) override;
     int newType(const char* name, std::vector<const char*>& urls, int sensor);
     int newType(const char* name, const char* url, int sensor);
 
     // Nodes from the database and at run time (zn_browser_nodes.cpp).
     // addNode answers 1 when every node and field of the chain entered.
-    int addNode(_zndbNode* first);
+    int addNode(_zndbNode* first) override;
     znNode* newNode(const char* name, znNodeType* type);
     znNode* newNode(const char* name, int typeID);
     // The runtime field inside a value that a script holds, or null.
@@ -165,6 +175,8 @@ private:
     std::list<const char*> pendingURLs;  // owning, strdup
     zn_URL* urlInterface;      // borrowed: never destroyed by the browser
     ZN* system;                // back pointer
+    znAppInterfaces* appInterfaces = nullptr;        // borrowed from the system object
+    znScriptInterfaces* scriptInterfaces = nullptr;  // borrowed from the system object
     int znType;
     int clockStarted;
     double currentTime;

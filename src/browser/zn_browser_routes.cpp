@@ -14,7 +14,6 @@
 #include "database/zn_database_records.h"
 #include "fields/zn_exception.h"
 #include "fields/zn_values.h"
-#include "loader/zn.h"
 #include "base/zn_reports.h"
 #include "nodes/zn_node.h"
 
@@ -126,7 +125,7 @@ static bool resolveRoute(znBrowserIntern& browser, znSimManager& manager, int fr
 }
 
 // Enters a resolved route with the manager and tells a "ui" interface.
-static void enterRoute(ZN* system, znSimManager& manager, int routeID, ResolvedRoute& route,
+static void enterRoute(znAppInterfaces* applications, znSimManager& manager, int routeID, ResolvedRoute& route,
                        const char* eventOut, const char* eventIn) {
     const char* fromName = route.from->getName(nullptr);
     const char* toName = route.to->getName(nullptr);
@@ -134,8 +133,8 @@ static void enterRoute(ZN* system, znSimManager& manager, int routeID, ResolvedR
     std::string toText = routeEnd(toName, eventIn);
     for (int index : route.fromIndexes)
         manager.addRoute(index, &fromText[0], route.toIndex, &toText[0]);
-    if (routeID <= 0 || !system || !system->appInterfaces) return;
-    auto* listener = dynamic_cast<znUIInterface*>(system->appInterfaces->getClassInterface(kRouteListenerClass));
+    if (routeID <= 0 || !applications) return;
+    auto* listener = dynamic_cast<znUIInterface*>(applications->getClassInterface(kRouteListenerClass));
     if (listener)
         listener->routeAdded(routeID, route.from->getType(), fromName, eventOut, route.to->getType(), toName,
                              eventIn);
@@ -151,7 +150,7 @@ void znBrowserIntern::addRouteByID(int routeID, int fromNode, int toNode, char* 
     const char* in = eventIn ? eventIn : "";
     ResolvedRoute route;
     resolveRoute(*this, *simManager, fromNode, toNode, out, in, {true, nullptr}, false, route);
-    enterRoute(system, *simManager, routeID, route, out, in);
+    enterRoute(appInterfaces, *simManager, routeID, route, out, in);
 }
 
 void znBrowserIntern::readRoutes(const char*) {
@@ -164,7 +163,7 @@ void znBrowserIntern::readRoutes(const char*) {
         ResolvedRoute route;
         if (resolveRoute(*this, *simManager, record->fromNodeId, record->toNodeId, out, in,
                          {false, kSkipRouteDestination}, false, route))
-            enterRoute(system, *simManager, record->id, route, out, in);
+            enterRoute(appInterfaces, *simManager, record->id, route, out, in);
         _zndbRoute* next = record->next;
         delete record;
         record = next;

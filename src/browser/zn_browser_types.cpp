@@ -7,9 +7,15 @@
 
 #include "browser/browser_type_messages.h"
 #include "browser/zn_browser_intern.h"
-#include "database/zn_database_intern.h"
+#include "database/zn_database.h"
+#include "database/zn_database_records.h"
 #include "base/zn_reports.h"
 #include "nodes/zn_nodetype.h"
+
+bool znBrowserIntern::typeStandsAtTop(int typeId) {
+    auto found = types.find(typeId);
+    return found != types.end() && found->second != nullptr && found->second->isToplevel() != 0;
+}
 
 int znBrowserIntern::addType(_zndbProto* proto, _zndbData* fields) {
     if (proto == nullptr) return 0;

@@ -9,7 +9,6 @@
 #include "fields/zn_field.h"
 
 class zn_URL;
-class znBrowserIntern;
 struct _zndbRoute;
 
 // One entry of a stored PROTO body, in order: a piece of text with a number
@@ -41,7 +40,6 @@ public:
     virtual void EndNode() = 0;
     virtual int InsertRouteByName(char* fromType, char* fromNode, char* fromField, char* toType, char* toNode,
                                   char* toField, char** parents) = 0;
-    virtual znBrowserIntern* getBrowser() = 0;
 
     // --- operations of the browser ---
 
@@ -81,7 +79,6 @@ public:
     int SetNodeData(char*, char*, char*, int, int, FieldFlags, std::vector<char*>*) override { return 1; }
     void EndNode() override {}
     int InsertRouteByName(char*, char*, char*, char*, char*, char*, char**) override { return 0; }
-    znBrowserIntern* getBrowser() override { return nullptr; }
     const char* LoadURL(std::vector<const char*>&) override { return nullptr; }
     void cleanupDatabase() override {}
     void DeleteDatabase() override {}

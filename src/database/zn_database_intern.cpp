@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "browser/zn_browser_intern.h"
+#include "database/zn_database_world.h"
 #include "database/database_messages.h"
 #include "base/zn_reports.h"
 #include "base/zn_text.h"
@@ -19,7 +19,7 @@ char* copyOrEmpty(const char* text) { return znCopyText(text != nullptr ? text :
 
 }  // namespace
 
-znDatabaseIntern::znDatabaseIntern(znBrowserIntern* owner) : browser(owner), parser(nullptr) {
+znDatabaseIntern::znDatabaseIntern(znDatabaseWorld* owner) : browser(owner), parser(nullptr) {
     proto.url = copyOrEmpty(nullptr);
     parser = new znParser(this);
     cleanupDatabase();
@@ -112,7 +112,7 @@ void znDatabaseIntern::createToplevelUSE(const char* name) {
 
 int znDatabaseIntern::ParseSystem(zn_URL* url) {
     protoIds.clear();
-    const int result = parser->InitParser(znParser::kOutput, url);
+    const int result = parser->InitParser(znParser::kOutput, url, browser != nullptr ? browser->ZNType() : 0);
     systemTypeCount = static_cast<int>(protoIds.size());
     return result;
 }

@@ -15,30 +15,7 @@
 #include "database/zn_database_records.h"
 
 class znParser;
-class znBrowserIntern;
-
-// One interface item of a type.
-struct _zndbData {
-    std::string name;
-    char* value = nullptr;  // owning; the empty text when none
-    int fieldType = 0;
-    int dataType = 0;
-    FieldFlags flags;
-    _zndbData* next = nullptr;  // owning
-};
-
-// The type being declared; one record, reused for each prototype.
-struct _zndbProto {
-    int id = 0;
-    char* url = nullptr;  // owning; the empty text when none
-    std::string name;
-    int flagA = 0;
-    int isSensor = 0;
-    int bodyIsGrouping = 0;
-    char* init = nullptr;  // borrowed from the database's kept texts, may be null
-    std::string text;
-    _zndbData* fields = nullptr;  // owning
-};
+class znDatabaseWorld;
 
 // One item of a node of a PROTO body.
 struct _zndbVNodeData {
@@ -82,7 +59,7 @@ struct _zndbVRoute {
 
 class znDatabaseIntern : public znDatabase {
 public:
-    explicit znDatabaseIntern(znBrowserIntern* browser);
+    explicit znDatabaseIntern(znDatabaseWorld* world);
     ~znDatabaseIntern() override;
     znDatabaseIntern(const znDatabaseIntern&) = delete;
     znDatabaseIntern& operator=(const znDatabaseIntern&) = delete;
@@ -98,7 +75,6 @@ public:
     void EndNode() override;
     int InsertRouteByName(char* fromType, char* fromNode, char* fromField, char* toType, char* toNode,
                           char* toField, char** parents) override;
-    znBrowserIntern* getBrowser() override { return browser; }
 
     const char* LoadURL(std::vector<const char*>& urls) override;
     void cleanupDatabase() override;
@@ -167,7 +143,7 @@ private:
     // their body does.
     bool standsAtTop(const char* typeName);
 
-    znBrowserIntern* browser;  // back pointer to the owning browser
+    znDatabaseWorld* browser;  // borrowed: the world that owns this database
     znParser* parser;          // owning
     _zndbProto proto;
 

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <ostream>
 
-#include "browser/zn_browser_intern.h"
+#include "database/zn_database_world.h"
 #include "database/zn_database_intern.h"
 #include "fields/zn_exception.h"
 #include "nodes/zn_nodetype.h"
@@ -87,11 +87,7 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
 bool znDatabaseIntern::standsAtTop(const char* typeName) {
     const int typeId = protoIdOf(typeName);
     if (typeId <= systemTypeCount || browser == nullptr) return false;
-    try {
-        return browser->getType(typeId)->isToplevel() != 0;
-    } catch (znInvalidNodeTypeIDException&) {
-        return false;
-    }
+    return browser->typeStandsAtTop(typeId);
 }
 
 int znDatabaseIntern::SetNodeData(char* ignored, char* name, char* value, int fieldType, int dataType,

@@ -1,4 +1,4 @@
-// The database's records of finished nodes and of routes, as the browser
+// The database's records of finished types, nodes and routes, as the world
 // reads them. Made with new: whoever takes a chain over releases it with
 // delete. Names are of any length, as DEF names of exported files are.
 #ifndef ZN_DATABASE_RECORDS_H
@@ -8,6 +8,29 @@
 #include <vector>
 
 #include "fields/zn_field.h"
+
+// One interface item of a type.
+struct _zndbData {
+    std::string name;
+    char* value = nullptr;  // owning; the empty text when none
+    int fieldType = 0;
+    int dataType = 0;
+    FieldFlags flags;
+    _zndbData* next = nullptr;  // owning
+};
+
+// The type being declared; one record, reused for each prototype.
+struct _zndbProto {
+    int id = 0;
+    char* url = nullptr;  // owning; the empty text when none
+    std::string name;
+    int flagA = 0;
+    int isSensor = 0;
+    int bodyIsGrouping = 0;
+    char* init = nullptr;  // borrowed from the database's kept texts, may be null
+    std::string text;
+    _zndbData* fields = nullptr;  // owning
+};
 
 // One field of a finished node.
 struct _zndbNodeData {

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string>
 
-#include "browser/zn_browser_intern.h"
+#include "database/zn_database_world.h"
 #include "database/database_messages.h"
 #include "database/zn_database_intern.h"
 #include "base/zn_reports.h"

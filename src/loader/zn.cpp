@@ -18,5 +18,6 @@ ZN::ZN(int m) {
     browser = new (std::nothrow) znBrowserIntern(this);
     appInterfaces = new (std::nothrow) znAppInterfaces();
     scriptInterfaces = new (std::nothrow) znScriptInterfaces(this);
+    if (browser) browser->attachSystem(appInterfaces, scriptInterfaces);
 }
 

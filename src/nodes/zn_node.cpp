@@ -11,7 +11,6 @@
 #include "browser/zn_browser.h"
 #include "fields/zn_exception.h"
 #include "fields/zn_values.h"
-#include "loader/zn.h"
 #include "base/zn_reports.h"
 #include "base/zn_text.h"
 #include "nodes/node_messages.h"
@@ -34,7 +33,7 @@ znNode::znNode(int nodeID, const char* nodeName, znNodeType* type, Browser* b)
         znAlert(kNodeNeedsParts);
         throw std::invalid_argument(kNodeNeedsParts);
     }
-    if (ZN* system = b->getZN()) scriptInterfaces = system->scriptInterfaces;
+    scriptInterfaces = b->getScriptInterfaces();
     scriptEnabled = scriptInterfaces ? scriptInterfaces->isEnabled(type->getScriptID()) : 1;
     type->setPaused(0);
     const std::size_t length = std::strlen(nodeName);

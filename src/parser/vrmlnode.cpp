@@ -6,7 +6,6 @@
 #include <cstring>
 #include <string>
 
-#include "browser/zn_browser_intern.h"
 #include "database/zn_database.h"
 #include "base/zn_reports.h"
 #include "parser/parser.hpp"
@@ -197,8 +196,7 @@ void VrmlNodeType::print() {
         char* init = nullptr;
         int sensor = 0;
         const bool script = startsWith(name, kScriptTypeName);
-        znBrowserIntern* browser = db->getBrowser();
-        const bool readInit = browser == nullptr || browser->ZNType() != 1;
+        const bool readInit = parser->getBrowserType() != 1;
         for (NameTypeRec* rec : *fields) {
             if (url == nullptr &&
                 (std::strcmp(rec->name, kImplementationField) == 0 || (script && std::strcmp(rec->name, "url") == 0)))

@@ -82,8 +82,11 @@ public:
     // --- the parse run (zn_parser_run.cpp) ---
 
     // Finds and reads the Node Support file; 1 on success. `url` (borrowed)
-    // opens every later file.
-    int InitParser(int flags, zn_URL* url);
+    // opens every later file; `browserType` is the kind of browser the
+    // parse serves (4: hosted by another renderer, which keeps the file
+    // elsewhere; 1: built-in classes only, no init functions).
+    int InitParser(int flags, zn_URL* url, int browserType = 0);
+    int getBrowserType() const { return browserType; }
     // Reads one file or URL into the database: 1 if it could be opened,
     // whether or not its text was correct.
     int ParseURL(const char* url);
@@ -273,6 +276,7 @@ private:
     znDatabase* database;                 // borrowed: the database that owns this parser
     std::vector<RouteInfo*> pendingRoutes;  // owning
     int readingNodeSupport = 0;
+    int browserType = 0;
     int outputFlag = 0;
     // Both grow at the front; a null entry marks where a scope begins.
     std::list<VrmlNodeType*> typeNameSpace;      // owning

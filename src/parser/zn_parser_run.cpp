@@ -7,7 +7,6 @@
 #include <iostream>
 #include <string>
 
-#include "browser/zn_browser_intern.h"
 #include "database/zn_database.h"
 #include "base/zn_reports.h"
 #include "base/zn_text.h"
@@ -155,7 +154,8 @@ int znParser::parseSystemInput(std::istream& input, const char* filename) {
     return result;
 }
 
-int znParser::InitParser(int flags, zn_URL* url) {
+int znParser::InitParser(int flags, zn_URL* url, int type) {
+    browserType = type;
     fieldNesting[0] = 0;
     externInfo[0].created = 0;
     externInfo[0].wanted = 0;
@@ -165,9 +165,8 @@ int znParser::InitParser(int flags, zn_URL* url) {
     outputFlag = flags & kOutput;
     yypinit();
 
-    znBrowserIntern* browser = database != nullptr ? database->getBrowser() : nullptr;
     const char* path = nullptr;
-    if (browser == nullptr || browser->ZNType() != 4) {
+    if (browserType != 4) {
         path = std::getenv("ZNBUILTINS");
     } else {
         // A loader hosted by another renderer looks where that renderer

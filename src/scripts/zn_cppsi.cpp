@@ -6,7 +6,6 @@
 #include <cstring>
 #include <memory>
 
-#include "loader/zn.h"
 #include "base/zn_reports.h"
 #include "nodes/zn_node.h"
 #include "nodes/zn_nodetype.h"
@@ -74,8 +73,7 @@ void* znFindLoadedSymbol(const char* name) {
 
 znCPP_SI::znCPP_SI(const char* fileName, znNodeType& type, znNodeConstFn lookup)
     : znScriptInterface(type), browser(type.getBrowser()), scriptInterfaces(nullptr) {
-    ZN* system = browser ? browser->getZN() : nullptr;
-    if (system) scriptInterfaces = system->scriptInterfaces;
+    if (browser) scriptInterfaces = browser->getScriptInterfaces();
     type.setScriptID(kCompiledScriptID);
     scriptID = kCompiledScriptID;
     if (!fileName) fileName = "";
@@ -195,9 +193,9 @@ void znCPP_SI::restore(znNode& node, int n) {
 }
 
 int znCPP_SI::action(znNode& node, SFTime& time, int mode, void* data) {
-    ZN* system = browser ? browser->getZN() : nullptr;
     if (!node.isScriptEnabled()) return 0;
-    if (system && system->scriptInterfaces && !system->scriptInterfaces->isEnabled(scriptID)) return 0;
+    znScriptInterfaces* table = browser ? browser->getScriptInterfaces() : nullptr;
+    if (table && !table->isEnabled(scriptID)) return 0;
     auto found = scripts.find(node.getID());
     if (found == scripts.end()) return 0;
     auto* compiled = dynamic_cast<Builtin*>(found->second);

@@ -3,7 +3,6 @@
 #include <cstring>
 
 #include "browser/zn_browser.h"
-#include "loader/zn.h"
 #include "base/zn_reports.h"
 #include "optimizer/gfx.h"
 
@@ -17,9 +16,8 @@ constexpr size_t kVrmlNameOffset = 7;
 
 VRMLNode::VRMLNode() {
     Browser* browser = BaseNode::getBrowser();
-    ZN* system = browser ? browser->getZN() : nullptr;
-    if (system && system->appInterfaces)
-        graphics = dynamic_cast<gfx*>(system->appInterfaces->getClassInterface(kGraphicsClass));
+    znAppInterfaces* applications = browser ? browser->getAppInterfaces() : nullptr;
+    if (applications) graphics = dynamic_cast<gfx*>(applications->getClassInterface(kGraphicsClass));
 }
 
 const char* VRMLNode::sceneName(const char* unnamed) {
