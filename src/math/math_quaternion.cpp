@@ -3,8 +3,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
-#include "csMatrix4f.h"
 #include "math/math_messages.h"
 
 const float ml_idmat[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
@@ -178,11 +178,30 @@ void ml_matScale(float m[4][4], const float s[3]) {
 }
 
 int ml_matInvert(float r[4][4], const float m[4][4]) {
-    // One general inverse for the toolkit and these functions.
-    csMatrix4f source, inverse;
-    std::memcpy(source.mat, m, sizeof source.mat);
-    if (!inverse.invert(source)) return 0;
-    std::memcpy(r, inverse.mat, sizeof inverse.mat);
+    // Gauss-Jordan elimination with partial pivoting, in double precision;
+    // a pivot below 1e-12 is a singular matrix.
+    double a[4][8];
+    for (int row = 0; row < 4; ++row)
+        for (int col = 0; col < 4; ++col) {
+            a[row][col] = m[row][col];
+            a[row][col + 4] = row == col ? 1.0 : 0.0;
+        }
+    for (int col = 0; col < 4; ++col) {
+        int pivot = col;
+        for (int row = col + 1; row < 4; ++row)
+            if (std::fabs(a[row][col]) > std::fabs(a[pivot][col])) pivot = row;
+        if (std::fabs(a[pivot][col]) < 1e-12) return 0;
+        if (pivot != col) std::swap(a[pivot], a[col]);
+        const double scale = a[col][col];
+        for (double& value : a[col]) value /= scale;
+        for (int row = 0; row < 4; ++row) {
+            if (row == col) continue;
+            const double factor = a[row][col];
+            for (int c = 0; c < 8; ++c) a[row][c] -= factor * a[col][c];
+        }
+    }
+    for (int row = 0; row < 4; ++row)
+        for (int col = 0; col < 4; ++col) r[row][col] = static_cast<float>(a[row][col + 4]);
     return 1;
 }
 
