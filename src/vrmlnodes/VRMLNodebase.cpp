@@ -4,21 +4,13 @@
 
 #include "browser/zn_browser.h"
 #include "base/zn_reports.h"
-#include "optimizer/gfx.h"
 
 namespace {
-constexpr const char* kGraphicsClass = "gfx";
 // A stored node name is kind, five digits and '+' before the VRML name; the
 // kinds 'd' and 'u' mark a DEF name and its uses, while 'x' names an
 // anonymous node after its type, which is no name to show.
 constexpr size_t kVrmlNameOffset = 7;
 }  // namespace
-
-VRMLNode::VRMLNode() {
-    Browser* browser = BaseNode::getBrowser();
-    znAppInterfaces* applications = browser ? browser->getAppInterfaces() : nullptr;
-    if (applications) graphics = dynamic_cast<gfx*>(applications->getClassInterface(kGraphicsClass));
-}
 
 const char* VRMLNode::sceneName(const char* unnamed) {
     const char* name = getDefName();

@@ -51,7 +51,7 @@ inline bool isInlined(const void* state) { return state && static_cast<const Act
 
 class VRMLNode : public Builtin {
 public:
-    VRMLNode();
+    VRMLNode() = default;
     int action(SFTime& time, int mode, void* state) override = 0;
     ~VRMLNode() override = default;
     // Ends the object: nothing of a built-in outlives its node.
@@ -66,6 +66,9 @@ public:
     // `unnamed` for a node without one.
     const char* sceneName(const char* unnamed);
     gfx* getGraphics() { return graphics; }
+    // The graphics interface, which the back-end finds and gives each node
+    // it makes: the VRML level knows no graphics.
+    void setGraphics(gfx* display) { graphics = display; }
 
     // Character `i` of an event name; '\0' at the end of the name and
     // kPastEnd beyond it, so short names never read out of bounds.

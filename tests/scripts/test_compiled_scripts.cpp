@@ -7,7 +7,7 @@
 #include "behaviour_world.h"
 #include "scripts/script_messages.h"
 #include "vrmlnodes/GroupingNode.h"
-#include "vrmlnodes/builtin_initializers.h"
+#include "optimizer/opt_builtins.h"
 
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;

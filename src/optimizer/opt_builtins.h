@@ -1,8 +1,10 @@
-// The "%sInitialize" functions of the built-in node types. The compiled-script
-// interface finds them by name among the loaded symbols; each makes the
-// class of its name for one node and answers it as that node's script.
-#ifndef BUILTIN_INITIALIZERS_H
-#define BUILTIN_INITIALIZERS_H
+// The class-init list of the back-end: the "%sInitialize" function of each
+// built-in node type. The compiled-script interface finds them by name
+// among the loaded symbols; each makes the back-end class of its type for
+// one node, introduces it to the graphics interface, and answers it as that
+// node's script.
+#ifndef OPT_BUILTINS_H
+#define OPT_BUILTINS_H
 
 class Script;
 class znInternal;
