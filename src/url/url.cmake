@@ -1,4 +1,5 @@
 # Gzip files, local or fetched, are unpacked in-process with zlib: no file
-# name or URL is ever handed to a shell.
+# name or URL is ever handed to a shell. Remote files come through libcurl.
 find_package(ZLIB REQUIRED)
-target_link_libraries(wrlLoader_dp PUBLIC ZLIB::ZLIB)
+find_package(CURL REQUIRED)
+target_link_libraries(wrlLoader_dp PUBLIC ZLIB::ZLIB PRIVATE CURL::libcurl)

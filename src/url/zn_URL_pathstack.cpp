@@ -1,5 +1,6 @@
 #include "url/zn_URL_pathstack.h"
 
+#include <curl/curl.h>
 #include <strings.h>
 
 #include <cstdio>
@@ -58,6 +59,32 @@ std::string znResolveURLPath(const char* url, int push, znURLPathStack& stack,
     }
     stack.push(std::move(directory));
     return buffer;
+}
+
+bool znIsRemoteURL(const char* name) {
+    if (name == nullptr) return false;
+    for (const char* scheme : kRemoteSchemes)
+        if (strncasecmp(name, scheme, std::strlen(scheme)) == 0) return true;
+    return false;
+}
+
+bool znIsURL(const char* name) {
+    return znIsRemoteURL(name) || (name && strncasecmp(name, kFileScheme, std::strlen(kFileScheme)) == 0);
+}
+
+std::string znResolveRemoteURL(const char* base, const char* reference) {
+    // libcurl's URL parser resolves a URL set on a handle that holds one
+    // against it.
+    CURLU* url = curl_url();
+    std::string out;
+    char* text = nullptr;
+    if (url && curl_url_set(url, CURLUPART_URL, base, CURLU_ALLOW_SPACE) == CURLUE_OK &&
+        curl_url_set(url, CURLUPART_URL, reference, CURLU_ALLOW_SPACE) == CURLUE_OK &&
+        curl_url_get(url, CURLUPART_URL, &text, 0) == CURLUE_OK)
+        out = text;
+    curl_free(text);
+    curl_url_cleanup(url);
+    return out;
 }
 
 bool znFitsPathBuffer(const std::string& path, std::size_t size) {
