@@ -121,7 +121,17 @@ csNode* wrlLoader::actualLoad(char* filename) {
         }
         char pathBuffer[kPathBufferSize];
         std::strcpy(pathBuffer, filename);
-        FILE* file = std::fopen(pathBuffer, "r");
+        FILE* file = nullptr;
+        if (znIsURL(filename)) {
+            // A URL is fetched, or found in the cache, by the URL object; its
+            // header is read from the copy that the parse will read, and
+            // OPTPATH does not apply.
+            const char* local = browser->getURLInterface()->getURL(filename, 0);
+            file = local ? std::fopen(local, "r") : nullptr;
+            if (file == nullptr) return nullptr;
+        } else {
+            file = std::fopen(pathBuffer, "r");
+        }
 
         char searchPath[kSearchPathBufferSize];
         readSearchPath(searchPath, kSearchPathBufferSize);
