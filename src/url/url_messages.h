@@ -28,7 +28,8 @@ inline constexpr const char* kCacheNameFormat = "%s/.zncache%016llx-%s";
 inline constexpr std::size_t kCacheNameTail = 100;
 inline constexpr const char* kUnpackedNameFormat = "%s/%s";
 
-// The web client.
+// The web client: libcurl, opened by its versioned name when first needed.
+inline constexpr const char* kCurlLibrary = "libcurl.so.4";
 inline constexpr long kMaxRedirects = 10;
 inline constexpr const char* kUserAgentFormat = "wrlLoader/%s";
 // Only this much of a reply is looked at for the refusal words below.

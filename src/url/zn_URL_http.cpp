@@ -1,15 +1,13 @@
 #include "url/zn_URL_http.h"
 
-#include <curl/curl.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <memory>
-#include <mutex>
 
 #include "url/url_messages.h"
+#include "url/zn_URL_curl.h"
 #include "url/zn_URL_files.h"
 #include "url/zn_URL_pathstack.h"
 
@@ -20,16 +18,6 @@
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-// libcurl's process-wide set-up, done once by whichever thread fetches
-// first. It is never undone: the host may use libcurl itself, and the
-// set-up counts its users.
-bool curlReady() {
-    static std::once_flag once;
-    static bool ready = false;
-    std::call_once(once, [] { ready = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK; });
-    return ready;
-}
 
 // What one transfer has seen so far.
 struct Transfer {
@@ -70,18 +58,11 @@ int onProgress(void* user, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
     return 1;
 }
 
-// A URL as the wire wants it: blanks and bytes beyond ASCII, which worlds
-// do write into URLs, percent-encoded. Empty when it is no URL at all.
+// A URL as the wire wants it, or empty. The scheme must be followed by
+// "//": libcurl would take "http:/x" to name the host "x".
 std::string wireURL(const std::string& url) {
-    CURLU* parsed = curl_url();
-    std::string out;
-    char* text = nullptr;
-    if (parsed && curl_url_set(parsed, CURLUPART_URL, url.c_str(), CURLU_ALLOW_SPACE | CURLU_URLENCODE) == CURLUE_OK &&
-        curl_url_get(parsed, CURLUPART_URL, &text, 0) == CURLUE_OK)
-        out = text;
-    curl_free(text);
-    curl_url_cleanup(parsed);
-    return out;
+    if (url.find("://") != url.find(':')) return "";
+    return znResolveRemoteURL(nullptr, url.c_str(), true);
 }
 
 znFetchResult failed(znFetchOutcome outcome, std::string detail) {
@@ -104,15 +85,17 @@ long znHttpTimeout() {
 }
 
 znFetchResult znHttpFetch(const std::string& url, int fd) {
-    const auto unreachable = [&url](CURLcode code) {
-        return failed(znFetchOutcome::unreachable, znFormatText(kFetchFailed, url.c_str(), curl_easy_strerror(code)));
+    const auto unreachable = [&url](const std::string& reason) {
+        return failed(znFetchOutcome::unreachable, znFormatText(kFetchFailed, url.c_str(), reason.c_str()));
     };
-    if (!curlReady()) return unreachable(CURLE_FAILED_INIT);
+    std::string missing;
+    const znCurl* lib = znCurlLibrary(&missing);
+    if (lib == nullptr) return unreachable(missing);
     const std::string wire = wireURL(url);
-    if (wire.empty()) return unreachable(CURLE_URL_MALFORMAT);
-    const std::unique_ptr<CURL, void (*)(CURL*)> handle(curl_easy_init(), curl_easy_cleanup);
+    if (wire.empty()) return unreachable(lib->easy_strerror(CURLE_URL_MALFORMAT));
+    const std::unique_ptr<CURL, void (*)(CURL*)> handle(lib->easy_init(), lib->easy_cleanup);
     CURL* curl = handle.get();
-    if (curl == nullptr) return unreachable(CURLE_FAILED_INIT);
+    if (curl == nullptr) return unreachable(lib->easy_strerror(CURLE_FAILED_INIT));
 
     Transfer transfer(fd, znHttpTimeout());
     char error[CURL_ERROR_SIZE] = "";
@@ -122,33 +105,33 @@ znFetchResult znHttpFetch(const std::string& url, int fd) {
     // A guest in its host's process raises no signals and leaves the host's
     // handlers alone: no SIGALRM for time-outs, no change to SIGPIPE
     // (sockets are written without raising it).
-    curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(curl, CURLOPT_URL, wire.c_str());
-    curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(curl, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 1L);
-    curl_easy_setopt(curl, CURLOPT_MAXREDIRS, kMaxRedirects);
+    lib->easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
+    lib->easy_setopt(curl, CURLOPT_URL, wire.c_str());
+    lib->easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "http,https");
+    lib->easy_setopt(curl, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
+    lib->easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 1L);
+    lib->easy_setopt(curl, CURLOPT_MAXREDIRS, kMaxRedirects);
     // An error status ends the transfer before its page reaches the file.
-    curl_easy_setopt(curl, CURLOPT_FAILONERROR, 1L);
+    lib->easy_setopt(curl, CURLOPT_FAILONERROR, 1L);
     // Every content encoding that libcurl can undo is asked for and undone.
-    curl_easy_setopt(curl, CURLOPT_ACCEPT_ENCODING, "");
-    curl_easy_setopt(curl, CURLOPT_USERAGENT, agent.c_str());
-    curl_easy_setopt(curl, CURLOPT_PROXY, proxy ? proxy : "");
-    curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, transfer.timeout);
-    curl_easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
-    curl_easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, onProgress);
-    curl_easy_setopt(curl, CURLOPT_XFERINFODATA, &transfer);
-    curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, onBody);
-    curl_easy_setopt(curl, CURLOPT_WRITEDATA, &transfer);
-    curl_easy_setopt(curl, CURLOPT_HEADERFUNCTION, onHeader);
-    curl_easy_setopt(curl, CURLOPT_HEADERDATA, &transfer);
-    curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, error);
+    lib->easy_setopt(curl, CURLOPT_ACCEPT_ENCODING, "");
+    lib->easy_setopt(curl, CURLOPT_USERAGENT, agent.c_str());
+    lib->easy_setopt(curl, CURLOPT_PROXY, proxy ? proxy : "");
+    lib->easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, transfer.timeout);
+    lib->easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
+    lib->easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, onProgress);
+    lib->easy_setopt(curl, CURLOPT_XFERINFODATA, &transfer);
+    lib->easy_setopt(curl, CURLOPT_WRITEFUNCTION, onBody);
+    lib->easy_setopt(curl, CURLOPT_WRITEDATA, &transfer);
+    lib->easy_setopt(curl, CURLOPT_HEADERFUNCTION, onHeader);
+    lib->easy_setopt(curl, CURLOPT_HEADERDATA, &transfer);
+    lib->easy_setopt(curl, CURLOPT_ERRORBUFFER, error);
 
-    const CURLcode code = curl_easy_perform(curl);
+    const CURLcode code = lib->easy_perform(curl);
     long status = 0;
-    curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &status);
+    lib->easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &status);
 
-    const std::string reason = error[0] ? error : curl_easy_strerror(code);
+    const std::string reason = error[0] ? error : lib->easy_strerror(code);
     if (transfer.stalled || code == CURLE_OPERATION_TIMEDOUT)
         return failed(znFetchOutcome::timedOut, znFormatText(kTimedOut, url.c_str(), transfer.timeout));
     if (transfer.writeFailed) return failed(znFetchOutcome::notWritten, "");

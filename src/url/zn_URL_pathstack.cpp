@@ -1,6 +1,5 @@
 #include "url/zn_URL_pathstack.h"
 
-#include <curl/curl.h>
 #include <strings.h>
 
 #include <cstdio>
@@ -8,6 +7,7 @@
 
 #include "loader/zn_interfaces.h"
 #include "url/url_messages.h"
+#include "url/zn_URL_curl.h"
 
 const char* znURLPathStack::top() const { return entries.empty() ? nullptr : entries.front()->c_str(); }
 
@@ -72,18 +72,21 @@ bool znIsURL(const char* name) {
     return znIsRemoteURL(name) || (name && strncasecmp(name, kFileScheme, std::strlen(kFileScheme)) == 0);
 }
 
-std::string znResolveRemoteURL(const char* base, const char* reference) {
+std::string znResolveRemoteURL(const char* base, const char* reference, bool encoded) {
     // libcurl's URL parser resolves a URL set on a handle that holds one
     // against it.
-    CURLU* url = curl_url();
+    const znCurl* curl = znCurlLibrary();
+    if (curl == nullptr) return "";
+    CURLU* url = curl->url();
+    const unsigned flags = CURLU_ALLOW_SPACE | (encoded ? CURLU_URLENCODE : 0);
     std::string out;
     char* text = nullptr;
-    if (url && curl_url_set(url, CURLUPART_URL, base, CURLU_ALLOW_SPACE) == CURLUE_OK &&
-        curl_url_set(url, CURLUPART_URL, reference, CURLU_ALLOW_SPACE) == CURLUE_OK &&
-        curl_url_get(url, CURLUPART_URL, &text, 0) == CURLUE_OK)
+    if (url && (base == nullptr || curl->url_set(url, CURLUPART_URL, base, flags) == CURLUE_OK) &&
+        curl->url_set(url, CURLUPART_URL, reference, flags) == CURLUE_OK &&
+        curl->url_get(url, CURLUPART_URL, &text, 0) == CURLUE_OK)
         out = text;
-    curl_free(text);
-    curl_url_cleanup(url);
+    curl->free(text);
+    curl->url_cleanup(url);
     return out;
 }
 

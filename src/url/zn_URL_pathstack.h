@@ -43,8 +43,11 @@ bool znIsRemoteURL(const char* name);
 bool znIsURL(const char* name);
 // `reference` resolved against the remote `base` (a file or a directory)
 // by the rules of the web: "/x" goes to base's server, "//host/x" keeps
-// base's scheme, "../x" climbs. Empty when the two make no URL.
-std::string znResolveRemoteURL(const char* base, const char* reference);
+// base's scheme, "../x" climbs. Without a base, `reference` itself in its
+// plain form. With `encoded`, blanks and bytes beyond ASCII, which worlds
+// do write into URLs, come percent-encoded, as the wire wants them. Empty
+// when the two make no URL.
+std::string znResolveRemoteURL(const char* base, const char* reference, bool encoded = false);
 
 // True when `path` and its null fit a buffer of `size` bytes; otherwise the
 // path is refused with an alert.

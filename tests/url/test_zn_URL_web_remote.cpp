@@ -153,6 +153,10 @@ TEST_F(Remote, NoServerOrNoDataIsReportedAsUnreachable) {
     EXPECT_EQ(fetched(nobody, &report), "(null)");
     EXPECT_THAT(report, testing::StartsWith(messageLine(kConnecting) + "\nMessage:  " + nobody + ": "));
     EXPECT_THAT(report, testing::EndsWith(alertLine(kHostUnreachable)));
+    // One slash short names no host: nothing is asked of anyone.
+    const std::string oneSlash = "http:/127.0.0.1:" + std::to_string(wrltest::unusedPort()) + "/x.wrl";
+    EXPECT_EQ(fetched(oneSlash, &report), "(null)");
+    EXPECT_THAT(report, HasSubstr(oneSlash + ": URL using bad/illegal format"));
 
     server.put("/empty.wrl", "");
     EXPECT_EQ(fetched(server.url("/empty.wrl"), &report), "(null)");
