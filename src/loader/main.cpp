@@ -198,7 +198,21 @@ csNode* wrlLoader::actualLoad(const char* filename, Outcome& outcome) {
         }
         char pathBuffer[kPathBufferSize];
         std::strcpy(pathBuffer, filename);
-        FILE* file = isDirectory(pathBuffer) ? nullptr : std::fopen(pathBuffer, "r");
+        FILE* file = nullptr;
+        if (znIsURL(filename)) {
+            // A URL is fetched, or found in the cache, by the URL object; its
+            // header is read from the copy that the parse will read, and
+            // OPTPATH does not apply.
+            const char* local = browser->getURLInterface()->getURL(filename, 0);
+            file = local != nullptr && !isDirectory(local) ? std::fopen(local, "r") : nullptr;
+            if (file == nullptr) {
+                outcome.status = WRL_NOT_FOUND;
+                outcome.reason = kReasonNotFound;
+                return nullptr;
+            }
+        } else if (!isDirectory(pathBuffer)) {
+            file = std::fopen(pathBuffer, "r");
+        }
 
         char searchPath[kSearchPathBufferSize];
         const bool searching = readSearchPath(searchPath, kSearchPathBufferSize);

@@ -12,7 +12,6 @@ inline constexpr const char* kJavaExtension = "class";
 
 // Choosing an interface for a URL list. The warning takes the prefix (or the
 // extension) twice.
-inline constexpr const char* kHttpScheme = "http:";
 inline constexpr const char* kInlineCachePattern = "%s/.zncache%02dXXXXXX";
 inline constexpr const char* kScriptInterfaceWarning =
     "\n\nSCRIPT INTERFACE WARNING:\n   \"%s\" inline script prefix not registered.  \n"

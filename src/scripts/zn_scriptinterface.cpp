@@ -15,6 +15,7 @@
 #include "scripts/zn_scriptinterfaces.h"
 #include "url/zn_URL.h"
 #include "url/zn_URL_files.h"
+#include "url/zn_URL_pathstack.h"
 
 namespace {
 
@@ -74,15 +75,18 @@ int znScriptInterface::saveScript(const char* fileName, const char* text) {
 
 znScriptInterface* znScriptInterface::newInterface(std::vector<const char*>& urls, znNodeType& type) {
     for (const char* url : urls) {
-        if (url && std::strncmp(url, kHttpScheme, std::strlen(kHttpScheme)) == 0) {
-            Browser* browser = type.getBrowser();
-            zn_URL* access = browser ? browser->getURLInterface() : nullptr;
+        while (url && std::isspace(static_cast<unsigned char>(*url))) ++url;
+        Browser* browser = type.getBrowser();
+        zn_URL* access = browser ? browser->getURLInterface() : nullptr;
+        // A remote file, or a relative name in a remote world, comes through
+        // the URL object's cache; the URL object joins the relative name to
+        // the world's address.
+        const bool relative = url && *url && !std::strchr(url, ':') && url[0] != '/';
+        if (znIsRemoteURL(url) || (relative && access && znIsRemoteURL(access->get_path())))
             url = access ? access->getURL(url, 0) : nullptr;
-        }
         std::string extension;
         scriptFileName[0] = '\0';
         if (!url || !*url) continue;
-        while (std::isspace(static_cast<unsigned char>(*url))) ++url;
 
         if (const char* colon = std::strchr(url, ':')) {
             std::string prefix(url, static_cast<size_t>(colon - url) + 1);

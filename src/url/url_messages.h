@@ -10,23 +10,28 @@
 inline constexpr std::size_t kDefaultPathBufferSize = 256;
 inline constexpr std::size_t kWebPathBufferSize = 512;
 
-inline constexpr const char* kFileScheme = "file:/";       // case ignored
-inline constexpr const char* kHttpSchemeLoose = "http:/";  // case ignored: remote or not
-inline constexpr const char* kHttpScheme = "http://";      // exact: what the client can parse
+inline constexpr const char* kFileScheme = "file:/";  // case ignored
+// Names that the web client fetches, case ignored.
+inline constexpr const char* kRemoteSchemes[] = {"http:/", "https:/"};
 inline constexpr const char* kNoStackDirectory = "./";
 
 // Environment and files.
 inline constexpr const char* kTmpPathVariable = "ZN_TMP_PATH";
 inline constexpr const char* kDefaultTmpPath = "/tmp";
 inline constexpr const char* kProxyVariable = "ZNPROXY";
-inline constexpr const char* kCacheNameFormat = "%s/.zncache%s";
+inline constexpr const char* kTimeoutVariable = "ZN_HTTP_TIMEOUT";
+inline constexpr long kDefaultTimeoutSeconds = 30;
+// Temporary directory, hash of the whole URL, the URL's last path component.
+inline constexpr const char* kCacheNameFormat = "%s/.zncache%016llx-%s";
+// Of the last path component only this many bytes, the last ones, go into a
+// cache name: the hash tells URLs apart, and a file name has a length limit.
+inline constexpr std::size_t kCacheNameTail = 100;
 inline constexpr const char* kUnpackedNameFormat = "%s/%s";
 
-// The wire.
-inline constexpr const char* kRequestFormat = "GET %s\n";
-inline constexpr const char* kPortFormat = "%d";
-inline constexpr int kDefaultHttpPort = 80;
-inline constexpr std::size_t kReadBlockSize = 4096;
+// The web client: libcurl, opened by its versioned name when first needed.
+inline constexpr const char* kCurlLibrary = "libcurl.so.4";
+inline constexpr long kMaxRedirects = 10;
+inline constexpr const char* kUserAgentFormat = "wrlLoader/%s";
 // Only this much of a reply is looked at for the refusal words below.
 inline constexpr std::size_t kReplyProbeLength = 255;
 inline constexpr const char* kNotFoundWords[] = {"Not Found", "not found", "NOT FOUND",
@@ -43,17 +48,13 @@ inline constexpr const char* kProxyNote =
     "If you need to use a proxy server, set ZNPROXY:\n"
     "   Example:  setenv ZNPROXY http://proxy.example.com:8080/\n\n";
 // The texts below are this subsystem's own: a name that does not fit its
-// buffer, and a cache file that cannot be written.
+// buffer, a cache file that cannot be written, a server that went quiet,
+// and what the web client or the server said about a failure.
 inline constexpr const char* kPathTooLong = "URL or path too long (at most %d bytes): %.80s...\n";
 inline constexpr const char* kCacheNotWritten = "Could not create the cache file %s.\n";
-
-// The socket layer: its own error numbers, and their texts.
-inline constexpr int kErrorBadPort = 11000;
-inline constexpr int kErrorFamily = 11001;
-inline constexpr int kErrorUnknownHost = 11002;
-inline constexpr const char* kBadPortText = "bad port number or unknown service";
-inline constexpr const char* kUnknownFamilyText = "unknown family in received address";
-inline constexpr const char* kUnknownHostText = "unknown host";
-inline constexpr const char* kFdPrintfFailed = "fd_printf can't print to %d using %s\n";
+inline constexpr const char* kTimedOut = "No data from %s for %ld seconds: given up.\n";
+inline constexpr const char* kFetchFailed = "%s: %s";
+inline constexpr const char* kServerStatus = "%s: the server answered %ld.";
+inline constexpr const char* kEmptyReply = "%s: the server sent no data.";
 
 #endif

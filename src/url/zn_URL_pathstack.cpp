@@ -7,6 +7,7 @@
 
 #include "base/zn_reports.h"
 #include "url/url_messages.h"
+#include "url/zn_URL_curl.h"
 
 const char* znURLPathStack::top() const { return entries.empty() ? nullptr : entries.front()->c_str(); }
 
@@ -58,6 +59,35 @@ std::string znResolveURLPath(const char* url, int push, znURLPathStack& stack,
     }
     stack.push(std::move(directory));
     return buffer;
+}
+
+bool znIsRemoteURL(const char* name) {
+    if (name == nullptr) return false;
+    for (const char* scheme : kRemoteSchemes)
+        if (strncasecmp(name, scheme, std::strlen(scheme)) == 0) return true;
+    return false;
+}
+
+bool znIsURL(const char* name) {
+    return znIsRemoteURL(name) || (name && strncasecmp(name, kFileScheme, std::strlen(kFileScheme)) == 0);
+}
+
+std::string znResolveRemoteURL(const char* base, const char* reference, bool encoded) {
+    // libcurl's URL parser resolves a URL set on a handle that holds one
+    // against it.
+    const znCurl* curl = znCurlLibrary();
+    if (curl == nullptr) return "";
+    CURLU* url = curl->url();
+    const unsigned flags = CURLU_ALLOW_SPACE | (encoded ? CURLU_URLENCODE : 0);
+    std::string out;
+    char* text = nullptr;
+    if (url && (base == nullptr || curl->url_set(url, CURLUPART_URL, base, flags) == CURLUE_OK) &&
+        curl->url_set(url, CURLUPART_URL, reference, flags) == CURLUE_OK &&
+        curl->url_get(url, CURLUPART_URL, &text, 0) == CURLUE_OK)
+        out = text;
+    curl->free(text);
+    curl->url_cleanup(url);
+    return out;
 }
 
 bool znFitsPathBuffer(const std::string& path, std::size_t size) {

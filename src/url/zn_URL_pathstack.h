@@ -35,6 +35,20 @@ enum class znURLAbsoluteRule { joined, kept };
 std::string znResolveURLPath(const char* url, int push, znURLPathStack& stack,
                              znURLAbsoluteRule absolute);
 
+// True for a name that the web client fetches: "http:/" or "https:/", case
+// ignored.
+bool znIsRemoteURL(const char* name);
+// True for a name that URL access reads by its scheme rather than as a file
+// name: a remote one, or "file:/" (case ignored).
+bool znIsURL(const char* name);
+// `reference` resolved against the remote `base` (a file or a directory)
+// by the rules of the web: "/x" goes to base's server, "//host/x" keeps
+// base's scheme, "../x" climbs. Without a base, `reference` itself in its
+// plain form. With `encoded`, blanks and bytes beyond ASCII, which worlds
+// do write into URLs, come percent-encoded, as the wire wants them. Empty
+// when the two make no URL.
+std::string znResolveRemoteURL(const char* base, const char* reference, bool encoded = false);
+
 // True when `path` and its null fit a buffer of `size` bytes; otherwise the
 // path is refused with an alert.
 bool znFitsPathBuffer(const std::string& path, std::size_t size);

@@ -1,30 +1,32 @@
 #include "url/zn_URL_web.h"
 
-#include <strings.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <climits>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <string_view>
 
 #include "base/zn_reports.h"
 #include "url/zn_URL_files.h"
+#include "url/zn_URL_http.h"
 
-int zn_URL_web::remoteRequests = 0;
+std::atomic<int> zn_URL_web::remoteRequests{0};
 
 namespace {
 
-// The cache is no directory but a set of files in the temporary directory,
-// one per last path component: two urls that end alike share one file.
-std::string cacheName(const std::string& url) {
-    return znFormatText(kCacheNameFormat, znTmpPath().c_str(), znLastPathComponent(url).c_str());
+// FNV-1a: the same for a URL in every run and every build, as it must be
+// for names that outlive the process.
+std::uint64_t urlHash(const std::string& url) {
+    std::uint64_t hash = 0xcbf29ce484222325ULL;
+    for (const unsigned char c : url) {
+        hash ^= c;
+        hash *= 0x100000001b3ULL;
+    }
+    return hash;
 }
 
-// Error pages and replies with a status line are told from files by words
-// near their start. The start is read as text: a null byte ends it.
+// Error pages are told from files by words near their start. The start is
+// read as text: a null byte ends it.
 bool looksLikeNotFound(const std::string& reply) {
     std::string_view start(reply.data(), std::min(reply.size(), kReplyProbeLength));
     start = start.substr(0, start.find('\0'));
@@ -34,6 +36,13 @@ bool looksLikeNotFound(const std::string& reply) {
 }
 
 }  // namespace
+
+std::string zn_URL_web::cacheName(const std::string& url) {
+    std::string name = znLastPathComponent(url);
+    if (name.size() > kCacheNameTail) name.erase(0, name.size() - kCacheNameTail);
+    return znFormatText(kCacheNameFormat, znTmpPath().c_str(), static_cast<unsigned long long>(urlHash(url)),
+                        name.c_str());
+}
 
 FILE* zn_URL_web::fopenURL(const char* url, int push) {
     const char* local = getURL(url, push);
@@ -54,12 +63,19 @@ std::ifstream* zn_URL_web::iopenURL(const char* url, int push) {
 }
 
 const char* zn_URL_web::getURL(const char* url, int push) {
-    std::string work = znResolveURLPath(url, push, pathStack, znURLAbsoluteRule::kept);
+    // Under a remote world a name from the root lies on the world's server.
+    std::string name = url ? url : "";
+    const char* top = pathStack.top();
+    if (name[0] == '/' && znIsRemoteURL(top)) {
+        const std::string resolved = znResolveRemoteURL(top, name.c_str());
+        if (!resolved.empty()) name = resolved;
+    }
+    std::string work = znResolveURLPath(url ? name.c_str() : nullptr, push, pathStack, znURLAbsoluteRule::kept);
     if (url == nullptr) return nullptr;
     // Whatever is formed from here on must fit the path buffer in the end.
     if (!znFitsPathBuffer(work, sizeof path)) return nullptr;
 
-    if (strncasecmp(work.c_str(), kHttpSchemeLoose, std::strlen(kHttpSchemeLoose)) != 0) {
+    if (!znIsRemoteURL(work.c_str())) {
         FILE* probe = std::fopen(work.c_str(), "r");
         if (probe == nullptr) return nullptr;
         std::fclose(probe);
@@ -67,16 +83,10 @@ const char* zn_URL_web::getURL(const char* url, int push) {
         return local ? gunzip(local) : nullptr;
     }
 
-    const char* proxy = std::getenv(kProxyVariable);
-    ++remoteRequests;
-    if (proxy) {
-        // The proxy is a URL prefix with its trailing slash: the request goes
-        // to the proxy and names the whole url as its path.
-        work.insert(0, proxy);
-        if (!znFitsPathBuffer(work, sizeof path)) return nullptr;
-    } else if (remoteRequests == 1) {
-        znAlert(kProxyNote);
-    }
+    if (++remoteRequests == 1 && std::getenv(kProxyVariable) == nullptr) znAlert(kProxyNote);
+    // A fragment names a place in the file, not a file of its own.
+    const std::size_t fragment = work.find('#');
+    if (fragment != std::string::npos) work.erase(fragment);
 
     if (get_remote(work.c_str()) != 0) return nullptr;
     const char* local = znStorePath(cacheName(work), path, sizeof path);
@@ -84,12 +94,12 @@ const char* zn_URL_web::getURL(const char* url, int push) {
 }
 
 int zn_URL_web::get_remote(const char* url) {
-    const std::string name = znLastPathComponent(url ? url : "");
-    if (name.size() < 2) {
+    const std::string address = url ? url : "";
+    if (znLastPathComponent(address).size() < 2) {
         znAlert(kInvalidUrlName);
         return -1;
     }
-    const std::string cache = cacheName(url);
+    const std::string cache = cacheName(address);
     // A cache name that does not fit the path buffer could never be handed
     // on: refuse before any traffic.
     if (!znFitsPathBuffer(cache, sizeof path)) return -1;
@@ -101,18 +111,38 @@ int zn_URL_web::get_remote(const char* url) {
     }
 
     znMessage(kConnecting);
-    std::string data;
-    if (getURL(data, url) == 0) {
-        znAlert(kHostUnreachable);
+    const std::string notWritten = znFormatText(kCacheNotWritten, cache.c_str());
+    znStagedFile staged(cache);
+    if (staged.fd() < 0) {
+        znAlert(notWritten.c_str());
         return -1;
     }
-    if (looksLikeNotFound(data)) {
+    const znFetchResult got = znHttpFetch(address, staged.fd());
+    switch (got.outcome) {
+        case znFetchOutcome::fetched:
+            break;
+        case znFetchOutcome::timedOut:
+            znAlert(got.detail.c_str());
+            return -1;
+        case znFetchOutcome::notWritten:
+            znAlert(notWritten.c_str());
+            return -1;
+        case znFetchOutcome::refused:
+            znMessage(got.detail.c_str());
+            znAlert(kRemoteNotFound);
+            return -1;
+        case znFetchOutcome::unreachable:
+            znMessage(got.detail.c_str());
+            znAlert(kHostUnreachable);
+            return -1;
+    }
+    if (looksLikeNotFound(got.start)) {
         znAlert(kRemoteNotFound);
         return -1;
     }
     znMessage(znFormatText(kCreatingCacheFile, cache.c_str()).c_str());
-    if (!znReplaceFile(cache, data.data(), data.size(), 0666)) {
-        znAlert(znFormatText(kCacheNotWritten, cache.c_str()).c_str());
+    if (!staged.commit(0666)) {
+        znAlert(notWritten.c_str());
         return -1;
     }
     return 0;
@@ -148,55 +178,5 @@ int zn_URL_web::icloseURL(std::ifstream* stream, int push) {
 }
 
 const char* zn_URL_web::get_path() { return pathStack.top(); }
-
-int zn_URL_web::getURL(std::string& data, const char* url) {
-    data.clear();
-    const std::size_t schemeLength = std::strlen(kHttpScheme);
-    if (url == nullptr || std::strncmp(url, kHttpScheme, schemeLength) != 0) return 0;
-
-    const char* hostStart = url + schemeLength;
-    if (*hostStart == '\0') return 0;
-    // The host's first character is taken as it is, even a ":" or "/".
-    const char* p = hostStart + 1;
-    while (*p && *p != ':' && *p != '/') ++p;
-    const std::string host(hostStart, p);
-
-    int port = kDefaultHttpPort;
-    if (*p == ':') {
-        port = std::atoi(p + 1);
-        while (*p && *p != '/') ++p;
-    }
-    const char* path = *p ? p : "/";
-    return getURLbyParts(data, host.c_str(), port, path);
-}
-
-int zn_URL_web::getURLbyParts(std::string& data, const char* host, int port, const char* path) {
-    data.clear();
-    char portText[16];
-    std::snprintf(portText, sizeof portText, kPortFormat, port);
-
-    const int fd = sn_start_inet_stream_client(host, portText);
-    if (fd < 0) return 0;
-    // The request has no version word: the server answers with the bare body.
-    if (fd_printf(fd, kRequestFormat, path) < 1) {
-        ::close(fd);
-        return 0;
-    }
-    char block[kReadBlockSize];
-    for (;;) {
-        const ssize_t n = ::read(fd, block, sizeof block);
-        if (n < 0 && errno == EINTR) continue;
-        if (n <= 0) break;
-        // The count is answered as an int: a reply that outgrows it fails.
-        if (data.size() > static_cast<std::size_t>(INT_MAX) - static_cast<std::size_t>(n)) {
-            ::close(fd);
-            data.clear();
-            return 0;
-        }
-        data.append(block, static_cast<std::size_t>(n));
-    }
-    ::close(fd);
-    return static_cast<int>(data.size());
-}
 
 zn_URL* new_zn_URL_web() { return new zn_URL_web; }

@@ -1,12 +1,10 @@
-// Local and remote files. Remote ones are fetched with a one-line GET into
-// a cache of files in the temporary directory; any file that turns out to
-// be gzip-compressed is handed on unpacked.
+// Local and remote files. Remote ones (http and https) are fetched once
+// into a cache of files in the temporary directory and read from there;
+// any file that turns out to be gzip-compressed is handed on unpacked.
 #ifndef ZN_URL_WEB_H
 #define ZN_URL_WEB_H
 
-#include <netinet/in.h>
-
-#include <cstdint>
+#include <atomic>
 #include <string>
 
 #include "url/url_messages.h"
@@ -15,21 +13,13 @@
 
 class zn_URL_web : public zn_URL {
 public:
-    // A socket address (Internet only here) and its length.
-    struct Address {
-        union {
-            sockaddr_in inet;
-            char raw[112];
-        } address;
-        std::uint32_t length;
-    };
-
     // With a nonzero push, a null answer takes the pushed entry off again.
     FILE* fopenURL(const char* url, int push) override;
     std::ifstream* iopenURL(const char* url, int push) override;
     // Unlike the local-file object, a name that begins with "/" is not
-    // joined to the stack. With a nonzero push the stack grows by one entry
-    // even when the answer is null.
+    // joined to the stack, unless the top of the stack is remote: there it
+    // names a file on the same server. With a nonzero push the stack grows
+    // by one entry even when the answer is null.
     const char* getURL(const char* url, int push) override;
     int fcloseURL(FILE* file, int push) override;
     int icloseURL(std::ifstream* stream, int push) override;
@@ -43,26 +33,13 @@ public:
     // unpacked.
     const char* gunzip(const char* path);
 
-    // Fetches an "http://host[:port]/path" url into `data`; the byte count,
-    // 0 on any failure.
-    static int getURL(std::string& data, const char* url);
-    static int getURLbyParts(std::string& data, const char* host, int port, const char* path);
-
-    // The socket layer that retrieval needs. Failures set errno, to the
-    // system's value or to one of the numbers of url_messages.h, whose text
-    // sn_strerror gives.
-    static int fd_printf(int fd, const char* format, ...) __attribute__((format(printf, 2, 3)));
-    static void seterror(int number, const char* text);
-    static const char* sn_strerror();
-    // A connected descriptor, or -1.
-    static int sn_start_inet_stream_client(const char* host, const char* port);
-    // Fills the one static address (each call overwrites it) and answers
-    // it; null after seterror.
-    static Address* make_inet_addr(const char* host, const char* port, const char* protocol);
+    // The cache file of `url`: its own for each URL, named after the URL's
+    // last path component so that its extension stays.
+    static std::string cacheName(const std::string& url);
 
     // Remote requests made by this process; only the first one without a
     // proxy gets the note on ZNPROXY. Tests reset it.
-    static int remoteRequests;
+    static std::atomic<int> remoteRequests;
 
 private:
     char path[kWebPathBufferSize] = {};  // the last answer of getURL or gunzip

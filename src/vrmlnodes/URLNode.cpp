@@ -6,6 +6,7 @@
 
 #include "browser/zn_browser.h"
 #include "url/zn_URL.h"
+#include "url/zn_URL_pathstack.h"
 
 const char* URLNode::getFile(const char* text) {
     Browser* browser = BaseNode::getBrowser();
@@ -19,6 +20,11 @@ std::string URLNode::resolveURL(const char* text) {
     if (!text) return std::string();
     while (std::isspace(static_cast<unsigned char>(*text))) ++text;
     const char* base = getUrlBase();
+    // Under a remote world a name from the root lies on the world's server.
+    if (text[0] == '/' && znIsRemoteURL(base)) {
+        std::string resolved = znResolveRemoteURL(base, text);
+        if (!resolved.empty()) return resolved;
+    }
     if (!base || std::strchr(text, ':') || text[0] == '/' || text[0] == '\\') return text;
     // A base may name the world's file rather than its directory; only
     // what stands up to its last slash is joined.

@@ -145,7 +145,8 @@ TEST(optInline, RemoteFilesComeThroughTheCacheAndResolveBesideThemselves) {
     SceneLoad world;
     csEnvironment* scene = world.load("Inline { url \"" + server.url("/w/remote.wrl") + "\" }");
     server.stop();
-    EXPECT_EQ(server.requests(), (std::vector<std::string>{"GET /w/remote.wrl\n", "GET /w/again.wrl\n"}));
+    EXPECT_EQ(server.requests(),
+              (std::vector<std::string>{"GET /w/remote.wrl HTTP/1.1", "GET /w/again.wrl HTTP/1.1"}));
     EXPECT_EQ(nestedInlines(scene->getChild(0)), 3);
     EXPECT_THAT(world.lastErrors(), HasSubstr(messageLine("Inline:  again.wrl inlines itself; it is not read again.")));
 }

@@ -149,12 +149,12 @@ TEST_F(ImageTextureLoad, RemoteImageGoesThroughTheURLCache) {
     world.load(texturedShape("R", "url \"" + address + "\""));
     optImageTexture* remote = texture("R");
     ASSERT_NE(remote, nullptr);
-    const std::string cached = tmp.path() + "/.zncacheremote_served.png";
+    const std::string cached = zn_URL_web::cacheName(address);
     EXPECT_STREQ(remote->getFileName(), cached.c_str());
     ASSERT_NE(remote->getTexture()->getImage(), nullptr);
     EXPECT_EQ(pixelsOf(remote->getTexture()->getImage()), pattern(2, 3, 3, 5));
     server.stop();
-    EXPECT_EQ(server.requests(), std::vector<std::string>{"GET /images/remote_served.png\n"});
+    EXPECT_EQ(server.requests(), std::vector<std::string>{"GET /images/remote_served.png HTTP/1.1"});
 
     // With the image cache off the file is read again, from the URL cache:
     // the server is gone.

@@ -111,14 +111,25 @@ TEST_F(NewInterface, ExecStepReplacesTheFileNameOrFailsOnToTheNextURL) {
     EXPECT_EQ(made.files, (std::vector<std::string>{"/compiled/out.so", "second.rec"}));
 }
 
-TEST_F(NewInterface, HttpURLGoesThroughTheURLInterface) {
+TEST_F(NewInterface, RemoteURLsAndRelativeNamesInRemoteWorldsGoThroughTheURLInterface) {
     wrltest::AskedURL access("/cache/fetched.rec");
     zn_URL* previous = world.system.browser->getURLInterface();
     world.system.browser->setURLInterface(&access);
     choose({"http://example.invalid/s.rec"});
     EXPECT_EQ(access.asked, "http://example.invalid/s.rec");
     EXPECT_EQ(access.pushed, 0);
-    EXPECT_EQ(made.files, std::vector<std::string>{"/cache/fetched.rec"});
+    choose({" HTTPS://example.invalid/t.rec"});
+    EXPECT_EQ(access.asked, "HTTPS://example.invalid/t.rec");
+    // A relative name is the world's business only when the world is remote.
+    access.asked.clear();
+    access.top = "/worlds/";
+    choose({"local.rec"});
+    EXPECT_EQ(access.asked, "");
+    access.top = "http://example.invalid/worlds/";
+    choose({"", "beside.rec"});
+    EXPECT_EQ(access.asked, "beside.rec");
+    EXPECT_EQ(made.files,
+              (std::vector<std::string>{"/cache/fetched.rec", "/cache/fetched.rec", "local.rec", "/cache/fetched.rec"}));
     world.system.browser->setURLInterface(previous);
 }
 

@@ -100,9 +100,10 @@ public:
     }
     int fcloseURL(FILE*, int) override { return 0; }
     int icloseURL(std::ifstream*, int) override { return 0; }
-    const char* get_path() override { return nullptr; }
+    const char* get_path() override { return top; }
 
-    const char* answer;  // borrowed
+    const char* answer;         // borrowed
+    const char* top = nullptr;  // the directory of the file being read; borrowed
     std::string asked;
     int pushed = -1;
 };

@@ -79,13 +79,3 @@ TEST(UrlBounds, WebRefusesACacheNameThatOutgrowsTheBuffer) {
     server.stop();
     EXPECT_TRUE(server.requests().empty());
 }
-
-TEST(UrlBounds, WebRefusesAProxyPrefixThatOutgrowsTheBuffer) {
-    TempDir tmp;
-    ScopedEnv tmpPath("ZN_TMP_PATH", tmp.path().c_str());
-    const std::string prefix = "http://127.0.0.1:1/" + std::string(500, 'p') + "/";
-    ScopedEnv proxy("ZNPROXY", prefix.c_str());
-    zn_URL_web url;
-    EXPECT_THAT(wrltest::stderrOf([&] { EXPECT_EQ(url.getURL("http://models.example/scene.wrl", 0), nullptr); }),
-                HasSubstr("URL or path too long (at most 511 bytes)"));
-}

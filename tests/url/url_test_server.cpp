@@ -1,42 +1,30 @@
 #include "url_test_server.h"
 
 #include <arpa/inet.h>
+#include <fcntl.h>
 #include <netinet/in.h>
 #include <poll.h>
+#include <signal.h>
+#include <spawn.h>
 #include <sys/socket.h>
+#include <sys/wait.h>
 #include <unistd.h>
 #include <zlib.h>
 
-#include <chrono>
 #include <cstdio>
+#include <sstream>
 #include <stdexcept>
+#include <vector>
 
 #include "base/base_messages.h"
+
+extern char** environ;
 
 namespace wrltest {
 
 namespace {
 
-constexpr auto kServerLifetime = std::chrono::seconds(20);
-constexpr int kPollMillis = 50;
-constexpr int kRequestMillis = 2000;
-
-int listenOnLoopback(int& port) {
-    const int fd = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (fd < 0) throw std::runtime_error("socket failed");
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = 0;
-    socklen_t length = sizeof address;
-    if (::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
-        ::getsockname(fd, reinterpret_cast<sockaddr*>(&address), &length) != 0) {
-        ::close(fd);
-        throw std::runtime_error("bind failed");
-    }
-    port = ntohs(address.sin_port);
-    return fd;
-}
+constexpr int kStartMillis = 10000;
 
 std::string formatLine(const char* format, const std::string& text) {
     char line[1024];
@@ -44,74 +32,105 @@ std::string formatLine(const char* format, const std::string& text) {
     return line;
 }
 
-}  // namespace
-
-TestHttpServer::TestHttpServer(std::string reply) : reply_(std::move(reply)) {
-    listenFd_ = listenOnLoopback(port_);
-    if (::listen(listenFd_, 8) != 0) throw std::runtime_error("listen failed");
-    thread_ = std::thread([this] { run(); });
+// The first line that the server prints: its port. 0 when none came in time.
+int readPort(int fd) {
+    std::string line;
+    while (line.find('\n') == std::string::npos) {
+        pollfd waiting{fd, POLLIN, 0};
+        if (::poll(&waiting, 1, kStartMillis) <= 0) return 0;
+        char block[64];
+        const ssize_t n = ::read(fd, block, sizeof block);
+        if (n <= 0) return 0;
+        line.append(block, static_cast<std::size_t>(n));
+    }
+    return std::atoi(line.c_str());
 }
 
+}  // namespace
+
+TestHttpServer::TestHttpServer() { start(""); }
+
+TestHttpServer::TestHttpServer(const std::string& reply) { start(dir_.write("reply", reply)); }
+
 TestHttpServer::~TestHttpServer() { stop(); }
+
+void TestHttpServer::start(const std::string& always) {
+    dir_.write("files/.keep", "");
+    int input[2], output[2];
+    if (::pipe2(input, O_CLOEXEC) != 0 || ::pipe2(output, O_CLOEXEC) != 0) throw std::runtime_error("pipe failed");
+
+    std::vector<std::string> words = {WRL_PYTHON3, WRL_SOURCE_DIR "/tests/url/http_test_server.py",
+                                      "--root",    dir_.path() + "/files",
+                                      "--log",     dir_.path() + "/requests.log"};
+    if (!always.empty()) words.insert(words.end(), {"--always", always});
+    std::vector<char*> argv;
+    for (std::string& word : words) argv.push_back(word.data());
+    argv.push_back(nullptr);
+
+    // The server's own complaints go to a file: a test that captures the
+    // error stream must see only the loader's.
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, input[0], 0);
+    posix_spawn_file_actions_adddup2(&actions, output[1], 1);
+    const std::string errors = dir_.path() + "/server.err";
+    posix_spawn_file_actions_addopen(&actions, 2, errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    const int spawned = ::posix_spawn(&pid_, argv[0], &actions, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    ::close(input[0]);
+    ::close(output[1]);
+    input_ = input[1];
+    if (spawned != 0) {
+        pid_ = -1;
+        ::close(output[0]);
+        throw std::runtime_error(std::string("cannot start ") + WRL_PYTHON3);
+    }
+    port_ = readPort(output[0]);
+    ::close(output[0]);
+    if (port_ <= 0) {
+        stop();
+        throw std::runtime_error("the test HTTP server did not start: " + readFile(errors));
+    }
+}
+
+void TestHttpServer::put(const std::string& path, const std::string& bytes) const {
+    dir_.write("files/" + path, bytes);
+}
 
 std::string TestHttpServer::url(const std::string& path) const {
     return "http://127.0.0.1:" + std::to_string(port_) + path;
 }
 
 void TestHttpServer::stop() {
-    stopping_ = true;
-    if (thread_.joinable()) thread_.join();
-    if (listenFd_ >= 0) ::close(listenFd_);
-    listenFd_ = -1;
+    if (pid_ > 0) {
+        ::kill(pid_, SIGTERM);
+        int status = 0;
+        ::waitpid(pid_, &status, 0);
+        pid_ = -1;
+    }
+    if (input_ >= 0) ::close(input_);
+    input_ = -1;
 }
 
 std::vector<std::string> TestHttpServer::requests() const {
-    std::lock_guard<std::mutex> lock(mutex_);
-    return requests_;
-}
-
-void TestHttpServer::run() {
-    const auto deadline = std::chrono::steady_clock::now() + kServerLifetime;
-    while (!stopping_ && std::chrono::steady_clock::now() < deadline) {
-        pollfd waiting{listenFd_, POLLIN, 0};
-        if (::poll(&waiting, 1, kPollMillis) <= 0) continue;
-        const int client = ::accept4(listenFd_, nullptr, nullptr, SOCK_CLOEXEC);
-        if (client < 0) continue;
-        serve(client);
-        ::close(client);
-    }
-}
-
-void TestHttpServer::serve(int client) {
-    std::string request;
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(kRequestMillis);
-    while (request.find('\n') == std::string::npos && std::chrono::steady_clock::now() < deadline) {
-        pollfd waiting{client, POLLIN, 0};
-        if (::poll(&waiting, 1, kPollMillis) <= 0) continue;
-        char block[512];
-        const ssize_t n = ::recv(client, block, sizeof block, 0);
-        if (n <= 0) break;
-        request.append(block, static_cast<std::size_t>(n));
-    }
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        requests_.push_back(request);
-    }
-    const char* data = reply_.data();
-    std::size_t left = reply_.size();
-    while (left > 0) {
-        const ssize_t n = ::send(client, data, left, MSG_NOSIGNAL);
-        if (n <= 0) break;
-        data += n;
-        left -= static_cast<std::size_t>(n);
-    }
-    ::shutdown(client, SHUT_WR);
+    std::istringstream log(readFile(dir_.path() + "/requests.log"));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(log, line);) lines.push_back(line);
+    return lines;
 }
 
 int unusedPort() {
-    int port = 0;
-    ::close(listenOnLoopback(port));
-    return port;
+    const int fd = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (fd < 0) throw std::runtime_error("socket failed");
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    const bool bound = ::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 &&
+                       ::getsockname(fd, reinterpret_cast<sockaddr*>(&address), &length) == 0;
+    ::close(fd);
+    if (!bound) throw std::runtime_error("bind failed");
+    return ntohs(address.sin_port);
 }
 
 std::string gzipBytes(const std::string& text) {

@@ -1,44 +1,46 @@
-// A one-thread HTTP stand-in on 127.0.0.1 for the URL tests: it answers
-// every connection with the same bytes and records the request lines.
+// A real HTTP/1.1 server on 127.0.0.1 for the tests of remote files: the
+// Python script http_test_server.py beside this file, run as a child
+// process on a port the system picks and ended with the object.
 #ifndef URL_TEST_SERVER_H
 #define URL_TEST_SERVER_H
 
-#include <atomic>
-#include <mutex>
+#include <sys/types.h>
+
 #include <string>
-#include <thread>
 #include <vector>
+
+#include "test_support.h"
 
 namespace wrltest {
 
 class TestHttpServer {
 public:
-    // Listens on an ephemeral port at once; gives up by itself after a
-    // bounded time so that no test can hang on it.
-    explicit TestHttpServer(std::string reply);
+    // Serves the files that put() writes, and the misbehaving paths that
+    // http_test_server.py describes (/redirect/, /gzip/, /stall/, ...).
+    TestHttpServer();
+    // Answers every GET, whatever its path, with `reply`.
+    explicit TestHttpServer(const std::string& reply);
     ~TestHttpServer();
     TestHttpServer(const TestHttpServer&) = delete;
     TestHttpServer& operator=(const TestHttpServer&) = delete;
 
+    // Writes `bytes` to the served file `path` ("/dir/name.wrl").
+    void put(const std::string& path, const std::string& bytes) const;
     int port() const { return port_; }
     // "http://127.0.0.1:<port>" followed by `path`.
     std::string url(const std::string& path) const;
-    // Closes the listening socket; later connections are refused.
+    // Ends the server; later connections are refused.
     void stop();
-    // What each connection sent, up to and including its first line feed.
+    // The request line of each request so far ("GET /a.wrl HTTP/1.1").
     std::vector<std::string> requests() const;
 
 private:
-    void run();
-    void serve(int client);
+    void start(const std::string& always);
 
-    std::string reply_;
-    int listenFd_ = -1;
+    TempDir dir_;
+    pid_t pid_ = -1;
+    int input_ = -1;  // the server's standard input; it ends when this closes
     int port_ = 0;
-    std::atomic<bool> stopping_{false};
-    mutable std::mutex mutex_;
-    std::vector<std::string> requests_;
-    std::thread thread_;
 };
 
 // A port on 127.0.0.1 on which nothing listens.

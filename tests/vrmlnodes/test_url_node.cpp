@@ -38,10 +38,13 @@ TEST_F(TextureWorld, RelativeNamesGoUnderTheBaseDirectoryAndOthersAsTheyAre) {
     EXPECT_STREQ(texture->getFile("   wood.png"), "/local/copy");
     EXPECT_EQ(access.asked, "http://host/dir/wood.png");
     EXPECT_EQ(access.pushed, 0);
-    for (const char* name : {"file:wood.png", "/abs/wood.png", "\\share\\wood.png"}) {
+    for (const char* name : {"file:wood.png", "\\share\\wood.png"}) {
         texture->getFile(name);
         EXPECT_EQ(access.asked, name);
     }
+    // A name from the root lies on the remote base's server.
+    texture->getFile("/abs/wood.png");
+    EXPECT_EQ(access.asked, "http://host/abs/wood.png");
     // A base naming a file lends only its directory.
     node->setUrlBase("http://host/dir/world.wrl");
     texture->getFile("wood.png");
@@ -49,5 +52,7 @@ TEST_F(TextureWorld, RelativeNamesGoUnderTheBaseDirectoryAndOthersAsTheyAre) {
     node->setUrlBase("world.wrl");
     texture->getFile("wood.png");
     EXPECT_EQ(access.asked, "wood.png");
+    texture->getFile("/abs/wood.png");
+    EXPECT_EQ(access.asked, "/abs/wood.png");
     EXPECT_EQ(texture->getFile(nullptr), nullptr);
 }
