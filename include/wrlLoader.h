@@ -97,6 +97,13 @@ struct wrlLoadResult {
 // result (may be null).
 csNode* wrlLoadWith(const char* nameOrUrl, const wrlLoadOptions* options, wrlLoadResult* result);
 
+// The load of a world given as text, `length` bytes at `text`. Its relative
+// names (Inline, textures, EXTERNPROTO, Scripts) are looked up from
+// `baseUrl`, a file name or URL that the text stands for; null: a file
+// "memory.wrl" in the working directory.
+csNode* wrlLoadFromMemory(const char* text, std::size_t length, const char* baseUrl, const wrlLoadOptions* options,
+                          wrlLoadResult* result);
+
 // Ends a world that a load kept (wrlLoadOptions::keepWorld).
 void wrlReleaseWorld(ZN* world);
 

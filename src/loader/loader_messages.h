@@ -13,6 +13,12 @@ inline constexpr const char* kReasonVrml1 = "a VRML 1.0 file";
 inline constexpr const char* kReasonOutOfMemory = "out of memory";
 inline constexpr const char* kReasonException = "an exception nobody caught";
 inline constexpr const char* kReasonParseError = "a syntax error stopped the parse";
+inline constexpr const char* kReasonNoTextFile = "the text could not be stored for the parse";
+
+// A world given as text: its private file in the temporary directory, and
+// the name it stands for when the caller gives none.
+inline constexpr const char* kMemoryFilePattern = "/.znmemoryXXXXXX";
+inline constexpr const char* kMemoryBaseName = "memory.wrl";
 
 // The VRML 1.0 refusal: the file name, then where to find translators.
 inline constexpr const char* kVrml1Header = "#VRML V1.0 ascii";

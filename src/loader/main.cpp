@@ -24,6 +24,7 @@
 #include "optimizer/gfx_opt.h"
 #include "scripts/zn_cppsi.h"
 #include "scripts/zn_scriptinterfaces.h"
+#include "url/zn_URL_files.h"
 #include "url/zn_URL_web.h"
 
 #ifndef WRL_VERSION
@@ -183,6 +184,8 @@ csNode* wrlLoader::actualLoad(const char* filename, Outcome& outcome) {
     // The loader reads worlds, EXTERNPROTOs and textures from web servers as
     // well as from files.
     outcome.world->access = new_zn_URL_web();
+    // A world given as text stands for the name it was given.
+    if (!outcome.standIn.empty()) outcome.world->access->readAs(filename, outcome.standIn.c_str());
     browser->setURLInterface(outcome.world->access);
     browser->registerZNType(1);
     browser->init();
@@ -199,7 +202,14 @@ csNode* wrlLoader::actualLoad(const char* filename, Outcome& outcome) {
         char pathBuffer[kPathBufferSize];
         std::strcpy(pathBuffer, filename);
         FILE* file = nullptr;
-        if (znIsURL(filename)) {
+        if (!outcome.standIn.empty()) {
+            file = std::fopen(outcome.standIn.c_str(), "r");
+            if (file == nullptr) {
+                outcome.status = WRL_FAILED;
+                outcome.reason = kReasonNoTextFile;
+                return nullptr;
+            }
+        } else if (znIsURL(filename)) {
             // A URL is fetched, or found in the cache, by the URL object; its
             // header is read from the copy that the parse will read, and
             // OPTPATH does not apply.
@@ -269,7 +279,8 @@ namespace {
 
 // A load with its options, its reports and its result, and the end of
 // whatever it made that nobody is to hold.
-csNode* load(const char* name, const wrlLoadOptions& options, wrlLoadResult& result) {
+csNode* load(const char* name, const wrlLoadOptions& options, wrlLoadResult& result,
+             const std::string& standIn = std::string()) {
     std::lock_guard<std::recursive_mutex> lock(loadLock());
     znHostReports reports(options);
     znReportScope scope(reports);
@@ -277,6 +288,7 @@ csNode* load(const char* name, const wrlLoadOptions& options, wrlLoadResult& res
 
     wrlLoader::Outcome outcome;
     outcome.banner = options.banner;
+    outcome.standIn = standIn;
     csNode* scene = nullptr;
     try {
         scene = theLoader->actualLoad(name, outcome);
@@ -348,6 +360,40 @@ csNode* wrlLoadWith(const char* nameOrUrl, const wrlLoadOptions* options, wrlLoa
         return nullptr;
     }
     return load(nameOrUrl, options != nullptr ? *options : defaults, out);
+}
+
+csNode* wrlLoadFromMemory(const char* text, std::size_t length, const char* baseUrl, const wrlLoadOptions* options,
+                          wrlLoadResult* result) {
+    const wrlLoadOptions defaults;
+    wrlLoadResult ignored;
+    wrlLoadResult& out = result != nullptr ? *result : ignored;
+    out = wrlLoadResult();
+    if (text == nullptr) {
+        out.status = WRL_NOT_FOUND;
+        out.reason = kReasonNotFound;
+        return nullptr;
+    }
+    // The text is read as a file of its own, private to this load and gone
+    // with it; its relative names are looked up from `baseUrl`.
+    std::string file = znTmpPath() + kMemoryFilePattern;
+    const int fd = mkstemp(&file[0]);
+    bool written = fd >= 0;
+    for (std::size_t done = 0; written && done < length;) {
+        const ssize_t n = write(fd, text + done, length - done);
+        if (n <= 0) written = false;
+        else done += static_cast<std::size_t>(n);
+    }
+    if (fd >= 0) close(fd);
+    if (!written) {
+        if (fd >= 0) std::remove(file.c_str());
+        out.status = WRL_FAILED;
+        out.reason = kReasonNoTextFile;
+        return nullptr;
+    }
+    const std::string name = baseUrl != nullptr && *baseUrl != '\0' ? baseUrl : kMemoryBaseName;
+    csNode* scene = load(name.c_str(), options != nullptr ? *options : defaults, out, file);
+    std::remove(file.c_str());
+    return scene;
 }
 
 void wrlReleaseWorld(ZN* world) {

@@ -21,6 +21,8 @@ public:
     // How a load went, and what it made.
     struct Outcome {
         bool banner = true;  // in: the banner is printed
+        // in: a local file that the name is read from (a world given as text)
+        std::string standIn;
         wrlLoadStatus status = WRL_FAILED;
         std::string reason;
         // The world of the load, to end with its scene.

@@ -27,6 +27,10 @@ public:
     // The directory on top of the stack, or null. It stays valid for the
     // object's life, also after the entry is popped.
     virtual const char* get_path() = 0;
+    // From now on `url` is read from the local file `localPath`, while the
+    // names in it are still looked up from `url`'s own place: a world given
+    // as text has a place it stands for. A null url forgets it.
+    virtual void readAs(const char* /*url*/, const char* /*localPath*/) {}
 
     virtual ~zn_URL() = default;
 };

@@ -72,6 +72,8 @@ const char* zn_URL_web::getURL(const char* url, int push) {
     }
     std::string work = znResolveURLPath(url ? name.c_str() : nullptr, push, pathStack, znURLAbsoluteRule::kept);
     if (url == nullptr) return nullptr;
+    if (!standInURL.empty() && (name == standInURL || work == standInURL))
+        return znStorePath(standInFile, path, sizeof path);
     // Whatever is formed from here on must fit the path buffer in the end.
     if (!znFitsPathBuffer(work, sizeof path)) return nullptr;
 
@@ -163,6 +165,11 @@ const char* zn_URL_web::gunzip(const char* file) {
     if (!znFitsPathBuffer(target, sizeof path)) return nullptr;
     if (!znUnpackGzip(file, target)) return nullptr;
     return znStorePath(target, path, sizeof path);
+}
+
+void zn_URL_web::readAs(const char* url, const char* localPath) {
+    standInURL = url != nullptr && localPath != nullptr ? url : "";
+    standInFile = url != nullptr && localPath != nullptr ? localPath : "";
 }
 
 int zn_URL_web::fcloseURL(FILE* file, int push) {

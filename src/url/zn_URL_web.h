@@ -24,6 +24,7 @@ public:
     int fcloseURL(FILE* file, int push) override;
     int icloseURL(std::ifstream* stream, int push) override;
     const char* get_path() override;
+    void readAs(const char* url, const char* localPath) override;
 
     // 0 when the file of `url` is in the cache now (found or fetched), -1
     // after a report.
@@ -44,6 +45,9 @@ public:
 private:
     char path[kWebPathBufferSize] = {};  // the last answer of getURL or gunzip
     znURLPathStack pathStack;
+    // The one URL that is read from a local file of its own (readAs).
+    std::string standInURL;
+    std::string standInFile;
 };
 
 // The factory through which a host installs remote access as the browser's

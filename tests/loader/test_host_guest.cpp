@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <string>
 #include <thread>
 #include <vector>
@@ -191,6 +192,36 @@ TEST(HostGuest, LoadsFromTwoThreadsAtOnce) {
     b.join();
     EXPECT_EQ(good[0], 50);
     EXPECT_EQ(good[1], 50);
+}
+
+// A world given as text reads the files it names from the place it stands
+// for, leaves no file behind, and reports under that name.
+TEST(HostGuest, AWorldFromMemoryStandsForItsBaseUrl) {
+    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+    wrltest::TempDir tmp;
+    wrltest::ScopedEnv tmpPath("ZN_TMP_PATH", tmp.path().c_str());
+    wrltest::TempDir dir;
+    dir.write("parts/room.wrl", "#VRML V2.0 utf8\nShape { geometry Sphere { radius 4 } }\n");
+    const std::string text =
+        "#VRML V2.0 utf8\nInline { url \"parts/room.wrl\" }\nGroup { children [ Box { ] }\n";
+    Collected c;
+    wrlLoadOptions options = quiet(c);
+    wrlLoadResult result;
+    const std::string base = dir.path() + "/world.wrl";
+    csRefPtr<csNode> scene(wrlLoadFromMemory(text.data(), text.size(), base.c_str(), &options, &result));
+    ASSERT_NE(scene.get(), nullptr);
+    EXPECT_THAT(wrltest::sceneText(scene.get()), HasSubstr("radius: 4"));
+    EXPECT_EQ(result.status, WRL_PARSE_ERROR);
+    EXPECT_EQ(result.errorFile, base);
+    EXPECT_EQ(result.errorLine, 3);
+    EXPECT_TRUE(std::filesystem::is_empty(tmp.path())) << "the text's own file is gone";
+
+    // Without a base, the text stands for a file in the working directory.
+    wrltest::ScopedDirectory here(dir.path());
+    const std::string plain = "#VRML V2.0 utf8\nInline { url \"parts/room.wrl\" }\n";
+    scene.reset(wrlLoadFromMemory(plain.data(), plain.size(), nullptr, &options, &result));
+    EXPECT_EQ(result.status, WRL_LOADED);
+    EXPECT_THAT(wrltest::sceneText(scene.get()), HasSubstr("radius: 4"));
 }
 
 // The runtime world ends with its scene, unless the host keeps it; the
