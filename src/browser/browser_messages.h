@@ -20,14 +20,6 @@ inline constexpr const char* kFirstDefinitionKey = "00000+%s";
 // Pattern of a name that the database made unique.
 inline constexpr const char* kNumberedName = "%s_%d";
 
-// Reserved mark of an empty multiple value in the system's own output.
-inline constexpr const char* kEmptyListMark = "IZZED";
-// Left in as a trace where that mark reaches the tokenizer.
-inline constexpr const char* kEmptyListTrace = "here";
-
-// Output of one value that does not fit the text buffer is cut there.
-inline constexpr const char* kFieldTextCut = "Field text cut at %d characters\n";
-
 // --- Nodes from the database -------------------------------------------------
 inline constexpr const char* kSkipNodeInvalidType = "Skipping node %s due to invalid NodeType ID.\n";
 inline constexpr const char* kSkipNodeNullType = "Skipping node %s due to NULL NodeType...\n";

@@ -14,6 +14,7 @@
 #include "base/zn_id_table.h"
 #include "base/zn_name_table.h"
 #include "fields/zn_array.h"
+#include "fields/zn_field_text.h"
 
 class znNodeType;
 class znNode;
@@ -32,7 +33,7 @@ struct ResolveStackElem {
     std::string value;
 };
 
-class znBrowserIntern : public znBrowser, public znDatabaseWorld {
+class znBrowserIntern : public znBrowser, public znDatabaseWorld, public znNodeNames {
 public:
     explicit znBrowserIntern(ZN* system);
 
@@ -152,6 +153,12 @@ public:
     void lfvrml2data(_znArray<float>& array, int count, const char* text);
     void lfdata2vrml(_znArray<float>& array, int count, char* out);
 
+    // The names of the world's nodes, for the text of node values
+    // (zn_browser_field_text.cpp). A name that no node has yet is noted as
+    // a forward reference, except while a type is being added.
+    void findNode(const char* name, BaseNode& node) override;
+    const char* nameOf(BaseNode& node) override;
+
 private:
     void clearNodeTables();
     // An ID for a type made at run time that no type has or will be given.
@@ -190,10 +197,7 @@ private:
     std::vector<char*> typeURLs;  // owning, strdup
 };
 
-// Free helpers of the text conversion.
-int nodigits(const char* text);
-char* stringtok(char* text, const char* delimiters);
-char* sz_strtok_r(int count, char* text, const char* delimiters, char** state);
+// The family templates of the text conversion, forwarded to fields/.
 template <class T>
 void mvrml2data(znBrowserIntern* browser, std::vector<T>& list, FieldType elementType, const char* text);
 template <class T>

@@ -23,6 +23,14 @@ inline constexpr const char* kFieldTypeNames[20] = {
 // Printed names of the data kinds 0 to 2, padded to 13 columns.
 inline constexpr const char* kDataTypeNames[3] = {"field        ", "eventOut     ", "eventIn      "};
 
+// Reserved mark of an empty multiple value in the system's own output.
+inline constexpr const char* kEmptyListMark = "IZZED";
+// Left in as a trace where that mark reaches the tokenizer.
+inline constexpr const char* kEmptyListTrace = "here";
+
+// Output of one value that does not fit the text buffer is cut there.
+inline constexpr const char* kFieldTextCut = "Field text cut at %d characters\n";
+
 // A null entry in a printed list of fields.
 inline constexpr const char* kNullFieldLine = "\tNULL";
 

@@ -2,6 +2,8 @@
 // std::from_chars, so a host's locale never changes what a text means, and
 // the big lists of a model are read in one pass without writing into the
 // text or allocating per number.
+#include "fields/zn_field_text.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
@@ -12,13 +14,9 @@
 #include <type_traits>
 #include <vector>
 
-#include "browser/browser_messages.h"
-#include "browser/zn_browser_intern.h"
-#include "fields/zn_exception.h"
-#include "fields/zn_field.h"
-#include "fields/zn_values.h"
 #include "base/zn_reports.h"
-#include "nodes/zn_node.h"
+#include "fields/field_messages.h"
+#include "fields/zn_values.h"
 
 namespace {
 
@@ -177,51 +175,6 @@ bool readInt(const char* p, const char* end, int& out) {
     out = static_cast<int>(static_cast<unsigned int>(value));
     return true;
 }
-
-// --- Bounded output ---------------------------------------------------------
-
-// Writes at most kFieldTextBufferSize - 1 characters and a terminator; the
-// first overflow is reported once and the text is cut there.
-class TextOut {
-public:
-    explicit TextOut(char* out) : at(out), end(out + kFieldTextBufferSize - 1) { *at = '\0'; }
-    ~TextOut() {
-        if (!cut) return;
-        char message[128];
-        std::snprintf(message, sizeof message, kFieldTextCut, kFieldTextBufferSize - 1);
-        znMessage(message);
-    }
-    TextOut(const TextOut&) = delete;
-    TextOut& operator=(const TextOut&) = delete;
-
-    void put(const char* text, size_t n) {
-        size_t room = static_cast<size_t>(end - at);
-        if (n > room) {
-            n = room;
-            cut = true;
-        }
-        std::memcpy(at, text, n);
-        at += n;
-        *at = '\0';
-    }
-    void put(const char* text) { put(text, std::strlen(text)); }
-    // "%f": six decimals, independent of the locale.
-    void fixed(double v) {
-        char buffer[400];
-        auto r = std::to_chars(buffer, buffer + sizeof buffer, v, std::chars_format::fixed, 6);
-        put(buffer, static_cast<size_t>(r.ptr - buffer));
-    }
-    void integer(long long v) {
-        char buffer[32];
-        auto r = std::to_chars(buffer, buffer + sizeof buffer, v);
-        put(buffer, static_cast<size_t>(r.ptr - buffer));
-    }
-
-private:
-    char* at;
-    char* end;
-    bool cut = false;
-};
 
 // Tokens per element of a multiple value.
 int tokensPerElement(FieldType elementType) {
@@ -440,6 +393,27 @@ const char* readPlainElements(std::vector<T>& list, T& temp, int tokens, const c
 
 }  // namespace
 
+// --- Bounded output -----------------------------------------------------------
+
+znTextOut::~znTextOut() {
+    if (!cut) return;
+    char message[128];
+    std::snprintf(message, sizeof message, kFieldTextCut, kFieldTextBufferSize - 1);
+    znMessage(message);
+}
+
+void znTextOut::fixed(double v) {
+    char buffer[400];
+    auto r = std::to_chars(buffer, buffer + sizeof buffer, v, std::chars_format::fixed, 6);
+    put(buffer, static_cast<size_t>(r.ptr - buffer));
+}
+
+void znTextOut::integer(long long v) {
+    char buffer[32];
+    auto r = std::to_chars(buffer, buffer + sizeof buffer, v);
+    put(buffer, static_cast<size_t>(r.ptr - buffer));
+}
+
 // --- Tokenizers --------------------------------------------------------------
 
 int nodigits(const char* text) {
@@ -487,17 +461,7 @@ char* sz_strtok_r(int count, char* text, const char*, char** state) {
     return first;
 }
 
-// --- Text to data --------------------------------------------------------------
-
-void znBrowserIntern::lfvrml2data(_znArray<float>& array, int count, const char* text) {
-    if (!text || count <= 0) return;
-    std::vector<float> slots(static_cast<size_t>(count), 0.0f);
-    for (int i = 0; i < count && i < array.count; ++i) slots[i] = array.data[i];
-    readNumbers(text, text + std::strlen(text), count, slots.data());
-    if (array.count < count) array.resize(count);
-    array.count = count;
-    std::copy(slots.begin(), slots.end(), array.data);
-}
+// --- Single values ---------------------------------------------------------------
 
 namespace {
 // The SFString value of a text: what stands between the first quote and the
@@ -518,6 +482,13 @@ std::string unquote(const char* text) {
     return std::string();
 }
 
+// The texts of images name no nodes.
+class NoNodeNames final : public znNodeNames {
+public:
+    void findNode(const char*, BaseNode& node) override { node = BaseNode(); }
+    const char* nameOf(BaseNode&) override { return nullptr; }
+};
+
 // The end of the token that starts at `p` in a list of strings: past the
 // closing quote of a quoted string, else at the next delimiter.
 const char* stringTokenEnd(const char* p) {
@@ -531,103 +502,107 @@ const char* stringTokenEnd(const char* p) {
 }
 }  // namespace
 
-void znBrowserIntern::vrml2data(void* data, FieldType type, const char* text) {
-    if (!data || !text || !*text || type < kFirstFieldType || type > kLastFieldType) return;
-    const char* end = text + std::strlen(text);
-    switch (type) {
-        case SFBoolType:
-            *static_cast<int*>(data) = std::strstr(text, "TRUE") ? 1 : 0;
-            break;
-        case SFColorType:
-        case SFVec3fType:
-            lfvrml2data(*static_cast<_znArray<float>*>(data), 3, text);
-            break;
-        case SFVec2fType:
-            lfvrml2data(*static_cast<_znArray<float>*>(data), 2, text);
-            break;
-        case SFRotationType:
-            lfvrml2data(*static_cast<_znArray<float>*>(data), 4, text);
-            break;
-        case SFFloatType: {
-            double v;
-            if (readDouble(text, end, v)) *static_cast<float*>(data) = static_cast<float>(v);
-            break;
-        }
-        case SFTimeType: {
-            double v;
-            if (readDouble(text, end, v)) *static_cast<double*>(data) = v;
-            break;
-        }
-        case SFInt32Type: {
-            int v;
-            if (readInt(text, end, v)) *static_cast<int*>(data) = v;
-            break;
-        }
-        case SFStringType:
-            *static_cast<std::string*>(data) = znTerminated(unquote(text));
-            break;
-        case SFNodeType: {
-            BaseNode& target = *static_cast<BaseNode*>(data);
-            while (*text && isBlank(*text)) ++text;
-            if (std::strcmp(text, "NULL") == 0) {
-                target = BaseNode();
-                break;
-            }
-            int nodeID = getNodeID(text);
-            if (nodeID == 0) {
-                if (!addingType) unresolvedReference = 1;
-                target = BaseNode();
-                break;
-            }
-            auto found = nodes.find(nodeID);
-            znNode* node = found != nodes.end() ? found->second : nullptr;
-            if (node && node->getID() != 0)
-                target = *static_cast<BaseNode*>(node);
-            else
-                target = BaseNode();
-            break;
-        }
-        case SFImageType:
-            // Every number of the text belongs to the image, brackets or not.
-            if (std::strchr(text, '[')) {
-                mvrml2data(this, *static_cast<std::vector<int>*>(data), SFInt32Type, text);
-            } else {
-                std::string all = std::string("[") + text;
-                mvrml2data(this, *static_cast<std::vector<int>*>(data), SFInt32Type, all.c_str());
-            }
-            break;
-        case MFColorType:
-            mvrml2data(this, *static_cast<std::vector<_znArray<float>>*>(data), SFColorType, text);
-            break;
-        case MFFloatType:
-            mvrml2data(this, *static_cast<std::vector<float>*>(data), SFFloatType, text);
-            break;
-        case MFInt32Type:
-            mvrml2data(this, *static_cast<std::vector<int>*>(data), SFInt32Type, text);
-            break;
-        case MFNodeType:
-            mvrml2data(this, *static_cast<std::vector<BaseNode>*>(data), SFNodeType, text);
-            break;
-        case MFRotationType:
-            mvrml2data(this, *static_cast<std::vector<_znArray<float>>*>(data), SFRotationType, text);
-            break;
-        case MFStringType:
-            mvrml2string(*static_cast<std::vector<std::string>*>(data), text);
-            break;
-        case MFTimeType:
-            mvrml2data(this, *static_cast<std::vector<double>*>(data), SFTimeType, text);
-            break;
-        case MFVec2fType:
-            mvrml2data(this, *static_cast<std::vector<_znArray<float>>*>(data), SFVec2fType, text);
-            break;
-        case MFVec3fType:
-            mvrml2data(this, *static_cast<std::vector<_znArray<float>>*>(data), SFVec3fType, text);
-            break;
+void znReadBool(int& value, const char* text) { value = std::strstr(text, "TRUE") ? 1 : 0; }
+
+void znWriteBool(int value, znTextOut& out) { out.put(value ? "TRUE" : "FALSE"); }
+
+void znReadInt32(int& value, const char* text) {
+    int v;
+    if (readInt(text, text + std::strlen(text), v)) value = v;
+}
+
+void znWriteInt32(int value, znTextOut& out) { out.integer(value); }
+
+void znReadFloat(float& value, const char* text) {
+    double v;
+    if (readDouble(text, text + std::strlen(text), v)) value = static_cast<float>(v);
+}
+
+void znWriteFloat(float value, znTextOut& out) { out.fixed(value); }
+
+void znReadTime(double& value, const char* text) {
+    double v;
+    if (readDouble(text, text + std::strlen(text), v)) value = v;
+}
+
+void znWriteTime(double value, znTextOut& out) { out.fixed(value); }
+
+void znReadVector(_znArray<float>& value, int count, const char* text) {
+    if (!text || count <= 0) return;
+    std::vector<float> slots(static_cast<size_t>(count), 0.0f);
+    for (int i = 0; i < count && i < value.count; ++i) slots[i] = value.data[i];
+    readNumbers(text, text + std::strlen(text), count, slots.data());
+    if (value.count < count) value.resize(count);
+    value.count = count;
+    std::copy(slots.begin(), slots.end(), value.data);
+}
+
+void znWriteVector(_znArray<float>& value, int count, znTextOut& out) {
+    if (count > value.count) return;
+    for (int i = 0; i < value.count; ++i) {
+        out.fixed(value.data[i]);
+        out.put(" ", 1);
     }
 }
 
+void znReadString(std::string& value, const char* text) { value = znTerminated(unquote(text)); }
+
+void znWriteString(const std::string& value, znTextOut& out) {
+    // Quotes and backslashes are escaped, so that the text reads back to the
+    // same string.
+    out.put("\"", 1);
+    // The stored string ends in a NUL of its own.
+    const std::string_view chars(value.c_str());
+    std::size_t from = 0;
+    for (std::size_t at = chars.find_first_of("\"\\"); at != std::string::npos;
+         at = chars.find_first_of("\"\\", at + 1)) {
+        out.put(chars.data() + from, at - from);
+        out.put("\\", 1);
+        from = at;
+    }
+    out.put(chars.data() + from, chars.size() - from);
+    out.put("\"", 1);
+}
+
+void znReadNode(BaseNode& value, const char* text, znNodeNames& names) {
+    while (*text && isBlank(*text)) ++text;
+    if (std::strcmp(text, "NULL") == 0)
+        value = BaseNode();
+    else
+        names.findNode(text, value);
+}
+
+void znWriteNode(BaseNode& value, znTextOut& out, znNodeNames& names) {
+    if (const char* name = names.nameOf(value)) out.put(name);
+}
+
+void znReadImage(std::vector<int>& value, const char* text) {
+    // Every number of the text belongs to the image, brackets or not.
+    NoNodeNames none;
+    if (std::strchr(text, '[')) {
+        znReadList(value, SFInt32Type, text, none);
+    } else {
+        std::string all = std::string("[") + text;
+        znReadList(value, SFInt32Type, all.c_str(), none);
+    }
+}
+
+void znWriteImage(const std::vector<int>& value, znTextOut& out) {
+    for (size_t i = 0; i < value.size(); ++i) {
+        char buffer[32];
+        int n = std::snprintf(buffer, sizeof buffer, i < 3 ? "%d " : "0x%X ", value[i]);
+        out.put(buffer, static_cast<size_t>(n));
+    }
+}
+
+// --- Multiple values --------------------------------------------------------------
+
+namespace {
+void writeValue(void* data, FieldType type, znTextOut& out, znNodeNames& names);
+}  // namespace
+
 template <class T>
-void mvrml2data(znBrowserIntern* browser, std::vector<T>& list, FieldType elementType, const char* text) {
+void znReadList(std::vector<T>& list, FieldType elementType, const char* text, znNodeNames& names) {
     if (!text) return;
     if (std::strcmp(text, kEmptyListMark) == 0) text = "";
     const int tokens = tokensPerElement(elementType);
@@ -656,7 +631,7 @@ void mvrml2data(znBrowserIntern* browser, std::vector<T>& list, FieldType elemen
         if (hasNonBlank(starts[0], stops[tokens - 1])) {
             if (!fastElement(temp, elementType, starts, stops, tokens)) {
                 elementText(starts, stops, tokens, generic);
-                browser->vrml2data(&temp, elementType, generic.c_str());
+                znReadFieldText(&temp, elementType, generic.c_str(), names);
             }
             appendElement(list, temp);
         }
@@ -664,7 +639,7 @@ void mvrml2data(znBrowserIntern* browser, std::vector<T>& list, FieldType elemen
     }
 }
 
-void mvrml2string(std::vector<std::string>& list, const char* text) {
+void znReadStringList(std::vector<std::string>& list, const char* text) {
     if (!text) return;
     // A list when its text begins with "[": a lone string may hold one.
     while (isBlank(*text)) ++text;
@@ -683,162 +658,113 @@ void mvrml2string(std::vector<std::string>& list, const char* text) {
     }
 }
 
-// --- Data to text ----------------------------------------------------------------
-
-namespace {
-
-void writeFloats(_znArray<float>& array, int count, TextOut& text) {
-    if (count > array.count) return;
-    for (int i = 0; i < array.count; ++i) {
-        text.fixed(array.data[i]);
-        text.put(" ", 1);
-    }
-}
-
-void writeNodeName(znBrowserIntern& browser, BaseNode& node, TextOut& text) {
-    try {
-        znNode* n = browser.getNode(node.getID());
-        if (const char* name = n ? n->getName(nullptr) : nullptr) text.put(name);
-    } catch (znInvalidNodeIDException&) {
-        // A null node writes nothing.
-    }
-}
-
-void writeValue(znBrowserIntern& browser, void* data, FieldType type, TextOut& text);
-
 template <class T>
-void writeList(znBrowserIntern& browser, std::vector<T>& list, FieldType elementType, TextOut& text) {
+void znWriteList(std::vector<T>& list, FieldType elementType, znTextOut& out, znNodeNames& names) {
     if (list.empty()) {
-        text.put("[]", 2);
+        out.put("[]", 2);
         return;
     }
     if (list.size() == 1) {
-        writeValue(browser, &list[0], elementType, text);
+        writeValue(&list[0], elementType, out, names);
         return;
     }
     // The comma stands behind the last element too; readers accept that.
-    text.put("[ ", 2);
+    out.put("[ ", 2);
     for (T& value : list) {
-        writeValue(browser, &value, elementType, text);
-        text.put(", ", 2);
+        writeValue(&value, elementType, out, names);
+        out.put(", ", 2);
     }
-    text.put("]", 1);
+    out.put("]", 1);
 }
 
-void writeValue(znBrowserIntern& browser, void* data, FieldType type, TextOut& text) {
+// --- By field type ------------------------------------------------------------------
+
+void znReadFieldText(void* data, FieldType type, const char* text, znNodeNames& names) {
+    if (!data || !text || !*text || type < kFirstFieldType || type > kLastFieldType) return;
     switch (type) {
-        case SFBoolType:
-            text.put(*static_cast<int*>(data) ? "TRUE" : "FALSE");
-            break;
-        case SFFloatType:
-            text.fixed(*static_cast<float*>(data));
-            break;
-        case SFTimeType:
-            text.fixed(*static_cast<double*>(data));
-            break;
-        case SFInt32Type:
-            text.integer(*static_cast<int*>(data));
-            break;
-        case SFStringType: {
-            // Quotes and backslashes are escaped, so that the text reads back
-            // to the same string.
-            text.put("\"", 1);
-            // The stored string ends in a NUL of its own.
-            const std::string_view value(static_cast<std::string*>(data)->c_str());
-            std::size_t from = 0;
-            for (std::size_t at = value.find_first_of("\"\\"); at != std::string::npos;
-                 at = value.find_first_of("\"\\", at + 1)) {
-                text.put(value.data() + from, at - from);
-                text.put("\\", 1);
-                from = at;
-            }
-            text.put(value.data() + from, value.size() - from);
-            text.put("\"", 1);
-            break;
-        }
+        case SFBoolType: znReadBool(*static_cast<int*>(data), text); break;
         case SFColorType:
-        case SFVec3fType:
-            writeFloats(*static_cast<_znArray<float>*>(data), 3, text);
-            break;
-        case SFVec2fType:
-            writeFloats(*static_cast<_znArray<float>*>(data), 2, text);
-            break;
-        case SFRotationType:
-            writeFloats(*static_cast<_znArray<float>*>(data), 4, text);
-            break;
-        case SFNodeType:
-            writeNodeName(browser, *static_cast<BaseNode*>(data), text);
-            break;
-        case SFImageType: {
-            const auto& numbers = *static_cast<std::vector<int>*>(data);
-            for (size_t i = 0; i < numbers.size(); ++i) {
-                char buffer[32];
-                int n = std::snprintf(buffer, sizeof buffer, i < 3 ? "%d " : "0x%X ", numbers[i]);
-                text.put(buffer, static_cast<size_t>(n));
-            }
-            break;
-        }
+        case SFVec3fType: znReadVector(*static_cast<_znArray<float>*>(data), 3, text); break;
+        case SFVec2fType: znReadVector(*static_cast<_znArray<float>*>(data), 2, text); break;
+        case SFRotationType: znReadVector(*static_cast<_znArray<float>*>(data), 4, text); break;
+        case SFFloatType: znReadFloat(*static_cast<float*>(data), text); break;
+        case SFTimeType: znReadTime(*static_cast<double*>(data), text); break;
+        case SFInt32Type: znReadInt32(*static_cast<int*>(data), text); break;
+        case SFStringType: znReadString(*static_cast<std::string*>(data), text); break;
+        case SFNodeType: znReadNode(*static_cast<BaseNode*>(data), text, names); break;
+        case SFImageType: znReadImage(*static_cast<std::vector<int>*>(data), text); break;
         case MFColorType:
-            writeList(browser, *static_cast<std::vector<_znArray<float>>*>(data), SFColorType, text);
+            znReadList(*static_cast<std::vector<_znArray<float>>*>(data), SFColorType, text, names);
             break;
-        case MFFloatType:
-            writeList(browser, *static_cast<std::vector<float>*>(data), SFFloatType, text);
-            break;
-        case MFInt32Type:
-            writeList(browser, *static_cast<std::vector<int>*>(data), SFInt32Type, text);
-            break;
-        case MFNodeType:
-            writeList(browser, *static_cast<std::vector<BaseNode>*>(data), SFNodeType, text);
-            break;
+        case MFFloatType: znReadList(*static_cast<std::vector<float>*>(data), SFFloatType, text, names); break;
+        case MFInt32Type: znReadList(*static_cast<std::vector<int>*>(data), SFInt32Type, text, names); break;
+        case MFNodeType: znReadList(*static_cast<std::vector<BaseNode>*>(data), SFNodeType, text, names); break;
         case MFRotationType:
-            writeList(browser, *static_cast<std::vector<_znArray<float>>*>(data), SFRotationType, text);
+            znReadList(*static_cast<std::vector<_znArray<float>>*>(data), SFRotationType, text, names);
             break;
-        case MFStringType:
-            writeList(browser, *static_cast<std::vector<std::string>*>(data), SFStringType, text);
-            break;
-        case MFTimeType:
-            writeList(browser, *static_cast<std::vector<double>*>(data), SFTimeType, text);
-            break;
+        case MFStringType: znReadStringList(*static_cast<std::vector<std::string>*>(data), text); break;
+        case MFTimeType: znReadList(*static_cast<std::vector<double>*>(data), SFTimeType, text, names); break;
         case MFVec2fType:
-            writeList(browser, *static_cast<std::vector<_znArray<float>>*>(data), SFVec2fType, text);
+            znReadList(*static_cast<std::vector<_znArray<float>>*>(data), SFVec2fType, text, names);
             break;
         case MFVec3fType:
-            writeList(browser, *static_cast<std::vector<_znArray<float>>*>(data), SFVec3fType, text);
+            znReadList(*static_cast<std::vector<_znArray<float>>*>(data), SFVec3fType, text, names);
             break;
     }
 }
 
+namespace {
+void writeValue(void* data, FieldType type, znTextOut& out, znNodeNames& names) {
+    switch (type) {
+        case SFBoolType: znWriteBool(*static_cast<int*>(data), out); break;
+        case SFFloatType: znWriteFloat(*static_cast<float*>(data), out); break;
+        case SFTimeType: znWriteTime(*static_cast<double*>(data), out); break;
+        case SFInt32Type: znWriteInt32(*static_cast<int*>(data), out); break;
+        case SFStringType: znWriteString(*static_cast<std::string*>(data), out); break;
+        case SFColorType:
+        case SFVec3fType: znWriteVector(*static_cast<_znArray<float>*>(data), 3, out); break;
+        case SFVec2fType: znWriteVector(*static_cast<_znArray<float>*>(data), 2, out); break;
+        case SFRotationType: znWriteVector(*static_cast<_znArray<float>*>(data), 4, out); break;
+        case SFNodeType: znWriteNode(*static_cast<BaseNode*>(data), out, names); break;
+        case SFImageType: znWriteImage(*static_cast<std::vector<int>*>(data), out); break;
+        case MFColorType:
+            znWriteList(*static_cast<std::vector<_znArray<float>>*>(data), SFColorType, out, names);
+            break;
+        case MFFloatType: znWriteList(*static_cast<std::vector<float>*>(data), SFFloatType, out, names); break;
+        case MFInt32Type: znWriteList(*static_cast<std::vector<int>*>(data), SFInt32Type, out, names); break;
+        case MFNodeType: znWriteList(*static_cast<std::vector<BaseNode>*>(data), SFNodeType, out, names); break;
+        case MFRotationType:
+            znWriteList(*static_cast<std::vector<_znArray<float>>*>(data), SFRotationType, out, names);
+            break;
+        case MFStringType:
+            znWriteList(*static_cast<std::vector<std::string>*>(data), SFStringType, out, names);
+            break;
+        case MFTimeType: znWriteList(*static_cast<std::vector<double>*>(data), SFTimeType, out, names); break;
+        case MFVec2fType:
+            znWriteList(*static_cast<std::vector<_znArray<float>>*>(data), SFVec2fType, out, names);
+            break;
+        case MFVec3fType:
+            znWriteList(*static_cast<std::vector<_znArray<float>>*>(data), SFVec3fType, out, names);
+            break;
+    }
+}
 }  // namespace
 
-void znBrowserIntern::lfdata2vrml(_znArray<float>& array, int count, char* out) {
+void znWriteFieldText(void* data, FieldType type, char* out, znNodeNames& names) {
     if (!out) return;
-    TextOut text(out);
-    writeFloats(array, count, text);
-}
-
-// `out` holds kFieldTextBufferSize characters, as every caller's buffer does.
-void znBrowserIntern::data2vrml(void* data, FieldType type, char* out) {
-    if (!out) return;
-    TextOut text(out);
+    znTextOut text(out);
     if (!data || type < kFirstFieldType || type > kLastFieldType) return;
-    writeValue(*this, data, type, text);
+    writeValue(data, type, text, names);
 }
 
-template <class T>
-void mdata2vrml(znBrowserIntern* browser, std::vector<T>& list, FieldType elementType, char* out) {
-    if (!out) return;
-    TextOut text(out);
-    writeList(*browser, list, elementType, text);
-}
-
-template void mvrml2data(znBrowserIntern*, std::vector<int>&, FieldType, const char*);
-template void mvrml2data(znBrowserIntern*, std::vector<float>&, FieldType, const char*);
-template void mvrml2data(znBrowserIntern*, std::vector<double>&, FieldType, const char*);
-template void mvrml2data(znBrowserIntern*, std::vector<_znArray<float>>&, FieldType, const char*);
-template void mvrml2data(znBrowserIntern*, std::vector<BaseNode>&, FieldType, const char*);
-template void mdata2vrml(znBrowserIntern*, std::vector<int>&, FieldType, char*);
-template void mdata2vrml(znBrowserIntern*, std::vector<float>&, FieldType, char*);
-template void mdata2vrml(znBrowserIntern*, std::vector<double>&, FieldType, char*);
-template void mdata2vrml(znBrowserIntern*, std::vector<_znArray<float>>&, FieldType, char*);
-template void mdata2vrml(znBrowserIntern*, std::vector<BaseNode>&, FieldType, char*);
-template void mdata2vrml(znBrowserIntern*, std::vector<std::string>&, FieldType, char*);
+template void znReadList(std::vector<int>&, FieldType, const char*, znNodeNames&);
+template void znReadList(std::vector<float>&, FieldType, const char*, znNodeNames&);
+template void znReadList(std::vector<double>&, FieldType, const char*, znNodeNames&);
+template void znReadList(std::vector<_znArray<float>>&, FieldType, const char*, znNodeNames&);
+template void znReadList(std::vector<BaseNode>&, FieldType, const char*, znNodeNames&);
+template void znWriteList(std::vector<int>&, FieldType, znTextOut&, znNodeNames&);
+template void znWriteList(std::vector<float>&, FieldType, znTextOut&, znNodeNames&);
+template void znWriteList(std::vector<double>&, FieldType, znTextOut&, znNodeNames&);
+template void znWriteList(std::vector<_znArray<float>>&, FieldType, znTextOut&, znNodeNames&);
+template void znWriteList(std::vector<BaseNode>&, FieldType, znTextOut&, znNodeNames&);
+template void znWriteList(std::vector<std::string>&, FieldType, znTextOut&, znNodeNames&);
