@@ -1,7 +1,7 @@
 /*
  * The grammar of the VRML 97 text that the loader accepts. Every semantic
- * decision sits in znParser; the actions call it in order, pass the token
- * texts along and free them.
+ * decision sits in znParser: each action is one call of it, which takes the
+ * token texts it is given and releases them.
  *
  * The empty markers m1 .. m14 run their action in the middle of a
  * production, and several of them (m1, m2, m5 .. m10, m14) set what the
@@ -93,11 +93,11 @@ static void yyerror(void* parser, const char* message) { P->yyerror(message); }
 
 %start vrmlscene
 
-/* Every token text and every field value is a heap string that the actions
-   hand on or free; the ones a parse that stops leaves on its stacks go here. */
-%destructor { std::free($$); } IDENTIFIER SFBOOL SFCOLOR SFFLOAT SFIMAGE SFINT32 SFNODE SFROTATION
-%destructor { std::free($$); } SFSTRING SFTIME SFVEC2F SFVEC3F MFCOLOR MFFLOAT MFINT32 MFROTATION
-%destructor { std::free($$); } MFSTRING MFTIME MFVEC2F MFVEC3F MFNODE fieldValue
+/* Every token text and every field value is a text of the lexer's that the
+   actions hand on; the ones a parse that stops leaves on its stacks go here. */
+%destructor { znReleaseText($$); } IDENTIFIER SFBOOL SFCOLOR SFFLOAT SFIMAGE SFINT32 SFNODE SFROTATION
+%destructor { znReleaseText($$); } SFSTRING SFTIME SFVEC2F SFVEC3F MFCOLOR MFFLOAT MFINT32 MFROTATION
+%destructor { znReleaseText($$); } MFSTRING MFTIME MFVEC2F MFVEC3F MFNODE fieldValue
 
 %%
 
@@ -122,10 +122,7 @@ m1
     ;
 
 nodeDeclaration
-    : IDENTIFIER m1 nodeg {
-        P->endNodeDeclaration();
-        std::free($1);
-    }
+    : IDENTIFIER m1 nodeg { P->endNodeDeclaration($1); }
     ;
 
 m2
@@ -133,15 +130,8 @@ m2
     ;
 
 nodeDeclaration
-    : DEF IDENTIFIER IDENTIFIER m2 nodeg {
-        P->endNodeDeclaration();
-        std::free($3);
-        std::free($2);
-    }
-    | USE IDENTIFIER {
-        P->useNode($2);
-        std::free($2);
-    }
+    : DEF IDENTIFIER IDENTIFIER m2 nodeg { P->endNodeDeclaration($3, $2); }
+    | USE IDENTIFIER { P->useNode($2); }
     ;
 
     /* PROTO name [ interface ] { body } and EXTERNPROTO name [ interface ] urls */
@@ -159,10 +149,7 @@ m4
     ;
 
 proto
-    : PROTO IDENTIFIER m3 '[' interfaceDeclarations ']' m4 '{' declarations '}' {
-        P->endProto();
-        std::free($2);
-    }
+    : PROTO IDENTIFIER m3 '[' interfaceDeclarations ']' m4 '{' declarations '}' { P->endProtoDeclaration($2); }
     ;
 
 m5
@@ -175,9 +162,7 @@ m6
 
 externproto
     : EXTERNPROTO IDENTIFIER '[' externInterfaceDeclarations ']' m5 fieldValue m6 declarations EXTPROTOCREATED {
-        P->finishExternProto();
-        std::free($2);
-        std::free($7);
+        P->finishExternProto($2, $7);
     }
     ;
 
@@ -187,16 +172,8 @@ interfaceDeclarations
     ;
 
 interfaceDeclaration
-    : EVENTIN IDENTIFIER IDENTIFIER {
-        P->addEventIn($2, $3);
-        std::free($2);
-        std::free($3);
-    }
-    | EVENTOUT IDENTIFIER IDENTIFIER {
-        P->addEventOut($2, $3);
-        std::free($2);
-        std::free($3);
-    }
+    : EVENTIN IDENTIFIER IDENTIFIER { P->declareEvent(EVENTIN, $2, $3); }
+    | EVENTOUT IDENTIFIER IDENTIFIER { P->declareEvent(EVENTOUT, $2, $3); }
     ;
 
 m7
@@ -204,11 +181,7 @@ m7
     ;
 
 interfaceDeclaration
-    : FIELD IDENTIFIER IDENTIFIER m7 fieldValue {
-        P->setProtoField($3, $5);
-        std::free($2);
-        std::free($3);
-    }
+    : FIELD IDENTIFIER IDENTIFIER m7 fieldValue { P->declareProtoField($2, $3, $5); }
     ;
 
 m8
@@ -216,11 +189,7 @@ m8
     ;
 
 interfaceDeclaration
-    : EXPOSEDFIELD IDENTIFIER IDENTIFIER m8 fieldValue {
-        P->setProtoField($3, $5);
-        std::free($2);
-        std::free($3);
-    }
+    : EXPOSEDFIELD IDENTIFIER IDENTIFIER m8 fieldValue { P->declareProtoField($2, $3, $5); }
     ;
 
     /* The interface of an EXTERNPROTO is the one its file declares; the
@@ -231,37 +200,15 @@ externInterfaceDeclarations
     ;
 
 externInterfaceDeclaration
-    : EVENTIN IDENTIFIER IDENTIFIER {
-        P->addExternInterface(EVENTIN, $2, $3);
-        std::free($2);
-        std::free($3);
-    }
-    | EVENTOUT IDENTIFIER IDENTIFIER {
-        P->addExternInterface(EVENTOUT, $2, $3);
-        std::free($2);
-        std::free($3);
-    }
-    | FIELD IDENTIFIER IDENTIFIER {
-        P->addExternInterface(FIELD, $2, $3);
-        std::free($2);
-        std::free($3);
-    }
-    | EXPOSEDFIELD IDENTIFIER IDENTIFIER {
-        P->addExternInterface(EXPOSEDFIELD, $2, $3);
-        std::free($2);
-        std::free($3);
-    }
+    : EVENTIN IDENTIFIER IDENTIFIER { P->addExternInterface(EVENTIN, $2, $3); }
+    | EVENTOUT IDENTIFIER IDENTIFIER { P->addExternInterface(EVENTOUT, $2, $3); }
+    | FIELD IDENTIFIER IDENTIFIER { P->addExternInterface(FIELD, $2, $3); }
+    | EXPOSEDFIELD IDENTIFIER IDENTIFIER { P->addExternInterface(EXPOSEDFIELD, $2, $3); }
     ;
 
     /* ROUTE node.field TO node.field */
 routeDeclaration
-    : ROUTE IDENTIFIER '.' IDENTIFIER TO IDENTIFIER '.' IDENTIFIER {
-        P->declareRoute($2, $4, $6, $8);
-        std::free($2);
-        std::free($4);
-        std::free($6);
-        std::free($8);
-    }
+    : ROUTE IDENTIFIER '.' IDENTIFIER TO IDENTIFIER '.' IDENTIFIER { P->declareRoute($2, $4, $6, $8); }
     ;
 
     /* The body of a node. The lexer reads the whole body of an unknown
@@ -291,25 +238,11 @@ m9
     ;
 
 nodeGut
-    : IDENTIFIER m9 fieldValue {
-        P->setFieldValue($3);
-        P->exitField();
-        std::free($1);
-    }
+    : IDENTIFIER m9 fieldValue { P->endField($1, $3); }
     | routeDeclaration
     | protoDeclaration
-    | EVENTIN IDENTIFIER IDENTIFIER {
-        P->inScript();
-        P->addEventIn($2, $3);
-        std::free($2);
-        std::free($3);
-    }
-    | EVENTOUT IDENTIFIER IDENTIFIER {
-        P->inScript();
-        P->addEventOut($2, $3);
-        std::free($2);
-        std::free($3);
-    }
+    | EVENTIN IDENTIFIER IDENTIFIER { P->declareScriptEvent(EVENTIN, $2, $3); }
+    | EVENTOUT IDENTIFIER IDENTIFIER { P->declareScriptEvent(EVENTOUT, $2, $3); }
     ;
 
 m10
@@ -317,23 +250,9 @@ m10
     ;
 
 nodeGut
-    : FIELD IDENTIFIER IDENTIFIER m10 fieldValue {
-        P->setField($5);
-        std::free($2);
-        std::free($3);
-    }
-    | EVENTIN IDENTIFIER IDENTIFIER IS IDENTIFIER {
-        P->addScriptEventIS(EVENTIN, $2, $3, $5);
-        std::free($2);
-        std::free($3);
-        std::free($5);
-    }
-    | EVENTOUT IDENTIFIER IDENTIFIER IS IDENTIFIER {
-        P->addScriptEventIS(EVENTOUT, $2, $3, $5);
-        std::free($2);
-        std::free($3);
-        std::free($5);
-    }
+    : FIELD IDENTIFIER IDENTIFIER m10 fieldValue { P->endScriptField($2, $3, $5); }
+    | EVENTIN IDENTIFIER IDENTIFIER IS IDENTIFIER { P->addScriptEventIS(EVENTIN, $2, $3, $5); }
+    | EVENTOUT IDENTIFIER IDENTIFIER IS IDENTIFIER { P->addScriptEventIS(EVENTOUT, $2, $3, $5); }
     ;
 
     /* A field value: one token whose text the lexer read, or nodes. */
@@ -363,10 +282,7 @@ m11
     ;
 
 fieldValue
-    : SFNODE m11 nodeDeclaration {
-        std::free($1);
-        $$ = P->endSFNodeValue();
-    }
+    : SFNODE m11 nodeDeclaration { $$ = P->endSFNodeValue($1); }
     | SFNODE SFN_NULL
     | MFNODE SFN_NULL
     ;
@@ -376,24 +292,10 @@ m12
     ;
 
 fieldValue
-    : MFNODE m12 mfnodeValue {
-        std::free($1);
-        $$ = P->endMFNodeValue();
-    }
-    | IS IDENTIFIER {
-        $$ = P->fieldIS($2);
-        std::free($2);
-    }
-    | SFNODE IS IDENTIFIER {
-        $$ = P->fieldIS($3);
-        std::free($1);
-        std::free($3);
-    }
-    | MFNODE IS IDENTIFIER {
-        $$ = P->fieldIS($3);
-        std::free($1);
-        std::free($3);
-    }
+    : MFNODE m12 mfnodeValue { $$ = P->endMFNodeValue($1); }
+    | IS IDENTIFIER { $$ = P->fieldIS($2); }
+    | SFNODE IS IDENTIFIER { $$ = P->fieldIS($3, $1); }
+    | MFNODE IS IDENTIFIER { $$ = P->fieldIS($3, $1); }
     ;
 
 m13
@@ -420,11 +322,7 @@ m14
     ;
 
 nodeGut
-    : EXPOSEDFIELD IDENTIFIER IDENTIFIER m14 fieldValue {
-        P->setField($5);
-        std::free($2);
-        std::free($3);
-    }
+    : EXPOSEDFIELD IDENTIFIER IDENTIFIER m14 fieldValue { P->endScriptField($2, $3, $5); }
     ;
 
     /* The value of a field its node does not have, passed over whole by

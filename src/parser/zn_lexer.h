@@ -21,8 +21,27 @@ struct znScanError {
 
 // An exhausted allocation: throws std::bad_alloc, which ends the load.
 [[noreturn]] void znParserOutOfMemory();
-// A heap copy of `text`, for token values that the grammar frees.
+// A heap copy of `text`, for token values that the grammar hands on.
 char* znCopyText(const char* text);
+// The end of a token text that znCopyText or the lexer made; null is none.
+void znReleaseText(char* text);
+
+// The token texts that one grammar action hands over, released when the
+// action's call returns.
+class znTokenTexts {
+public:
+    template <class... Texts>
+    explicit znTokenTexts(Texts... given) : texts{given...}, count(sizeof...(given)) {}
+    ~znTokenTexts() {
+        for (int i = 0; i < count; ++i) znReleaseText(texts[i]);
+    }
+    znTokenTexts(const znTokenTexts&) = delete;
+    znTokenTexts& operator=(const znTokenTexts&) = delete;
+
+private:
+    char* texts[4];
+    int count;
+};
 
 class zn_Lexer : public yyFlexLexer {
 public:

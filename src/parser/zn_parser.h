@@ -129,6 +129,8 @@ public:
     zn_Lexer* getLexer() { return lexer; }
 
     // --- what the grammar's actions call (zn_parser_grammar.cpp) ---
+    // Each action is one of these calls. The token texts passed as `char*`
+    // are the lexer's, handed over with the call, which releases them.
 
     // A node's start: its type, and its DEF name when it has one. A node of
     // an unknown type is reported, once per type and file, and skipped.
@@ -136,35 +138,43 @@ public:
     void enterDefNode(const char* defName, const char* type);
     // A node's end: nodeNameBuffer names it, or is kNoNode when it was
     // skipped.
-    void endNodeDeclaration();
-    void useNode(const char* defName);
+    void endNodeDeclaration(char* type, char* defName = nullptr);
+    void useNode(char* defName);
     // A field or event of the node being read: its name, then its value
     // (owned from here on) or the PROTO field it IS.
     void enterField(const char* name);
+    void endField(char* name, char* value);
     void setFieldValue(const char* value);
     void exitField();
-    // The value text of a field bound by IS.
-    char* fieldIS(const char* protoField);
+    // The value text of a field bound by IS; `keyword` is the SFNode or
+    // MFNode token in front of the IS, if there was one.
+    char* fieldIS(char* protoField, char* keyword = nullptr);
     // Node-valued fields; the finished value texts are the caller's.
     void enterNodeValue();
-    char* endSFNodeValue();
+    char* endSFNodeValue(char* keyword);
     void enterMFNodeValue();
-    char* endMFNodeValue();
+    char* endMFNodeValue(char* keyword);
     void openMFNodeList();
     void closeMFNodeList();
     void singleMFNode();
     void appendMFNode();
     void appendMFNodeNull();
+    // The interface of a PROTO; `kind` is the token of the keyword.
+    void declareEvent(int kind, char* type, char* name);
+    void declareProtoField(char* type, char* name, char* value);
+    void endProtoDeclaration(char* name);
     // Declarations inside a Script node.
     void beginScriptField(const char* type, const char* name);
     void beginScriptExposedField(const char* type, const char* name);
-    void addScriptEventIS(int kind, const char* type, const char* name, const char* protoField);
+    void endScriptField(char* type, char* name, char* value);
+    void declareScriptEvent(int kind, char* type, char* name);
+    void addScriptEventIS(int kind, char* type, char* name, char* protoField);
     // An interface item of the EXTERNPROTO being declared; `kind` is the
     // token of its keyword.
-    void addExternInterface(int kind, const char* type, const char* name);
-    // The end of an EXTERNPROTO declaration.
-    void finishExternProto();
-    void declareRoute(const char* fromNode, const char* fromField, const char* toNode, const char* toField);
+    void addExternInterface(int kind, char* type, char* name);
+    // The end of an EXTERNPROTO declaration, with its name and URL list.
+    void finishExternProto(char* name, char* urls);
+    void declareRoute(char* fromNode, char* fromField, char* toNode, char* toField);
 
     // --- semantic methods (zn_parser_actions.cpp) ---
 

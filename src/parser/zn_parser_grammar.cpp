@@ -37,7 +37,8 @@ void znParser::enterDefNode(const char* defName, const char* type) {
     setName(makeDefName(defName, counter, 'd'));
 }
 
-void znParser::endNodeDeclaration() {
+void znParser::endNodeDeclaration(char* type, char* defName) {
+    const znTokenTexts texts(type, defName);
     if (!skippingNode) {
         getName();
         exitNode();
@@ -52,7 +53,8 @@ void znParser::endNodeDeclaration() {
     flushPendingRoutes();
 }
 
-void znParser::useNode(const char* defName) {
+void znParser::useNode(char* defName) {
+    const znTokenTexts texts(defName);
     // The 'u' form of a DEF'ed name; an unknown name goes on as it stands
     // at the top of the file, and is no node inside a field, where it would
     // take the whole value with it.
@@ -69,23 +71,31 @@ void znParser::useNode(const char* defName) {
 
 // --- field values -----------------------------------------------------------
 
+void znParser::endField(char* name, char* value) {
+    const znTokenTexts texts(name);
+    setFieldValue(value);
+    exitField();
+}
+
 void znParser::setFieldValue(const char* value) {
     // Outside its PROTOs, a file read for an EXTERNPROTO only passes by.
     if (externProtoDepth == 0 || protoDepth != 0) {
         setField(value);
     } else {
-        std::free(const_cast<char*>(value));
+        znReleaseText(const_cast<char*>(value));
     }
 }
 
-char* znParser::fieldIS(const char* protoField) {
+char* znParser::fieldIS(char* protoField, char* keyword) {
+    const znTokenTexts texts(protoField, keyword);
     setFieldIS(protoField);
     return znCopyText(kISMarker);
 }
 
 void znParser::enterNodeValue() { ++fieldNestingCount(); }
 
-char* znParser::endSFNodeValue() {
+char* znParser::endSFNodeValue(char* keyword) {
+    const znTokenTexts texts(keyword);
     --fieldNestingCount();
     return znCopyText(nodeNameBuffer.c_str());
 }
@@ -95,7 +105,8 @@ void znParser::enterMFNodeValue() {
     ++fieldNestingCount();
 }
 
-char* znParser::endMFNodeValue() {
+char* znParser::endMFNodeValue(char* keyword) {
+    const znTokenTexts texts(keyword);
     char* value = znCopyText(mfNodeStack.empty() ? "" : mfNodeStack.back().c_str());
     if (!mfNodeStack.empty()) mfNodeStack.pop_back();
     --fieldNestingCount();
@@ -120,6 +131,26 @@ void znParser::appendMFNode() {
 
 void znParser::appendMFNodeNull() { mfNodeStack.back() += "NULL,"; }
 
+// --- PROTO interfaces ---------------------------------------------------------
+
+void znParser::declareEvent(int kind, char* type, char* name) {
+    const znTokenTexts texts(type, name);
+    if (kind == EVENTIN)
+        addEventIn(type, name);
+    else
+        addEventOut(type, name);
+}
+
+void znParser::declareProtoField(char* type, char* name, char* value) {
+    const znTokenTexts texts(type, name);
+    setProtoField(name, value);
+}
+
+void znParser::endProtoDeclaration(char* name) {
+    const znTokenTexts texts(name);
+    endProto();
+}
+
 // --- Script declarations ----------------------------------------------------
 
 void znParser::beginScriptField(const char* type, const char* name) {
@@ -134,7 +165,18 @@ void znParser::beginScriptExposedField(const char* type, const char* name) {
     enterField(name);
 }
 
-void znParser::addScriptEventIS(int kind, const char* type, const char* name, const char* protoField) {
+void znParser::endScriptField(char* type, char* name, char* value) {
+    const znTokenTexts texts(type, name);
+    setField(value);
+}
+
+void znParser::declareScriptEvent(int kind, char* type, char* name) {
+    inScript();
+    declareEvent(kind, type, name);
+}
+
+void znParser::addScriptEventIS(int kind, char* type, char* name, char* protoField) {
+    const znTokenTexts texts(type, name, protoField);
     inScript();
     if (kind == EVENTIN) {
         addEventIn(type, name);
@@ -147,7 +189,8 @@ void znParser::addScriptEventIS(int kind, const char* type, const char* name, co
 
 // --- EXTERNPROTO ------------------------------------------------------------
 
-void znParser::addExternInterface(int kind, const char* type, const char* name) {
+void znParser::addExternInterface(int kind, char* type, char* name) {
+    const znTokenTexts texts(type, name);
     if (!pendingExternInterface) pendingExternInterface = std::make_unique<VrmlNodeType>("", this);
     const int token = fieldType(type);
     if (token == 0) return;
@@ -160,7 +203,8 @@ void znParser::addExternInterface(int kind, const char* type, const char* name) 
     }
 }
 
-void znParser::finishExternProto() {
+void znParser::finishExternProto(char* name, char* urls) {
+    const znTokenTexts texts(name, urls);
     if (externStack.empty()) return;
     ExternDeclaration declaration = std::move(externStack.back());
     externStack.pop_back();
@@ -185,7 +229,8 @@ void znParser::defineUnresolvedExtern(ExternDeclaration& declaration) {
 
 // --- ROUTE ------------------------------------------------------------------
 
-void znParser::declareRoute(const char* fromNode, const char* fromField, const char* toNode, const char* toField) {
+void znParser::declareRoute(char* fromNode, char* fromField, char* toNode, char* toField) {
+    const znTokenTexts texts(fromNode, fromField, toNode, toField);
     // Outside its PROTOs, a file read for an EXTERNPROTO only passes by.
     if (externProtoDepth != 0 && protoDepth == 0) return;
     // A DEF'ed node is named in its 'd' form; an unknown name goes on as it
