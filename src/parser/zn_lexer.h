@@ -65,7 +65,18 @@ public:
     // process.
     void LexerError(const char* message) override;
 
+    // What the parser tells the lexer: the type token (271..290) of the
+    // value to read next, 0 for none.
+    void expect(int token) { expectToken = token; }
+    int expected() const { return expectToken; }
+    // The line being read, counted from 1; the reference stays valid for
+    // the lexer's life, for reports that quote the line as it moves on.
+    const int& lineNumber() const { return currentLine; }
+    void setLineNumber(int line) { currentLine = line; }
     void yyResetLineNumber();
+    // The input of the parse failed to read; cleared when a parse begins.
+    bool inputFailed() const { return inputFailedFlag != 0; }
+    void beginInput(std::istream* input);
     // Appends one list item and a comma to the list buffer; answers the
     // buffer, which may have moved.
     char* dynstrcat(char* buffer, const char* text);
@@ -110,6 +121,9 @@ private:
 
     znParser* parser;                 // back pointer to the owning parser
     char** lvalue = nullptr;          // borrowed: the parser's semantic-value cell
+    int expectToken = 0;
+    int currentLine = 1;
+    int inputFailedFlag = 0;
     // The list being read, owned here until its "]" hands it to the grammar.
     char* listBuffer = nullptr;
     std::uint32_t listLength = 0;

@@ -62,12 +62,15 @@ int znParser::call_yylex(void* lvalue) { return lexer->yylex(lvalue); }
 void znParser::yyerror(const char* message) {
     const char* text = lexer->YYText();
     const std::string scanned = text != nullptr ? std::string(text).substr(0, kErrorTextLength) : std::string();
-    znAlert(znParserFormat(kErrorReport, currentFilename.c_str(), currentLine, message, scanned.c_str()).c_str());
-    znSyntaxError(currentFilename.c_str(), currentLine, message, scanned.c_str());
-    expectToken = 0;
+    const int line = lexer->lineNumber();
+    znAlert(znParserFormat(kErrorReport, currentFilename.c_str(), line, message, scanned.c_str()).c_str());
+    znSyntaxError(currentFilename.c_str(), line, message, scanned.c_str());
+    lexer->expect(0);
 }
 
-void znParser::expect(int token) { expectToken = token; }
+void znParser::expect(int token) { lexer->expect(token); }
+
+int znParser::currentLine() const { return lexer->lineNumber(); }
 
 int znParser::fieldType(const char* type) {
     if (type != nullptr) {
@@ -148,7 +151,7 @@ void znParser::beginExternProto(const char* name, const char* urlList) {
     info.created = 0;
     info.failed = 0;
     info.savedFilename = znCopyText(currentFilename.c_str());
-    info.savedLine = currentLine;
+    info.savedLine = currentLine();
     declaration.levelOpened = true;
     externStack.push_back(std::move(declaration));
     if (!lexer->push_buffer()) {
@@ -168,6 +171,47 @@ void znParser::reportExternMiss() {
     }
 }
 
+bool znParser::takeExternProtoEnd() {
+    if (externRefused) {
+        // An EXTERNPROTO that opened no level ends at once.
+        externRefused = 0;
+        return true;
+    }
+    extProtoInfo& info = externInfo[externProtoDepth];
+    if (!info.created) return false;
+    info.created = 0;
+    return true;
+}
+
+void znParser::externFileEnded() { externInfo[externProtoDepth].failed = 1; }
+
+void znParser::protoKeywordSeen(const char* name) {
+    extProtoInfo& info = externInfo[externProtoDepth];
+    if (info.fragment == nullptr || std::strcmp(name, info.fragment) == 0) info.wanted = 1;
+}
+
+std::istream* znParser::openNextExternInput() {
+    extProtoInfo& info = externInfo[externProtoDepth];
+    while (info.urlIndex < static_cast<int>(info.urls.size())) {
+        std::string url = info.urls[info.urlIndex];
+        std::free(info.fragment);
+        info.fragment = nullptr;
+        const std::size_t hash = url.find('#');
+        if (hash != std::string::npos) {
+            info.fragment = znCopyText(url.c_str() + hash + 1);
+            url.resize(hash);
+        }
+        currentFilename = url;
+        lexer->yyResetLineNumber();
+        std::istream* input = openExternInput(url.c_str());
+        info.urlIndex++;
+        if (input != nullptr && input->good()) return input;
+        if (input != nullptr) closeExternInput(input);
+        znAlert(znParserFormat(kExternProtoOpenFailed, url.c_str()).c_str());
+    }
+    return nullptr;
+}
+
 void znParser::endStandIn() {
     if (externProtoDepth <= 0) return;
     extProtoInfo& info = externInfo[externProtoDepth];
@@ -183,7 +227,7 @@ void znParser::endExternProto() {
     currentFilename = info.savedFilename != nullptr ? info.savedFilename : "";
     std::free(info.savedFilename);
     info.savedFilename = nullptr;
-    currentLine = info.savedLine;
+    lexer->setLineNumber(info.savedLine);
     std::free(info.name);
     info.name = nullptr;
     std::free(info.fragment);

@@ -110,7 +110,7 @@ public:
     // Forwards to the lexer; all that yyparse knows of it.
     int call_yylex(void* lvalue);
     // Reports an error of the parse at the current line and clears
-    // expectToken; it stops nothing by itself.
+    // the lexer's expected token; it stops nothing by itself.
     void yyerror(const char* message);
     // The type token (271..290) the lexer reads the next value as; 0 for none.
     void expect(int token);
@@ -207,21 +207,32 @@ public:
     // The name a node value gets when its declaration made no node.
     static constexpr const char* kNoNode = "NULL";
 
-    // Inputs of EXTERNPROTO reads, opened and closed for the lexer. `save`
-    // keeps the file's directory for relative names inside it.
-    std::istream* openExternInput(const char* url, int save);
-    void closeExternInput(std::istream* input, int save);
+    // --- what the lexer asks of the parse (zn_parser.cpp) ---
 
-    // --- cells of the parse, read and written by the grammar and the lexer ---
+    bool isSkippingNode() const { return skippingNode != 0; }
+    bool readingExternFile() const { return externProtoDepth != 0; }
+    // True once when the EXTERNPROTO being read has ended: its PROTO was
+    // made, no URL of it opened, or it opened no level at all.
+    bool takeExternProtoEnd();
+    // A file read for an EXTERNPROTO ended without the PROTO sought.
+    void externFileEnded();
+    // "PROTO name" stands in a file read for an EXTERNPROTO.
+    void protoKeywordSeen(const char* name);
+    // The next URL of the current EXTERNPROTO that opens, as the current
+    // file; null when none is left, each failure alerted.
+    std::istream* openNextExternInput();
+    // Inputs of EXTERNPROTO reads; with ZN_EP_PATHSAVE set, an open keeps
+    // the file's directory for relative names inside it.
+    std::istream* openExternInput(const char* url);
+    void closeExternInput(std::istream* input);
+    // The line the lexer stands on.
+    int currentLine() const;
+
+    // --- cells of the parse ---
 
     int fieldNesting[kMaxProtoDepth] = {};
-    int expectToken = 0;
-    int currentLine = 1;
     std::string currentFilename;
     int skippingNode = 0;
-    // The input of the parse failed to read: the parse failed, whatever the
-    // grammar made of what came before.
-    int inputFailed = 0;
     int protoDepth = 0;
     int externProtoDepth = 0;
     extProtoInfo externInfo[kMaxExternDepth + 1];
@@ -287,6 +298,8 @@ private:
     std::vector<RouteInfo*> pendingRoutes;  // owning
     int readingNodeSupport = 0;
     int browserType = 0;
+    // ZN_EP_PATHSAVE as the parse run found it.
+    int savePaths = 0;
     int outputFlag = 0;
     // Both grow at the front; a null entry marks where a scope begins.
     std::list<VrmlNodeType*> typeNameSpace;      // owning

@@ -147,7 +147,7 @@ void znParser::enterNode(const char* type) {
     const bool reported = t == nullptr && reportedUnknownTypes.contains(typeName);
     while (t == nullptr && !reported) {
         const znPromptAnswer answer =
-            znPrompt(znParserFormat(kUnknownTypePrompt, typeName.c_str(), currentLine).c_str());
+            znPrompt(znParserFormat(kUnknownTypePrompt, typeName.c_str(), currentLine()).c_str());
         if (!answer.answered) break;
         typeName = answer.name;
         t = findType(typeName.c_str());
@@ -157,7 +157,7 @@ void znParser::enterNode(const char* type) {
             znMessage(znParserFormat(kUnknownTypeSkipped, typeName.c_str()).c_str());
             reportedUnknownTypes.insert(type != nullptr ? type : "", 0);
         }
-        expectToken = 0;
+        expect(0);
         skippingNode = 1;
         return;
     }

@@ -107,21 +107,23 @@ void znParser::setCurrentFilename(const char* name) {
 
 int znParser::runParse(std::istream& input, const char* filename) {
     setCurrentFilename(filename);
-    currentLine = 1;
-    const znReportPosition position(currentFilename, currentLine);
+    lexer->yyResetLineNumber();
+    const znReportPosition position(currentFilename, lexer->lineNumber());
+    // Whether EXTERNPROTO reads keep their files' directories is the
+    // environment's word, taken once for the parse.
+    savePaths = std::getenv("ZN_EP_PATHSAVE") != nullptr ? 1 : 0;
     skipByteOrderMark(input);
     reportedUnknownTypes.clear();
     reportedUnknownFields.clear();
     skippedDefs.clear();
-    lexer->switch_streams(&input, &std::cerr);
-    inputFailed = 0;
+    lexer->beginInput(&input);
     int result = 1;
     try {
         result = yyparse(this);
     } catch (const znScanError& error) {
         yyerror(error.message);
     }
-    if (inputFailed) result = 1;
+    if (lexer->inputFailed()) result = 1;
     if (result != 0) znParseFailed();
     // A parse that stopped inside a file read for an EXTERNPROTO goes back
     // to the file it began with.
@@ -150,7 +152,7 @@ int znParser::parseSystemInput(std::istream& input, const char* filename) {
     readingNodeSupport = 1;
     const int result = runParse(input, filename);
     readingNodeSupport = 0;
-    currentLine = 1;
+    lexer->yyResetLineNumber();
     return result;
 }
 
@@ -224,7 +226,7 @@ int znParser::ParseURL(const char* url) {
     const int result = runParse(*stream, name);
     if (result != 0) znAlert(kUnableToParse);
     urlInterface->icloseURL(stream, 1);
-    currentLine = 1;
+    lexer->yyResetLineNumber();
     // Every PROTO and node of the file leaves the name space; the database
     // keeps what it received.
     popNameSpace();
@@ -234,11 +236,11 @@ int znParser::ParseURL(const char* url) {
     return 1;
 }
 
-std::istream* znParser::openExternInput(const char* url, int save) {
+std::istream* znParser::openExternInput(const char* url) {
     if (urlInterface == nullptr) return nullptr;
-    std::ifstream* stream = urlInterface->iopenURL(url, save);
+    std::ifstream* stream = urlInterface->iopenURL(url, savePaths);
     if (stream == nullptr || !stream->good()) {
-        urlInterface->icloseURL(stream, save);
+        urlInterface->icloseURL(stream, savePaths);
         delete stream;
         return nullptr;
     }
@@ -246,9 +248,9 @@ std::istream* znParser::openExternInput(const char* url, int save) {
     return stream;
 }
 
-void znParser::closeExternInput(std::istream* input, int save) {
+void znParser::closeExternInput(std::istream* input) {
     auto* stream = dynamic_cast<std::ifstream*>(input);
     if (stream == nullptr || urlInterface == nullptr) return;
-    urlInterface->icloseURL(stream, save);
+    urlInterface->icloseURL(stream, savePaths);
     delete stream;
 }

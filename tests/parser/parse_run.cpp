@@ -149,7 +149,7 @@ ParseRun parseText(const std::string& source, const ParseOptions& options) {
     std::istringstream input(source);
     testing::internal::CaptureStderr();
     run.result = parser.parseInput(input, "test.wrl");
-    run.lineAtEnd = parser.currentLine;
+    run.lineAtEnd = parser.currentLine();
     std::cerr.flush();
     run.errors = testing::internal::GetCapturedStderr();
     yydebug = 0;
