@@ -1,11 +1,18 @@
-// Copies of texts into fixed buffers, cut to fit. These run for every name
-// of every node of a world, so they do without the formatted-output
-// machinery.
+// Texts: formatted messages, and copies of texts into fixed buffers, cut to
+// fit. The copies run for every name of every node of a world, so they do
+// without the formatted-output machinery.
 #ifndef ZN_TEXT_H
 #define ZN_TEXT_H
 
+#include <cstdarg>
 #include <cstddef>
 #include <cstring>
+#include <string>
+
+// `format` filled from `args`, whatever its length: the messages that quote
+// names and values of any size.
+std::string znFormatText(const char* format, va_list args);
+std::string znFormatText(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
 // Copies `text` (null counts as empty) into `out`, cut to size - 1
 // characters and terminated. Answers the length of `text`, so that a

@@ -188,7 +188,7 @@ int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
         } else if (d->fieldType == kSFNodeType && nodeName && d->value[0] != '\0') {
             const std::size_t length = std::strlen(d->value);
             data->value = static_cast<char*>(std::malloc(length + 13));
-            if (data->value == nullptr) znParserOutOfMemory();
+            if (data->value == nullptr) znOutOfMemory();
             std::memcpy(data->value, d->value, length);
             data->value[length] = '_';
             *znWriteDecimal(data->value + length + 1, instanceNumber) = '\0';
@@ -235,7 +235,7 @@ char* znDatabaseIntern::addSuffix(const char* names, int suffix) {
     }
     const size_t size = std::strlen(text) + words * static_cast<size_t>(digits) + 3;
     char* out = static_cast<char*>(std::malloc(size));
-    if (out == nullptr) znParserOutOfMemory();
+    if (out == nullptr) znOutOfMemory();
     char* end = out;
     *end++ = '[';
     for (const char* p = text; *p != '\0';) {

@@ -1,23 +1,12 @@
 // _znArray, the owning pointer-and-count array of colours, vectors and
-// rotations, and the out-of-memory rule of the container layer.
+// rotations.
 #ifndef ZN_ARRAY_H
 #define ZN_ARRAY_H
 
 #include <algorithm>
 #include <new>
 
-// Exhausted memory in a container: throws std::bad_alloc, which ends the
-// load that ran out (the loader reports "out of memory"); the process and
-// the host's own handlers are left alone.
-[[noreturn]] void znOutOfMemory();
-
-// Allocates `n` elements, or throws std::bad_alloc.
-template <class T>
-T* znAllocate(int n) {
-    T* p = new (std::nothrow) T[n > 0 ? n : 1]();
-    if (!p) znOutOfMemory();
-    return p;
-}
+#include "base/zn_memory.h"
 
 // Up to four elements (a colour, a vector, a rotation) live inside the
 // object: a mesh holds millions of them, and one allocation each would cost

@@ -7,8 +7,6 @@
 
 #include "fields/zn_field.h"
 
-void znOutOfMemory() { throw std::bad_alloc(); }
-
 Field* Field::valueSide(znField* f) { return f != nullptr ? f->ownValue() : nullptr; }
 
 std::string znTerminated(std::string text) {

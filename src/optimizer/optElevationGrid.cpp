@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "base/zn_text.h"
 #include "csAppearance.h"
 #include "base/zn_reports.h"
 #include "optimizer/opt_face_builder.h"
 #include "optimizer/opt_geometry.h"
 #include "optimizer/optimizer_messages.h"
-#include "url/zn_URL_pathstack.h"
 #include "vrmlnodes/Color.h"
 #include "vrmlnodes/Normal.h"
 #include "vrmlnodes/TextureCoordinate.h"

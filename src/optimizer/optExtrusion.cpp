@@ -5,13 +5,13 @@
 #include <cmath>
 #include <vector>
 
+#include "base/zn_text.h"
 #include "csMatrix4f.h"
 #include "base/zn_reports.h"
 #include "optimizer/opt_face_builder.h"
 #include "optimizer/opt_geometry.h"
 #include "optimizer/opt_set_fill.h"
 #include "optimizer/optimizer_messages.h"
-#include "url/zn_URL_pathstack.h"
 
 namespace {
 

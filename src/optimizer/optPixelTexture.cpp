@@ -2,12 +2,12 @@
 
 #include <vector>
 
+#include "base/zn_text.h"
 #include "csImage.h"
 #include "csTexture.h"
 #include "base/zn_reports.h"
 #include "optimizer/optHandleTable.h"
 #include "optimizer/optimizer_messages.h"
-#include "url/zn_URL_pathstack.h"
 
 namespace {
 constexpr int kMostComponents = 4;

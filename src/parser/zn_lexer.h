@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "base/zn_memory.h"
+
 #ifndef yyFlexLexerOnce
 #include <FlexLexer.h>
 #endif
@@ -19,8 +21,6 @@ struct znScanError {
     const char* message;
 };
 
-// An exhausted allocation: throws std::bad_alloc, which ends the load.
-[[noreturn]] void znParserOutOfMemory();
 // A heap copy of `text`, for token values that the grammar hands on.
 char* znCopyText(const char* text);
 // The end of a token text that znCopyText or the lexer made; null is none.

@@ -14,19 +14,6 @@
 #include "parser/parser_messages.h"
 #include "parser/zn_lexer.h"
 
-std::string znParserFormat(const char* format, ...) {
-    va_list args;
-    va_start(args, format);
-    va_list again;
-    va_copy(again, args);
-    const int length = std::vsnprintf(nullptr, 0, format, args);
-    va_end(args);
-    std::string text(length > 0 ? static_cast<std::size_t>(length) : 0, '\0');
-    if (length > 0) std::vsnprintf(&text[0], text.size() + 1, format, again);
-    va_end(again);
-    return text;
-}
-
 void znParserBoundedCopy(std::string& out, const char* text, int capacity, const char* what) {
     const char* source = text != nullptr ? text : "";
     const std::size_t length = std::strlen(source);
@@ -34,7 +21,7 @@ void znParserBoundedCopy(std::string& out, const char* text, int capacity, const
         out.assign(source, length);
         return;
     }
-    znMessage(znParserFormat(kTextCut, what, capacity - 1, source).c_str());
+    znMessage(znFormatText(kTextCut, what, capacity - 1, source).c_str());
     out.assign(source, static_cast<std::size_t>(capacity - 1));
 }
 
@@ -63,7 +50,7 @@ void znParser::yyerror(const char* message) {
     const char* text = lexer->YYText();
     const std::string scanned = text != nullptr ? std::string(text).substr(0, kErrorTextLength) : std::string();
     const int line = lexer->lineNumber();
-    znAlert(znParserFormat(kErrorReport, currentFilename.c_str(), line, message, scanned.c_str()).c_str());
+    znAlert(znFormatText(kErrorReport, currentFilename.c_str(), line, message, scanned.c_str()).c_str());
     znSyntaxError(currentFilename.c_str(), line, message, scanned.c_str());
     lexer->expect(0);
 }
@@ -78,7 +65,7 @@ int znParser::fieldType(const char* type) {
             if (std::strcmp(type, t.name) == 0) return t.token;
         }
     }
-    znAlert(znParserFormat(kIllegalFieldType, type != nullptr ? type : "NULL").c_str());
+    znAlert(znFormatText(kIllegalFieldType, type != nullptr ? type : "NULL").c_str());
     return 0;
 }
 
@@ -109,7 +96,7 @@ const char* znParser::getDefName(const char* name) {
     const int* file = defFiles.find(key);
     const int* number = file != nullptr && *file == fileSerial ? defCounters.find(key) : nullptr;
     if (number != nullptr) return makeDefName(name, *number, 'u');
-    znAlert(znParserFormat(kUseNameFailed, name).c_str());
+    znAlert(znFormatText(kUseNameFailed, name).c_str());
     return name;
 }
 
@@ -130,7 +117,7 @@ void znParser::beginExternProto(const char* name, const char* urlList) {
     const bool standIn = externProtoDepth >= 1 && outer.wanted == 1 && outer.name != nullptr;
     declaration.name = standIn ? outer.name : (name != nullptr ? name : "");
     if (externProtoDepth >= kMaxExternDepth) {
-        znAlert(znParserFormat(kExternProtoTooDeep, kMaxExternDepth).c_str());
+        znAlert(znFormatText(kExternProtoTooDeep, kMaxExternDepth).c_str());
         externStack.push_back(std::move(declaration));
         externRefused = 1;
         return;
@@ -165,9 +152,9 @@ void znParser::beginExternProto(const char* name, const char* urlList) {
 void znParser::reportExternMiss() {
     const extProtoInfo& info = externInfo[externProtoDepth];
     if (info.fragment != nullptr) {
-        znAlert(znParserFormat(kExternProtoNotInFile, info.fragment, currentFilename.c_str()).c_str());
+        znAlert(znFormatText(kExternProtoNotInFile, info.fragment, currentFilename.c_str()).c_str());
     } else {
-        znAlert(znParserFormat(kExternProtoNoneInFile, currentFilename.c_str()).c_str());
+        znAlert(znFormatText(kExternProtoNoneInFile, currentFilename.c_str()).c_str());
     }
 }
 
@@ -207,7 +194,7 @@ std::istream* znParser::openNextExternInput() {
         info.urlIndex++;
         if (input != nullptr && input->good()) return input;
         if (input != nullptr) closeExternInput(input);
-        znAlert(znParserFormat(kExternProtoOpenFailed, url.c_str()).c_str());
+        znAlert(znFormatText(kExternProtoOpenFailed, url.c_str()).c_str());
     }
     return nullptr;
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/zn_name_table.h"
+#include "base/zn_text.h"
 #include "parser/vrmlnode.h"
 
 class zn_Lexer;
@@ -39,8 +40,6 @@ struct extProtoInfo {
     int urlIndex = 0;
 };
 
-// printf-style formatting into a string, for every report of the parser.
-std::string znParserFormat(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
 // Copies `text` as a buffer of `capacity` bytes would hold it: a longer
 // text keeps its start, and `what` is named in a message.

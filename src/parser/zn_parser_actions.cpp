@@ -101,13 +101,13 @@ void znParser::addToNameSpace(VrmlNodeType* type) {
     if (type->instName == nullptr && definedInScope(type->getDeclaredName())) {
         // The first definition stays; in a file read for an EXTERNPROTO a
         // repeated PROTO is expected and passes silently.
-        if (externProtoDepth == 0) znMessage(znParserFormat(kProtoAlreadyDefined, type->getDeclaredName()).c_str());
+        if (externProtoDepth == 0) znMessage(znFormatText(kProtoAlreadyDefined, type->getDeclaredName()).c_str());
         delete type;
         return;
     }
     if (type->instName != nullptr && std::strcmp(type->name, kScriptTypeName) == 0) {
         // Every Script node gets a type of its own, named after the node.
-        const std::string scriptType = znParserFormat(kScriptTypeFormat, type->instName);
+        const std::string scriptType = znFormatText(kScriptTypeFormat, type->instName);
         auto* own = new VrmlNodeType(*type, this);
         // The node's records are cleared below; its type keeps texts of its own.
         own->ownTexts();
@@ -147,14 +147,14 @@ void znParser::enterNode(const char* type) {
     const bool reported = t == nullptr && reportedUnknownTypes.contains(typeName);
     while (t == nullptr && !reported) {
         const znPromptAnswer answer =
-            znPrompt(znParserFormat(kUnknownTypePrompt, typeName.c_str(), currentLine()).c_str());
+            znPrompt(znFormatText(kUnknownTypePrompt, typeName.c_str(), currentLine()).c_str());
         if (!answer.answered) break;
         typeName = answer.name;
         t = findType(typeName.c_str());
     }
     if (t == nullptr) {
         if (!reported) {
-            znMessage(znParserFormat(kUnknownTypeSkipped, typeName.c_str()).c_str());
+            znMessage(znFormatText(kUnknownTypeSkipped, typeName.c_str()).c_str());
             reportedUnknownTypes.insert(type != nullptr ? type : "", 0);
         }
         expect(0);
@@ -233,10 +233,10 @@ void znParser::enterField(const char* name) {
     }
     while (type == 0) {
         const znPromptAnswer answer =
-            znPrompt(znParserFormat(kUnknownFieldPrompt, instance->getDeclaredName(), name).c_str());
+            znPrompt(znFormatText(kUnknownFieldPrompt, instance->getDeclaredName(), name).c_str());
         if (!answer.answered) {
             reportedUnknownFields.insert(std::string(instance->getDeclaredName()) + '.' + name, 0);
-            znMessage(znParserFormat(kUnknownFieldSkipped, name, instance->getDeclaredName()).c_str());
+            znMessage(znFormatText(kUnknownFieldSkipped, name, instance->getDeclaredName()).c_str());
             expect(SKIPPEDVALUE);
             return;
         }
@@ -270,7 +270,7 @@ void znParser::setFieldIS(const char* protoField) {
     const char* fieldName = fieldStack.back()->fieldName;
     if (protoStack.empty()) {
         // Outside any PROTO there is nothing to bind to.
-        znAlert(znParserFormat(kInvalidISFieldType, 0, fieldName != nullptr ? fieldName : "").c_str());
+        znAlert(znFormatText(kInvalidISFieldType, 0, fieldName != nullptr ? fieldName : "").c_str());
         return;
     }
     VrmlNodeType* proto = protoStack.back();
@@ -279,26 +279,26 @@ void znParser::setFieldIS(const char* protoField) {
     const char* shownName = fieldName != nullptr ? fieldName : "";
     if (instance->getFieldType(fieldName, nullptr) != 3) {
         if (instance->setFieldIS(fieldName, proto->name, protoField, type, kind) == 0)
-            znAlert(znParserFormat(kInvalidISFieldType, type, shownName).c_str());
+            znAlert(znFormatText(kInvalidISFieldType, type, shownName).c_str());
         return;
     }
     // An exposed field binds its field half and its set_ half apiece.
     if ((kind & 1) != 0 && instance->setFieldIS(fieldName, proto->name, protoField, type, 1) == 0)
-        znAlert(znParserFormat(kInvalidISFieldType, type, shownName).c_str());
-    const std::string eventName = znParserFormat(kSetPrefixFormat, shownName);
+        znAlert(znFormatText(kInvalidISFieldType, type, shownName).c_str());
+    const std::string eventName = znFormatText(kSetPrefixFormat, shownName);
     const std::string protoEvent =
-        kind == 3 ? znParserFormat(kSetPrefixFormat, protoField != nullptr ? protoField : "")
+        kind == 3 ? znFormatText(kSetPrefixFormat, protoField != nullptr ? protoField : "")
                   : std::string(protoField != nullptr ? protoField : "");
     if ((kind & 2) != 0 &&
         instance->setFieldIS(eventName.c_str(), proto->name, protoEvent.c_str(), type, 2) == 0)
-        znAlert(znParserFormat(kInvalidISEventInType, type, eventName.c_str()).c_str());
+        znAlert(znFormatText(kInvalidISEventInType, type, eventName.c_str()).c_str());
 }
 
 int znParser::add(void (VrmlNodeType::*member)(const char*, int), const char* type, const char* name) {
     int token = fieldType(type);
     while (token == 0) {
         const znPromptAnswer answer =
-            znPrompt(znParserFormat(kInvalidFieldTypePrompt, type != nullptr ? type : "NULL").c_str());
+            znPrompt(znFormatText(kInvalidFieldTypePrompt, type != nullptr ? type : "NULL").c_str());
         if (!answer.answered) break;
         token = fieldType(answer.name);
     }
@@ -383,7 +383,7 @@ VrmlNodeType* znParser::routeEnd(const char* node) {
     VrmlNodeType* instance = beingRead ? top : findinstname(node);
     VrmlNodeType* type = instance != nullptr ? typeByInternalName(instance->name) : nullptr;
     if (type == nullptr) {
-        znMessage(znParserFormat(kBadRouteUnknownNode, node).c_str());
+        znMessage(znFormatText(kBadRouteUnknownNode, node).c_str());
         return nullptr;
     }
     // The node being read still has its whole interface, a Script's own
@@ -402,7 +402,7 @@ void znParser::addRoute(const char* fromNode, const char* fromField, const char*
         fromType = source->hasField(out.c_str());
     }
     if (fromType == 0) {
-        znMessage(znParserFormat(kBadRouteNotEventOut, fromField, fromNode).c_str());
+        znMessage(znFormatText(kBadRouteNotEventOut, fromField, fromNode).c_str());
         return;
     }
     VrmlNodeType* destination = routeEnd(toNode);
@@ -410,15 +410,15 @@ void znParser::addRoute(const char* fromNode, const char* fromField, const char*
     std::string in = toField;
     int toType = destination->hasEventIn(in.c_str());
     if (toType == 0) {
-        in = znParserFormat(kSetPrefixFormat, toField);
+        in = znFormatText(kSetPrefixFormat, toField);
         toType = destination->hasEventIn(in.c_str());
     }
     if (toType == 0) {
-        znMessage(znParserFormat(kBadRouteNotEventIn, toField, toNode).c_str());
+        znMessage(znFormatText(kBadRouteNotEventIn, toField, toNode).c_str());
         return;
     }
     if (fromType != toType) {
-        yyerror(znParserFormat(kBadRouteTypes, VrmlNodeType::getTypeString(fromType),
+        yyerror(znFormatText(kBadRouteTypes, VrmlNodeType::getTypeString(fromType),
                                VrmlNodeType::getTypeString(toType))
                     .c_str());
         return;

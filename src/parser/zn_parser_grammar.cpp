@@ -218,7 +218,7 @@ void znParser::finishExternProto(char* name, char* urls) {
 }
 
 void znParser::defineUnresolvedExtern(ExternDeclaration& declaration) {
-    znAlert(znParserFormat(kExternProtoUnresolved, declaration.name.c_str()).c_str());
+    znAlert(znFormatText(kExternProtoUnresolved, declaration.name.c_str()).c_str());
     VrmlNodeType* type = declaration.interface.release();
     if (type == nullptr) type = new VrmlNodeType("", this);
     type->setName(reserveTypeName(declaration.name.c_str()).c_str());

@@ -218,7 +218,7 @@ int znParser::ParseURL(const char* url) {
         // stack.
         if (urlInterface != nullptr) urlInterface->icloseURL(stream, 1);
         delete stream;
-        znAlert(znParserFormat(kCouldNotOpenURL, name).c_str());
+        znAlert(znFormatText(kCouldNotOpenURL, name).c_str());
         return 0;
     }
     ++fileSerial;
@@ -231,7 +231,7 @@ int znParser::ParseURL(const char* url) {
     // keeps what it received.
     popNameSpace();
     const char* slash = std::strrchr(name, '/');
-    znInform(znParserFormat(kDoneLoading, slash != nullptr ? slash + 1 : name).c_str());
+    znInform(znFormatText(kDoneLoading, slash != nullptr ? slash + 1 : name).c_str());
     delete stream;
     return 1;
 }

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "base/zn_text.h"
 #include "url/url_messages.h"
 #include "url/zn_URL_curl.h"
 #include "url/zn_URL_files.h"

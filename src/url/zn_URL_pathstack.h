@@ -60,8 +60,4 @@ const char* znStorePath(const std::string& path, char* buffer, std::size_t size)
 // The text after the last "/", or all of it.
 std::string znLastPathComponent(const std::string& path);
 
-// `format` filled from `args`, whatever its length.
-std::string znFormatText(const char* format, va_list args);
-std::string znFormatText(const char* format, ...) __attribute__((format(printf, 1, 2)));
-
 #endif

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "base/zn_reports.h"
+#include "base/zn_text.h"
 #include "url/zn_URL_files.h"
 #include "url/zn_URL_http.h"
 

@@ -3,8 +3,8 @@
 #include <list>
 #include <vector>
 
+#include "base/zn_text.h"
 #include "base/zn_reports.h"
-#include "url/zn_URL_pathstack.h"
 #include "vrmlnodes/vrmlnode_messages.h"
 
 std::map<std::string, std::shared_ptr<znImage>> ImageTexture::imgcache;

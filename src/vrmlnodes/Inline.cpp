@@ -6,10 +6,10 @@
 #include <cstring>
 #include <vector>
 
+#include "base/zn_text.h"
 #include "browser/zn_browser.h"
 #include "base/zn_reports.h"
 #include "url/zn_URL.h"
-#include "url/zn_URL_pathstack.h"
 #include "vrmlnodes/vrmlnode_messages.h"
 
 namespace {

@@ -1,0 +1,3 @@
+#include "base/zn_memory.h"
+
+void znOutOfMemory() { throw std::bad_alloc(); }
