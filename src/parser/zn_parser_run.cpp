@@ -11,6 +11,7 @@
 #include "database/zn_database.h"
 #include "loader/zn_interfaces.h"
 #include "loader/zn_text.h"
+#include "parser/node_support_beside_library.h"
 #include "parser/parser_messages.h"
 #include "parser/vrmlnode.h"
 #include "parser/zn_lexer.h"
@@ -169,6 +170,7 @@ int znParser::InitParser(int flags, zn_URL* url) {
     const char* path = nullptr;
     if (browser == nullptr || browser->ZNType() != 4) {
         path = std::getenv("ZNBUILTINS");
+        if (path == nullptr) path = nodeSupportBesideLibrary();
     } else {
         // A loader hosted by another renderer looks where that renderer
         // keeps its files.
