@@ -4,6 +4,10 @@
 
 namespace {
 
+// Cutting ears takes time that grows with the cube of the corners: a face
+// with more is fanned, so that no world can make an export hang.
+constexpr int kMostCornersCut = 256;
+
 struct Point2 {
     double x, y;
 };
@@ -42,7 +46,7 @@ std::vector<std::array<int, 3>> triangulatePolygon(const std::vector<csVec3f>& c
     const int count = static_cast<int>(corners.size());
     std::vector<int> left(corners.size());
     for (int i = 0; i < count; ++i) left[static_cast<std::size_t>(i)] = i;
-    if (convex || count == 3) {
+    if (convex || count == 3 || count > kMostCornersCut) {
         fan(count, 0, left, triangles);
         return triangles;
     }
@@ -57,7 +61,7 @@ std::vector<std::array<int, 3>> triangulatePolygon(const std::vector<csVec3f>& c
     for (const csVec3f& c : corners) flat.push_back({double(c[u]), sense * double(c[v])});
 
     int remaining = count;
-    for (int guard = 0; remaining > 3 && guard < count * count; ++guard) {
+    while (remaining > 3) {
         bool cut = false;
         for (int i = 0; i < remaining && !cut; ++i) {
             const int a = left[static_cast<std::size_t>((i + remaining - 1) % remaining)];

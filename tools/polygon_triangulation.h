@@ -15,7 +15,8 @@ csVec3f polygonNormal(const std::vector<csVec3f>& corners);
 // Triangles over the corners, as corner numbers, each wound as the polygon
 // is about `normal`. A convex polygon is fanned from its first corner; any
 // other is cut ear by ear in the plane across `normal`, and what cannot be
-// cut so (a polygon that crosses itself) is fanned.
+// cut so (a polygon that crosses itself, or one of hundreds of corners) is
+// fanned.
 std::vector<std::array<int, 3>> triangulatePolygon(const std::vector<csVec3f>& corners, const csVec3f& normal,
                                                    bool convex);
 
