@@ -328,7 +328,7 @@ private:
     int meshOf(csShape* shape);
     bool addPrimitive(csGeoSet* set, csAppearance* appearance, tinygltf::Mesh& mesh);
     const Accessors* accessorsOf(csGeoSet* set, const Carried& carried, const csAppearance* transformOwner);
-    int materialOf(const MaterialKey& key, bool lines);
+    int materialOf(const MaterialKey& key);
     int textureOf(csTexture* texture);
     int imageOf(const csImage* image);
     int addView(const void* data, std::size_t bytes, int target);
@@ -535,7 +535,7 @@ bool GltfBuilder::addPrimitive(csGeoSet* set, csAppearance* appearance, tinygltf
     primitive.attributes = accessors->attributes;
     primitive.indices = accessors->indices;
     const bool doubleSided = faces != nullptr && !faces->getSolid();
-    primitive.material = materialOf(MaterialKey{appearance, !lit, carried.colours, doubleSided, carried.uvs}, faces == nullptr);
+    primitive.material = materialOf(MaterialKey{appearance, !lit, carried.colours, doubleSided, carried.uvs});
     mesh.primitives.push_back(std::move(primitive));
     return true;
 }
@@ -583,7 +583,7 @@ const GltfBuilder::Accessors* GltfBuilder::accessorsOf(csGeoSet* set, const Carr
     return &accessors;
 }
 
-int GltfBuilder::materialOf(const MaterialKey& key, bool lines) {
+int GltfBuilder::materialOf(const MaterialKey& key) {
     const auto found = materials_.find(key);
     if (found != materials_.end()) return found->second;
     const auto& [appearance, unlit, vertexColours, doubleSided, textured] = key;
@@ -620,7 +620,7 @@ int GltfBuilder::materialOf(const MaterialKey& key, bool lines) {
         seeThrough = seeThrough || (index >= 0 && (components == 2 || components == 4));
     }
     if (seeThrough) out.alphaMode = "BLEND";
-    out.doubleSided = doubleSided && !lines;
+    out.doubleSided = doubleSided;
     if (unlit) {
         out.extensions[kUnlitExtension] = tinygltf::Value(tinygltf::Value::Object());
         useExtension(kUnlitExtension);
