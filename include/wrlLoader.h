@@ -25,7 +25,9 @@
  *
  * The library is a guest of its host: it never reads standard input that
  * is not a terminal, never ends the process, and leaves the host's
- * handlers alone. ZNBUILTINS names the Node Support file.
+ * handlers alone. ZNBUILTINS names the Node Support file; without it the
+ * library reads the one installed beside it (share/wrlLoader/znbuiltins.wrl
+ * of its install), so that a program needs no environment.
  */
 #ifndef WRL_LOADER_PUBLIC_H
 #define WRL_LOADER_PUBLIC_H

@@ -1,6 +1,5 @@
 #include "scene_printer.h"
 
-#include <cmath>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -33,14 +32,18 @@
 #include "opCone.h"
 #include "opCuboid.h"
 #include "opCylinder.h"
+#include "json_text.h"
 #include "opSphere.h"
 
 namespace {
 
 // One printed value: numbers, a truth value, a text or a list of texts.
+// Numbers remember whether they are floats or counts, so that JSON gives
+// each the shortest text that reads back to it.
 struct Value {
     enum Kind { Numbers, Bool, Text, Texts } kind = Numbers;
     std::vector<double> numbers;
+    bool integral = false;
     bool truth = false;
     std::string text;
     std::vector<std::string> texts;
@@ -59,20 +62,25 @@ struct Item {
     };
     std::vector<Section> sections;
 
-    void add(const char* key, std::vector<double> numbers) {
+    void add(const char* key, const std::vector<float>& floats) {
         Value v;
-        v.numbers = std::move(numbers);
+        v.numbers.assign(floats.begin(), floats.end());
         values.emplace_back(key, std::move(v));
     }
-    void add(const char* key, double number) { add(key, std::vector<double>{number}); }
-    void add(const char* key, const csVec3f& v) { add(key, std::vector<double>{v[0], v[1], v[2]}); }
-    void add(const char* key, const csVec4f& v) { add(key, std::vector<double>{v[0], v[1], v[2], v[3]}); }
-    void add(const char* key, const std::vector<float>& v) { add(key, std::vector<double>(v.begin(), v.end())); }
+    void add(const char* key, float number) { add(key, std::vector<float>{number}); }
+    void add(const char* key, int count) {
+        Value v;
+        v.numbers.push_back(count);
+        v.integral = true;
+        values.emplace_back(key, std::move(v));
+    }
+    void add(const char* key, const csVec3f& v) { add(key, std::vector<float>{v[0], v[1], v[2]}); }
+    void add(const char* key, const csVec4f& v) { add(key, std::vector<float>{v[0], v[1], v[2], v[3]}); }
     // Colours one after the other, three numbers each.
     void add(const char* key, const std::vector<csVec3f>& colours) {
-        std::vector<double> numbers;
+        std::vector<float> numbers;
         for (const csVec3f& c : colours) numbers.insert(numbers.end(), {c[0], c[1], c[2]});
-        add(key, std::move(numbers));
+        add(key, numbers);
     }
     void flag(const char* key, bool on) {
         Value v;
@@ -341,27 +349,11 @@ void printText(std::ostream& out, const Item& item, int depth) {
 
 // ---- JSON
 
-void jsonString(std::ostream& out, const std::string& s) {
-    out << '"';
-    for (unsigned char c : s) {
-        if (c == '"' || c == '\\') {
-            out << '\\' << c;
-        } else if (c < 0x20) {
-            char buf[8];
-            std::snprintf(buf, sizeof buf, "\\u%04x", c);
-            out << buf;
-        } else {
-            out << c;
-        }
-    }
-    out << '"';
-}
-
-void jsonNumber(std::ostream& out, double v) {
-    if (std::isfinite(v))
-        out << number(v);
+void jsonValueNumber(std::ostream& out, const Value& value, double number) {
+    if (value.integral)
+        jsonNumber(out, static_cast<long long>(number));
     else
-        out << "null";
+        jsonNumber(out, static_cast<float>(number));
 }
 
 // What the root refers to after its tree: a class and a name, or null.
@@ -425,12 +417,12 @@ void printJson(std::ostream& out, const Item& item, const csEnvironment* root) {
             }
             out << ']';
         } else if (value.numbers.size() == 1) {
-            jsonNumber(out, value.numbers[0]);
+            jsonValueNumber(out, value, value.numbers[0]);
         } else {
             out << '[';
             for (size_t i = 0; i < value.numbers.size(); ++i) {
                 if (i) out << ", ";
-                jsonNumber(out, value.numbers[i]);
+                jsonValueNumber(out, value, value.numbers[i]);
             }
             out << ']';
         }
@@ -502,10 +494,10 @@ void printSceneTree(std::ostream& out, csNode* root) {
 }
 
 void printSceneJson(std::ostream& out, csNode* root) {
-    if (root == nullptr) {
-        out << "null\n";
-        return;
-    }
-    printJson(out, describe(root), rootEnvironment(root));
-    out << '\n';
+    out << "{\"formatVersion\": " << kWrlloadJsonFormatVersion << ", \"scene\": ";
+    if (root == nullptr)
+        out << "null";
+    else
+        printJson(out, describe(root), rootEnvironment(root));
+    out << "}\n";
 }

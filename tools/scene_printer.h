@@ -17,11 +17,14 @@ class csNode;
 // fog and world information that it binds: the key and the object.
 void printSceneTree(std::ostream& out, csNode* root);
 
-// The same scene as one JSON document: every object is
+// The same scene as one JSON document, {"formatVersion": N, "scene": root}
+// (root null for no scene): every object is
 // {"class": ..., "name": ... or null, <values>, <held objects>,
 //  "children": [...]}, and the root also has "lights" and "viewpoints"
 // (lists of {"class", "name"}) and "viewpoint", "navigationInfo",
 // "background", "fog" and "worldInfo" (each {"class", "name"} or null).
+// Counts print as integers, every other number in the shortest form that
+// reads back to the same float.
 void printSceneJson(std::ostream& out, csNode* root);
 
 #endif

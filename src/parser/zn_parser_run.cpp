@@ -10,6 +10,7 @@
 #include "database/zn_database.h"
 #include "base/zn_reports.h"
 #include "base/zn_text.h"
+#include "parser/node_support_beside_library.h"
 #include "parser/parser_messages.h"
 #include "parser/vrmlnode.h"
 #include "parser/zn_lexer.h"
@@ -170,6 +171,7 @@ int znParser::InitParser(int flags, zn_URL* url, int type) {
     const char* path = nullptr;
     if (browserType != 4) {
         path = std::getenv("ZNBUILTINS");
+        if (path == nullptr) path = nodeSupportBesideLibrary();
     } else {
         // A loader hosted by another renderer looks where that renderer
         // keeps its files.

@@ -55,15 +55,17 @@ znNodeType* typeNamed(znBrowserIntern& browser, const char* name) {
 }
 
 // A system object set up as the loader sets it up, with the Node Support
-// file read.
+// file read: the one ZNBUILTINS names, or with the variable unset the one
+// the library finds itself.
 struct Loaded {
     ZN system{0};
     znBrowserIntern& browser;
     std::string errors;
-    Loaded() : browser(*system.browser) {
+    explicit Loaded(bool byVariable = true) : browser(*system.browser) {
         system.scriptInterfaces->add(newZnCPPSI, "so", nullptr, nullptr, nullptr, nullptr, 1);
         browser.registerZNType(1);
-        wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+        const std::string file = wrltest::nodeSupportFile();
+        wrltest::ScopedEnv builtins("ZNBUILTINS", byVariable ? file.c_str() : nullptr);
         errors = wrltest::stderrOf([&] { browser.init(); });
     }
 };
@@ -94,14 +96,24 @@ TEST(NodeSupportFile, EveryDeclaredTypeBecomesASystemTypeWithItsDeclaredDefaults
     EXPECT_EQ(group->isSensor(), 0);
 }
 
-TEST(NodeSupportFile, MissingVariableIsReported) {
+TEST(NodeSupportFile, UnreadableFileIsReported) {
     LoaderBrowser browser;
-    wrltest::ScopedEnv builtins("ZNBUILTINS", nullptr);
+    wrltest::TempDir dir;
+    wrltest::ScopedEnv builtins("ZNBUILTINS", (dir.path() + "/none.wrl").c_str());
     CaptureStderr();
     const int result = databaseOf(browser).ParseSystem(nullptr);
     EXPECT_EQ(result, 0);
     EXPECT_EQ(GetCapturedStderr(),
               "\nAlert:  \nCould not open Node Support file.\nCheck the ZNBUILTINS environment variable.\n\n");
+}
+
+// The build lays the file out beside the library as the install does, so
+// this finds the copy in the build tree.
+TEST(NodeSupportFile, WithoutTheVariableTheFileBesideTheLibraryIsRead) {
+    Loaded loaded(false);
+    EXPECT_EQ(loaded.errors, "");
+    EXPECT_EQ(databaseOf(loaded.browser).getSystemTypeCount(), 54);
+    EXPECT_NE(typeNamed(loaded.browser, "Transform"), nullptr);
 }
 
 TEST(NodeSupportFile, HostedLoaderSearchesThePathListInPlace) {

@@ -9,6 +9,7 @@
 #include "csEnvironment.h"
 #include "csFog.h"
 #include "csMaterial.h"
+#include "csSwitch.h"
 #include "csTransform.h"
 #include "csViewpoint.h"
 #include "opSphere.h"
@@ -126,9 +127,34 @@ TEST(printSceneJson, NamesAreEscaped) {
     std::ostringstream out;
     printSceneJson(out, root);
     EXPECT_EQ(out.str(),
+              "{\"formatVersion\": 1, \"scene\": "
               "{\"class\": \"csEnvironment\", \"name\": null, \"children\": [{\"class\": \"csGroup\", \"name\": "
               "\"a\\\"b\\\\c\\u000ad\", \"children\": []}], \"lights\": [], \"viewpoints\": [], \"viewpoint\": null, "
-              "\"navigationInfo\": null, \"background\": null, \"fog\": null, \"worldInfo\": null}\n");
+              "\"navigationInfo\": null, \"background\": null, \"fog\": null, \"worldInfo\": null}}\n");
+    root->unref();
+    std::ostringstream none;
+    printSceneJson(none, nullptr);
+    EXPECT_EQ(none.str(), "{\"formatVersion\": 1, \"scene\": null}\n");
+}
+
+// Floats print in the shortest text that reads back to the same float,
+// and counts as integers: %g's six digits would lose 0.123456791f.
+TEST(printSceneJson, NumbersReadBackToTheirValues) {
+    auto* root = new csEnvironment();
+    root->ref();
+    auto* t = new csTransform();
+    t->setTranslation(0.1f, 0.123456791f, 16777216.0f);
+    t->setScale(1e-7f, 3.4028235e38f, -2.5f);
+    root->addChild(t);
+    auto* s = new csSwitch();
+    s->setWhichChild(2);
+    root->addChild(s);
+    std::ostringstream out;
+    printSceneJson(out, root);
+    const std::string json = out.str();
+    EXPECT_NE(json.find("\"translation\": [0.1, 0.12345679, 16777216]"), std::string::npos) << json;
+    EXPECT_NE(json.find("\"scale\": [1e-07, 3.4028235e+38, -2.5]"), std::string::npos) << json;
+    EXPECT_NE(json.find("\"whichChild\": 2,"), std::string::npos) << json;
     root->unref();
 }
 
@@ -175,7 +201,7 @@ TEST(printSceneTree, ListsTextsViewpointsAndWhatTheRootBinds) {
     EXPECT_NE(json.str().find("\"viewpoints\": [{\"class\": \"csViewpoint\", \"name\": \"A\"}, {\"class\": "
                               "\"csViewpoint\", \"name\": null}], \"viewpoint\": {\"class\": \"csViewpoint\", \"name\": "
                               "\"A\"}, \"navigationInfo\": null, \"background\": null, \"fog\": {\"class\": \"csFog\", "
-                              "\"name\": null}, \"worldInfo\": null}\n"),
+                              "\"name\": null}, \"worldInfo\": null}}\n"),
               std::string::npos)
         << json.str();
     root->unref();
