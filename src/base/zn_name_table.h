@@ -46,6 +46,13 @@ public:
         return {&s.value, true};
     }
 
+    // Calls `visit(name, number)` for every name, in no order.
+    template <class Visit>
+    void forEach(Visit visit) const {
+        for (const Slot& s : slots)
+            if (s.used) visit(std::string_view(s.name, s.length), s.value);
+    }
+
     void clear() {
         slots.clear();
         blocks.clear();

@@ -17,6 +17,7 @@ inline constexpr const char* kCouldntLoadURL = "Couldn't load URL";
 
 // Pattern of the name map's key for the first definition of a name.
 inline constexpr const char* kFirstDefinitionKey = "00000+%s";
+inline constexpr int kFirstDefinitionPrefix = 6;  // the length of "00000+"
 // Pattern of a name that the database made unique.
 inline constexpr const char* kNumberedName = "%s_%d";
 

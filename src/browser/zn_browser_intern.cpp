@@ -37,9 +37,7 @@ bool numberedSuffix(const char* name, int* number, size_t* stemEnd) {
 }
 
 std::string formatted(const char* format, const std::string& stem, int n) {
-    char buffer[512];
-    std::snprintf(buffer, sizeof buffer, format, stem.c_str(), n);
-    return buffer;
+    return znFormatText(format, stem.c_str(), n);
 }
 }  // namespace
 
@@ -210,6 +208,7 @@ void znBrowserIntern::clearAll() {
         it = types.erase(it);
     }
     nodeIDs.clear();
+    numberedNames.clear();
     topLevel.clear();
     worldLoaded = 0;
     clockStarted = 0;
@@ -228,7 +227,10 @@ void znBrowserIntern::enterNode(znNode* node) {
     if (!node) return;
     nodes.set(node->getID(), node);
     const char* name = node->getName();
-    if (name[0]) nodeIDs[name + 1] = node->getID();
+    if (name[0]) {
+        nodeIDs[name + 1] = node->getID();
+        numberedNames.note(name + 1);
+    }
     newNodes.push_back(node);
 }
 
@@ -252,21 +254,32 @@ znNode* znBrowserIntern::getNode(int id) {
     return found->second;
 }
 
+const int* znBrowserIntern::findNamed(std::string key, std::string& last) {
+    // "a_3" stands for the greatest of "a_2", "a_1" that is there, else for
+    // "a", which may be numbered in its turn.
+    for (;;) {
+        if (const int* id = nodeIDs.find(key)) return id;
+        int n = 0;
+        size_t stemEnd = 0;
+        if (!numberedSuffix(key.c_str(), &n, &stemEnd)) break;
+        key.resize(stemEnd);
+        if (const int below = numberedNames.below(nodeIDs, key, n))
+            return nodeIDs.find(formatted(kNumberedName, key, below));
+    }
+    last = std::move(key);
+    return nullptr;
+}
+
 int znBrowserIntern::getNodeID(const char* name) {
     if (!name || !*name) return 0;
     if (const int* id = nodeIDs.find(name + 1)) return *id;
-    int n = 0;
-    size_t stemEnd = 0;
-    if (numberedSuffix(name, &n, &stemEnd)) {
-        std::string stem(name, stemEnd);
-        // name_3 falls back to name_2, to name_1, to name.
-        if (n == 1) return getNodeID(stem.c_str());
-        return getNodeID(formatted(kNumberedName, stem, n - 1).c_str());
-    }
+    std::string last;
+    if (const int* id = findNamed(name + 1, last)) return *id;
     if (addingType) return 0;
+    // The key lacks the kind that leads a stored name.
     char message[512];
     std::snprintf(message, sizeof message, kCantFindNodeID,
-                  std::strlen(name) > kPlainNameOffset ? name + kPlainNameOffset : "");
+                  last.size() > kPlainNameOffset - 1 ? last.c_str() + kPlainNameOffset - 1 : "");
     znMessage(message);
     return 0;
 }
@@ -275,16 +288,9 @@ Node* znBrowserIntern::getNode(const char* name) {
     const char* plain = name ? name : "";
     char key[512];
     std::snprintf(key, sizeof key, kFirstDefinitionKey, plain);
-    const int* found = nodeIDs.find(key);
-    if (found == nullptr) {
-        int n = 0;
-        size_t stemEnd = 0;
-        if (!numberedSuffix(plain, &n, &stemEnd))
-            znThrow<znInvalidNodeNameException>(kInvalidNodeName, plain);
-        std::string stem(plain, stemEnd);
-        if (n - 1 == 0) return getNode(stem.c_str());
-        return getNode(formatted(kNumberedName, stem, n - 1).c_str());
-    }
+    std::string last;
+    const int* found = findNamed(key, last);
+    if (found == nullptr) znThrow<znInvalidNodeNameException>(kInvalidNodeName, last.c_str() + kFirstDefinitionPrefix);
     if (*found == 0) znThrow<znInvalidNodeIDException>(kInvalidNodeIDForName, plain, 0);
     auto node = nodes.find(*found);
     return node != nodes.end() ? node->second : nullptr;

@@ -13,6 +13,7 @@
 #include "database/zn_database_world.h"
 #include "base/zn_id_table.h"
 #include "base/zn_name_table.h"
+#include "browser/zn_numbered_names.h"
 #include "fields/zn_array.h"
 #include "fields/zn_field_text.h"
 
@@ -161,6 +162,10 @@ public:
 
 private:
     void clearNodeTables();
+    // The number of the name map's `key`, or of the name that a numbered
+    // key falls back to; null, with the last key tried in `last`, when
+    // none is there.
+    const int* findNamed(std::string key, std::string& last);
     // An ID for a type made at run time that no type has or will be given.
     int freshTypeID();
 
@@ -170,6 +175,7 @@ private:
     std::map<std::string, int> typeIDs;
     // Nothing walks the names in order, and a world has one per node.
     znNameTable nodeIDs;
+    znNumberedNames numberedNames;  // of the names in nodeIDs
     std::map<int, znNodeType*> types;  // owning
     znIdTable<znNode> nodes;           // owning
     std::list<znNode*> newNodes;       // borrowed from `nodes`

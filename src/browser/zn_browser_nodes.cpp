@@ -2,8 +2,11 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <deque>
 #include <list>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "browser/browser_messages.h"
@@ -58,6 +61,10 @@ int znBrowserIntern::addNode(_zndbNode* first) {
     static std::vector<znNode*> depth0Nodes;
     protoNodes.clear();
     depth0Nodes.clear();
+    // The instances that wait for the first node of their body, by type
+    // name: the expansion of nested PROTOs hands over one chain of them all,
+    // and a search of every instance for every node would be quadratic.
+    std::unordered_map<std::string_view, std::vector<znNode*>> waiting;
 
     for (_zndbNode* record = first; record; record = record->next) {
         const char* name = record->name.c_str();
@@ -95,21 +102,30 @@ int znBrowserIntern::addNode(_zndbNode* first) {
         node->setUrlBase(reading && type->getDataID("url") >= 0 ? reading : getWorldURL());
         node->setToplevel(record->isToplevel ? 1 : 0);
 
-        for (znNode* proto : protoNodes)
-            if (!proto->getFirstNode() && std::strcmp(parentName, proto->getNodeType()->getType()) == 0)
-                proto->setFirstNode(node);
+        if (!waiting.empty()) {
+            auto found = waiting.find(parentName);
+            if (found != waiting.end()) {
+                for (znNode* proto : found->second)
+                    if (!proto->getFirstNode()) proto->setFirstNode(node);
+                waiting.erase(found);
+            }
+        }
 
         // A type without behaviour of its own is a prototype: its nodes are
         // instances, which the body's nodes stand for.
         if (!type->getInterface()) {
             type->printSupportMsg();
             protoNodes.push_back(node);
+            waiting[type->getType()].push_back(node);
         }
         node->setFirstNodeID(0);
         if (record->nesting == 0) depth0Nodes.push_back(node);
 
         // The latest node of a name wins the name.
-        if (name[0] != '\0') nodeIDs[name + 1] = record->nodeId;
+        if (name[0] != '\0') {
+            nodeIDs[name + 1] = record->nodeId;
+            numberedNames.note(name + 1);
+        }
         nodes.set(record->nodeId, node);
 
         for (_zndbNodeData* data = record->fields; data; data = data->next) {
@@ -172,15 +188,19 @@ int znBrowserIntern::addNode(_zndbNode* first) {
 
     // Several instances of one prototype pair off with the bodies in file
     // order; the mark keeps each body to one instance.
-    for (znNode* proto : protoNodes) {
-        for (znNode* candidate : depth0Nodes) {
-            const char* parent = candidate->getParent();
-            if (candidate->getFirstNodeID() == 0 && parent &&
-                std::strcmp(parent, proto->getNodeType()->getType()) == 0) {
-                proto->setFirstNode(candidate);
-                candidate->setFirstNodeID(1);
-                break;
-            }
+    if (!protoNodes.empty()) {
+        std::unordered_map<std::string_view, std::deque<znNode*>> bodies;
+        for (znNode* candidate : depth0Nodes)
+            if (const char* parent = candidate->getParent()) bodies[parent].push_back(candidate);
+        for (znNode* proto : protoNodes) {
+            auto found = bodies.find(proto->getNodeType()->getType());
+            if (found == bodies.end()) continue;
+            std::deque<znNode*>& queue = found->second;
+            while (!queue.empty() && queue.front()->getFirstNodeID() != 0) queue.pop_front();
+            if (queue.empty()) continue;
+            proto->setFirstNode(queue.front());
+            queue.front()->setFirstNodeID(1);
+            queue.pop_front();
         }
     }
     return failed ? 0 : 1;
@@ -200,6 +220,7 @@ znNode* znBrowserIntern::newNode(const char* name, znNodeType* type) {
         delete node;
         return nullptr;
     }
+    numberedNames.note(stored[0] ? stored + 1 : "");
     return node;
 }
 

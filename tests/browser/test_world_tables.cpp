@@ -49,6 +49,22 @@ TEST_F(WorldTables, NumberedNamesFallBackToTheNearestDefinition) {
     EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(browser.getNodeID("u00000+gone"), 0); }), "");
 }
 
+// A name may carry a number of a billion: the fallback goes to the nearest
+// definition below it at once, where counting down overflowed the stack.
+TEST_F(WorldTables, AFarNumberFallsBackInOneStep) {
+    addNode(4, "d00000+x");
+    addNode(5, "d00000+x_7");
+    EXPECT_EQ(browser.getNodeID("u00000+x_1000000000"), 5);
+    EXPECT_EQ(browser.getNodeID("u00000+x_6"), 4);
+    addNode(6, "d00000+x_900000000");  // after the fallback first looked
+    EXPECT_EQ(browser.getNodeID("u00000+x_1000000000"), 6);
+    EXPECT_EQ(browser.getNodeID("u00000+x_8_1000000000"), 5);  // the stem x_8 falls back in its turn
+    EXPECT_EQ(browser.getNode("x_999999999"), static_cast<Node*>(browser.getNode(6)));
+    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_EQ(browser.getNodeID("u00000+y_1000000000"), 0); }),
+              "\nMessage:  Possible error in getNodeID, will try to resolve later!\n"
+              "getNodeID : can't find ID for y\n\n");
+}
+
 TEST_F(WorldTables, PlainNameLookupThrowsNamingTheLastForm) {
     CaptureStderr();
     try {
