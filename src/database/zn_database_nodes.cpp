@@ -5,8 +5,11 @@
 #include <cstring>
 #include <ostream>
 
-#include "database/zn_database_world.h"
+#include "base/zn_memory_budget.h"
+#include "base/zn_text.h"
+#include "database/database_messages.h"
 #include "database/zn_database_intern.h"
+#include "database/zn_database_world.h"
 #include "fields/zn_exception.h"
 #include "nodes/zn_nodetype.h"
 #include "parser/zn_lexer.h"
@@ -66,6 +69,8 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
 
     const int typeId = protoIdOf(typeName);
     if (typeId == 0) return 0;
+    // Inlines may read one file many times over.
+    if (!znBudget().take(kZnNodeCost, 1, [typeName] { return znFormatText(kNodeOverLimit, typeName); })) return 0;
     _zndbNode* node = newNodeRecord();
     node->name = nodeName;
     node->typeName = typeName;

@@ -5,11 +5,12 @@
 #include <cstring>
 #include <string>
 
-#include "database/zn_database_world.h"
-#include "database/database_messages.h"
-#include "database/zn_database_intern.h"
+#include "base/zn_memory_budget.h"
 #include "base/zn_reports.h"
 #include "base/zn_text.h"
+#include "database/database_messages.h"
+#include "database/zn_database_intern.h"
+#include "database/zn_database_world.h"
 #include "parser/zn_lexer.h"
 
 namespace {
@@ -124,6 +125,12 @@ int znDatabaseIntern::makeNodes(const char* protoName, int suffix) {
     if (const int* owner = vnodeOwners.find(protoName != nullptr ? protoName : "")) {
         auto body = vnodes.find(*owner);
         if (body != vnodes.end()) {
+            // A body of two instances of a PROTO whose body holds two of
+            // another doubles its nodes at every level: an instance whose
+            // nodes would pass the memory limit builds nothing.
+            if (!znBudget().take(kZnNodeCost, body->second.size(),
+                                 [protoName] { return znFormatText(kInstanceOverLimit, protoName != nullptr ? protoName : ""); }))
+                return 0;
             // The vector may not grow while it is replayed: bodies are read
             // before any instance of them.
             for (_zndbVNode* node : body->second) {

@@ -31,6 +31,9 @@ inline constexpr const char* kEmptyListTrace = "here";
 // Output of one value that does not fit the text buffer is cut there.
 inline constexpr const char* kFieldTextCut = "Field text cut at %d characters\n";
 
+// What the memory limit refuses: a list of this many values.
+inline constexpr const char* kListOverLimit = "A list of %zu values";
+
 // A null entry in a printed list of fields.
 inline constexpr const char* kNullFieldLine = "\tNULL";
 

@@ -14,7 +14,9 @@
 #include <type_traits>
 #include <vector>
 
+#include "base/zn_memory_budget.h"
 #include "base/zn_reports.h"
+#include "base/zn_text.h"
 #include "fields/field_messages.h"
 #include "fields/zn_values.h"
 
@@ -616,7 +618,10 @@ void znReadList(std::vector<T>& list, FieldType elementType, const char* text, z
         // Size the list once. The scanner ends every element of a list with
         // a comma, so the commas count the elements of the largest texts
         // with one cheap pass; texts from elsewhere only grow as they go.
-        list.reserve(static_cast<size_t>(std::count(p, end, ',')) + 1);
+        const std::size_t elements = static_cast<std::size_t>(std::count(p, end, ',')) + 1;
+        if (!znBudget().take(sizeof(T), elements, [elements] { return znFormatText(kListOverLimit, elements); }))
+            return;
+        list.reserve(elements);
     }
     T temp = emptyElement<T>();
     if (!single) p = readPlainElements(list, temp, tokens, p, end);

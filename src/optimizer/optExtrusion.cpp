@@ -7,6 +7,7 @@
 
 #include "base/zn_text.h"
 #include "csMatrix4f.h"
+#include "base/zn_memory_budget.h"
 #include "base/zn_reports.h"
 #include "optimizer/opt_face_builder.h"
 #include "optimizer/opt_geometry.h"
@@ -210,6 +211,16 @@ void optExtrusion::build() {
         znMessage(znFormatText(kSweepTooLarge, sceneName(kUnnamedExtrusion), n, m).c_str());
         return;
     }
+    // A few thousand numbers of spine and cross-section make a surface of
+    // millions of points: its points, texture coordinates, both index sets
+    // and a normal per corner.
+    const std::size_t bytes = static_cast<std::size_t>(n) * m * (sizeof(csVec3f) + sizeof(csVec2f)) +
+                              static_cast<std::size_t>(entries) * 2 * sizeof(int) +
+                              static_cast<std::size_t>(corners) * sizeof(csVec3f);
+    if (!znBudget().take(bytes, 1, [&] {
+            return znFormatText(kSweepOverLimit, sceneName(kUnnamedExtrusion), n, m);
+        }))
+        return;
 
     // The points: `ring` of them for each of `rows` spine points.
     const std::vector<Frame> frames = framesOf(spinePoints, closedSpine);

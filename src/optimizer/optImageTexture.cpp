@@ -8,6 +8,7 @@
 #include "csImage.h"
 #include "csString.h"
 #include "csTexture.h"
+#include "base/zn_memory_budget.h"
 #include "base/zn_reports.h"
 #include "optimizer/optHandleTable.h"
 #include "optimizer/optimizer_messages.h"
@@ -61,6 +62,12 @@ int optImageTexture::prepareImage() {
         imageRecord.reset();
         const char* path = getFile(name);
         if (path && readImageFile(path)) {
+            // A small file may hold a huge picture, and the cache keeps a
+            // second copy of it.
+            if (!pictureFits(cachingNow() ? 2 : 1)) {
+                cleanupImage();
+                return 0;
+            }
             if (!cachingNow()) return 1;
             imageRecord = recordOfTexture();
             cacheImage(name, imageRecord);
@@ -79,6 +86,16 @@ bool optImageTexture::readImageFile(const char* path) {
     if (texture->setFileName(csString(fileName))) return true;
     fileName.clear();
     return false;
+}
+
+bool optImageTexture::pictureFits(int copies) {
+    const csImage* picture = texture->getImage();
+    if (picture == nullptr) return true;
+    const int width = picture->getWidth(), height = picture->getHeight();
+    const int components = static_cast<int>(picture->getMemoryFormat()) + 1;
+    return znBudget().take(pixelBytes(height, width, components), static_cast<std::size_t>(copies), [&] {
+        return znFormatText(kPictureOverLimit, sceneName("Unnamed ImageTexture Node"), width, height, components);
+    });
 }
 
 std::shared_ptr<znImage> optImageTexture::recordOfTexture() const {

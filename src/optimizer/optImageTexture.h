@@ -30,6 +30,9 @@ private:
     // Reads the image file at `path` into the texture; false when the file
     // holds no image the toolkit can decode.
     bool readImageFile(const char* path);
+    // Takes `copies` of the texture's picture from the memory budget; false,
+    // with a report, when they would pass the limit.
+    bool pictureFits(int copies);
     // A cache entry holding a copy of the texture's image, or null when the
     // texture has none.
     std::shared_ptr<znImage> recordOfTexture() const;

@@ -5,6 +5,7 @@
 #include "base/zn_text.h"
 #include "csImage.h"
 #include "csTexture.h"
+#include "base/zn_memory_budget.h"
 #include "base/zn_reports.h"
 #include "optimizer/optHandleTable.h"
 #include "optimizer/optimizer_messages.h"
@@ -48,6 +49,10 @@ void optPixelTexture::makeImage() {
                       .c_str());
         return;
     }
+    if (!znBudget().take(static_cast<std::size_t>(count), static_cast<std::size_t>(components), [&] {
+            return znFormatText(kPictureOverLimit, sceneName("Unnamed PixelTexture Node"), width, height, components);
+        }))
+        return;
     std::vector<std::uint8_t> bytes(static_cast<size_t>(count) * static_cast<size_t>(components));
     size_t at = 0;
     for (int row = height - 1; row >= 0; --row)

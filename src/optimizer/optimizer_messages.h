@@ -35,6 +35,11 @@ inline constexpr const char* kGridShortOfValues = "optElevationGrid:  %s has %d 
 // Extrusion whose surface would have more corners than can be numbered.
 inline constexpr const char* kSweepTooLarge =
     "optExtrusion:  %s is too large to build (%d spine by %d cross-section points).";
+// What the memory limit refuses: an Extrusion (its name, the spine and the
+// cross-section points), a picture (the texture's name, the width, height
+// and components).
+inline constexpr const char* kSweepOverLimit = "Extrusion %s (%d spine by %d cross-section points)";
+inline constexpr const char* kPictureOverLimit = "The picture of %s (%d x %d, %d components)";
 // znMessage, with the name, width, height, components and number of pixels,
 // for a PixelTexture whose image has more than four components or fewer
 // pixels than places.
