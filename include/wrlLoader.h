@@ -77,6 +77,10 @@ struct wrlLoadOptions {
     // The runtime world stays alive after the scene ends, for a host that
     // goes on using it; wrlReleaseWorld ends it.
     bool keepWorld = false;
+    // Names on web servers (http, https) are fetched. False: they are
+    // refused with a report, and the load stays off the network, as a host
+    // that reads worlds from strangers may want.
+    bool remote = true;
 };
 
 struct wrlLoadResult {

@@ -8,6 +8,7 @@ inline constexpr const char* kOutOfMemory = "out of memory";
 // Why a scene did not come back whole, as a load's result says it.
 inline constexpr const char* kReasonNotFound = "not found";
 inline constexpr const char* kReasonDirectory = "a directory, not a file";
+inline constexpr const char* kReasonNotAFile = "a device, pipe or socket, not a file";
 inline constexpr const char* kReasonNameTooLong = "file name too long";
 inline constexpr const char* kReasonVrml1 = "a VRML 1.0 file";
 inline constexpr const char* kReasonOutOfMemory = "out of memory";

@@ -20,6 +20,7 @@
 #include "loader/wrl_loader.h"
 #include "loader/zn.h"
 #include "loader/zn_interfaces.h"
+#include "base/zn_memory_budget.h"
 #include "base/zn_text.h"
 #include "optimizer/gfx_opt.h"
 #include "scripts/zn_cppsi.h"
@@ -52,7 +53,9 @@ bool joinPath(char* out, int size, const char* dir, const char* name) {
     return n >= 0 && n < size;
 }
 
+// Only a regular file: the open of a pipe would wait for a writer.
 bool isReadable(const char* path) {
+    if (!znIsRegularFile(path)) return false;
     FILE* f = std::fopen(path, "r");
     if (f == nullptr) return false;
     std::fclose(f);
@@ -62,6 +65,14 @@ bool isReadable(const char* path) {
 bool isDirectory(const char* path) {
     struct stat status;
     return stat(path, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+// Why a name that is there gives no world: a directory, or a device, a
+// pipe or a socket, none of which reads to an end.
+const char* reasonNotAFile(const char* path) {
+    if (isDirectory(path)) return kReasonDirectory;
+    struct stat status;
+    return stat(path, &status) == 0 ? kReasonNotAFile : kReasonNotFound;
 }
 
 // Copies OPTPATH into `out`; false when it is unset, which is no search
@@ -183,7 +194,9 @@ csNode* wrlLoader::actualLoad(const char* filename, Outcome& outcome) {
     znBrowser* browser = _ZNmain->browser;
     // The loader reads worlds, EXTERNPROTOs and textures from web servers as
     // well as from files.
-    outcome.world->access = new_zn_URL_web();
+    auto* access = new zn_URL_web;
+    if (!outcome.remote) access->refuseRemote();
+    outcome.world->access = access;
     // A world given as text stands for the name it was given.
     if (!outcome.standIn.empty()) outcome.world->access->readAs(filename, outcome.standIn.c_str());
     browser->setURLInterface(outcome.world->access);
@@ -220,7 +233,7 @@ csNode* wrlLoader::actualLoad(const char* filename, Outcome& outcome) {
                 outcome.reason = kReasonNotFound;
                 return nullptr;
             }
-        } else if (!isDirectory(pathBuffer)) {
+        } else if (znIsRegularFile(pathBuffer)) {
             file = std::fopen(pathBuffer, "r");
         }
 
@@ -231,15 +244,15 @@ csNode* wrlLoader::actualLoad(const char* filename, Outcome& outcome) {
             char* found = getFullPath(pathBuffer, searching ? searchPath : nullptr);
             if (found == nullptr) {
                 outcome.status = WRL_NOT_FOUND;
-                outcome.reason = isDirectory(filename) ? kReasonDirectory : kReasonNotFound;
+                outcome.reason = reasonNotAFile(filename);
                 return nullptr;
             }
             // getFullPath fills a buffer of the same size, so this fits.
             std::strcpy(pathBuffer, found);
-            file = isDirectory(pathBuffer) ? nullptr : std::fopen(pathBuffer, "r");
+            file = znIsRegularFile(pathBuffer) ? std::fopen(pathBuffer, "r") : nullptr;
             if (file == nullptr) {
                 outcome.status = WRL_NOT_FOUND;
-                outcome.reason = isDirectory(pathBuffer) ? kReasonDirectory : kReasonNotFound;
+                outcome.reason = reasonNotAFile(pathBuffer);
                 return nullptr;
             }
         }
@@ -284,10 +297,12 @@ csNode* load(const char* name, const wrlLoadOptions& options, wrlLoadResult& res
     std::lock_guard<std::recursive_mutex> lock(loadLock());
     znHostReports reports(options);
     znReportScope scope(reports);
+    znBudgetScope budget;
     if (theLoader == nullptr) theLoader = new wrlLoader();
 
     wrlLoader::Outcome outcome;
     outcome.banner = options.banner;
+    outcome.remote = options.remote;
     outcome.standIn = standIn;
     csNode* scene = nullptr;
     try {

@@ -21,6 +21,7 @@ public:
     // How a load went, and what it made.
     struct Outcome {
         bool banner = true;  // in: the banner is printed
+        bool remote = true;  // in: remote files are read
         // in: a local file that the name is read from (a world given as text)
         std::string standIn;
         wrlLoadStatus status = WRL_FAILED;

@@ -56,5 +56,12 @@ inline constexpr const char* kTimedOut = "No data from %s for %ld seconds: given
 inline constexpr const char* kFetchFailed = "%s: %s";
 inline constexpr const char* kServerStatus = "%s: the server answered %ld.";
 inline constexpr const char* kEmptyReply = "%s: the server sent no data.";
+// A gzip file whose text passes the memory limit: its name, the limit and
+// the limit's variable.
+inline constexpr const char* kUnpackTooLarge = "%s unpacks to more than %s, the memory limit (%s): it is not read.\n";
+// A name that is no regular file (a directory, a device, a pipe).
+inline constexpr const char* kNotARegularFile = "%s is no regular file: it is not read.\n";
+// A remote name in a load that stays off the network.
+inline constexpr const char* kRemoteRefused = "%s: remote files are not read in this load.\n";
 
 #endif

@@ -1,5 +1,7 @@
 #include "url/zn_URL_default.h"
 
+#include "url/zn_URL_files.h"
+
 const char* zn_URL_default::addpath(const char* url, int push) {
     const std::string resolved = znResolveURLPath(url, push, pathStack, znURLAbsoluteRule::joined);
     if (url == nullptr) return nullptr;
@@ -24,7 +26,7 @@ std::ifstream* zn_URL_default::iopenURL(const char* url, int push) {
 
 const char* zn_URL_default::getURL(const char* url, int push) {
     const char* local = addpath(url, push);
-    if (local == nullptr) return nullptr;
+    if (local == nullptr || !znIsLocalFile(local)) return nullptr;
     FILE* probe = std::fopen(local, "r");
     if (probe == nullptr) return nullptr;
     std::fclose(probe);

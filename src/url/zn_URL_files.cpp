@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <vector>
 
+#include "base/zn_reports.h"
+#include "base/zn_text.h"
 #include "url/url_messages.h"
 
 namespace {
@@ -61,19 +63,38 @@ std::string znTmpPath() {
     return tmp && *tmp ? tmp : kDefaultTmpPath;
 }
 
-bool znUnpackGzip(const std::string& from, const std::string& to) {
+bool znIsRegularFile(const char* path) {
+    struct stat status;
+    return path != nullptr && ::stat(path, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool znIsLocalFile(const char* path) {
+    struct stat status;
+    if (path == nullptr || ::stat(path, &status) != 0) return false;
+    if (S_ISREG(status.st_mode)) return true;
+    znAlert(znFormatText(kNotARegularFile, path).c_str());
+    return false;
+}
+
+znUnpacked znUnpackGzip(const std::string& from, const std::string& to, std::size_t limit) {
     gzFile in = ::gzopen(from.c_str(), "rb");
-    if (in == nullptr) return false;
+    if (in == nullptr) return znUnpacked::damaged;
     znStagedFile staged(to);
-    bool ok = staged.fd() >= 0;
+    znUnpacked outcome = staged.fd() >= 0 ? znUnpacked::done : znUnpacked::damaged;
     std::vector<char> block(64 * 1024);
-    while (ok) {
+    std::size_t total = 0;
+    while (outcome == znUnpacked::done) {
         const int n = ::gzread(in, block.data(), static_cast<unsigned>(block.size()));
-        if (n < 0) ok = false;
+        if (n < 0) outcome = znUnpacked::damaged;
         if (n <= 0) break;
-        ok = znWriteAll(staged.fd(), block.data(), static_cast<std::size_t>(n));
+        // A few kilobytes of zeros unpack to gigabytes: the text stops at
+        // the limit, and the staged file goes with it.
+        total += static_cast<std::size_t>(n);
+        if (total > limit) outcome = znUnpacked::tooLarge;
+        else if (!znWriteAll(staged.fd(), block.data(), static_cast<std::size_t>(n))) outcome = znUnpacked::damaged;
     }
     // A stream cut short shows only here.
-    if (::gzclose_r(in) != Z_OK) ok = false;
-    return ok && staged.commit(umaskedMode());
+    if (::gzclose_r(in) != Z_OK && outcome == znUnpacked::done) outcome = znUnpacked::damaged;
+    if (outcome == znUnpacked::done && !staged.commit(umaskedMode())) outcome = znUnpacked::damaged;
+    return outcome;
 }

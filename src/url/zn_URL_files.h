@@ -5,6 +5,7 @@
 
 #include <sys/types.h>
 
+#include <cstddef>
 #include <string>
 
 // A private file beside a target, renamed onto it by commit() and removed
@@ -36,8 +37,20 @@ bool znWriteAll(int fd, const char* data, std::size_t size);
 // ZN_TMP_PATH, or "/tmp" when it is unset or empty.
 std::string znTmpPath();
 
-// Unpacks the gzip file `from` to `to` (which may be the same file). False,
-// with `to` untouched, when `from` is no complete gzip stream.
-bool znUnpackGzip(const std::string& from, const std::string& to);
+// A regular file: not a directory, a device or a pipe, which could not be
+// read to an end, or not without blocking.
+bool znIsRegularFile(const char* path);
+// A local name that may be opened for reading: false, without a word, where
+// there is nothing of that name, and with a report where it is no regular
+// file.
+bool znIsLocalFile(const char* path);
+
+enum class znUnpacked { done, damaged, tooLarge };
+
+// Unpacks the gzip file `from` to `to` (which may be the same file), up to
+// `limit` bytes. Unless it is done, `to` stays untouched and nothing of
+// the unpacked text is left: `from` is no complete gzip stream, or its text
+// is longer than the limit.
+znUnpacked znUnpackGzip(const std::string& from, const std::string& to, std::size_t limit);
 
 #endif

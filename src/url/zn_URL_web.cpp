@@ -6,6 +6,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "base/base_messages.h"
+#include "base/zn_memory_budget.h"
 #include "base/zn_reports.h"
 #include "base/zn_text.h"
 #include "url/zn_URL_files.h"
@@ -79,6 +81,7 @@ const char* zn_URL_web::getURL(const char* url, int push) {
     if (!znFitsPathBuffer(work, sizeof path)) return nullptr;
 
     if (!znIsRemoteURL(work.c_str())) {
+        if (!znIsLocalFile(work.c_str())) return nullptr;
         FILE* probe = std::fopen(work.c_str(), "r");
         if (probe == nullptr) return nullptr;
         std::fclose(probe);
@@ -86,6 +89,10 @@ const char* zn_URL_web::getURL(const char* url, int push) {
         return local ? gunzip(local) : nullptr;
     }
 
+    if (remoteRefused) {
+        znAlert(znFormatText(kRemoteRefused, work.c_str()).c_str());
+        return nullptr;
+    }
     if (++remoteRequests == 1 && std::getenv(kProxyVariable) == nullptr) znAlert(kProxyNote);
     // A fragment names a place in the file, not a file of its own.
     const std::size_t fragment = work.find('#');
@@ -164,8 +171,17 @@ const char* zn_URL_web::gunzip(const char* file) {
     const std::string target =
         znFormatText(kUnpackedNameFormat, znTmpPath().c_str(), znLastPathComponent(file).c_str());
     if (!znFitsPathBuffer(target, sizeof path)) return nullptr;
-    if (!znUnpackGzip(file, target)) return nullptr;
-    return znStorePath(target, path, sizeof path);
+    const std::size_t limit = znBudget().limit();
+    switch (znUnpackGzip(file, target, limit)) {
+        case znUnpacked::done:
+            return znStorePath(target, path, sizeof path);
+        case znUnpacked::tooLarge:
+            znAlert(znFormatText(kUnpackTooLarge, file, znSizeText(limit).c_str(), kMemoryLimitVariable).c_str());
+            return nullptr;
+        case znUnpacked::damaged:
+            break;
+    }
+    return nullptr;
 }
 
 void zn_URL_web::readAs(const char* url, const char* localPath) {

@@ -25,6 +25,9 @@ public:
     int icloseURL(std::ifstream* stream, int push) override;
     const char* get_path() override;
     void readAs(const char* url, const char* localPath) override;
+    // Remote names are refused from now on, with a report: nothing goes on
+    // the network.
+    void refuseRemote() { remoteRefused = true; }
 
     // 0 when the file of `url` is in the cache now (found or fetched), -1
     // after a report.
@@ -48,6 +51,7 @@ private:
     // The one URL that is read from a local file of its own (readAs).
     std::string standInURL;
     std::string standInFile;
+    bool remoteRefused = false;
 };
 
 // The factory through which a host installs remote access as the browser's
