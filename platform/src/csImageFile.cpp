@@ -137,11 +137,15 @@ const char* readJpeg(FILE* file, csImageData& out) {
 
 // ---- GIF
 
+int gifRead(GifFileType* gif, GifByteType* bytes, int count) {
+    return static_cast<int>(std::fread(bytes, 1, static_cast<size_t>(count), static_cast<FILE*>(gif->UserData)));
+}
+
 // The first picture of the file, as RGB, or RGBA when it has a transparent
 // colour.
-const char* readGif(const char* path, csImageData& out) {
+const char* readGif(FILE* file, csImageData& out) {
     int error = 0;
-    GifFileType* gif = DGifOpenFileName(path, &error);
+    GifFileType* gif = DGifOpen(file, gifRead, &error);
     if (gif == nullptr) return kCsImageCorrupt;
     struct Closer {
         GifFileType* gif;
@@ -187,14 +191,15 @@ const char* csReadImageFile(const char* path, csImageData& out) {
     if (path == nullptr) return kCsImageCannotOpen;
     FilePtr file(std::fopen(path, "rb"));
     if (!file) return kCsImageCannotOpen;
+    return csReadImage(file.get(), out);
+}
+
+const char* csReadImage(FILE* file, csImageData& out) {
     unsigned char magic[8] = {0};
-    size_t n = std::fread(magic, 1, sizeof magic, file.get());
-    std::rewind(file.get());
-    if (n >= 8 && png_sig_cmp(magic, 0, 8) == 0) return readPng(file.get(), out);
-    if (n >= 3 && magic[0] == 0xFF && magic[1] == 0xD8 && magic[2] == 0xFF) return readJpeg(file.get(), out);
-    if (n >= 6 && std::memcmp(magic, "GIF8", 4) == 0) {
-        file.reset();
-        return readGif(path, out);
-    }
+    size_t n = std::fread(magic, 1, sizeof magic, file);
+    std::rewind(file);
+    if (n >= 8 && png_sig_cmp(magic, 0, 8) == 0) return readPng(file, out);
+    if (n >= 3 && magic[0] == 0xFF && magic[1] == 0xD8 && magic[2] == 0xFF) return readJpeg(file, out);
+    if (n >= 6 && std::memcmp(magic, "GIF8", 4) == 0) return readGif(file, out);
     return kCsImageUnknownFormat;
 }

@@ -3,6 +3,7 @@
 #define CS_IMAGE_FILE_H
 
 #include <cstdint>
+#include <cstdio>
 #include <vector>
 
 // Refuses pictures above this many pixels, or above this side length, so
@@ -20,5 +21,7 @@ struct csImageData {
 // Reads a PNG, JPEG or GIF file, chosen by its first bytes. Null on success,
 // otherwise one of the reason texts of csMessages.h, with `out` unchanged.
 const char* csReadImageFile(const char* path, csImageData& out);
+// The same for a file open for reading at its start, which stays open.
+const char* csReadImage(FILE* file, csImageData& out);
 
 #endif
