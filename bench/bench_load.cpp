@@ -97,6 +97,23 @@ void BM_LoadProtoInstances(benchmark::State& state) {
     runLoads(state, world("proto", static_cast<std::size_t>(state.range(0)), wrlbench::manyProtoInstances));
 }
 
+// Worlds that once cost far more than their size: the time stays well
+// under a second for each.
+void BM_LoadTriangleFan(benchmark::State& state) {
+    runLoads(state, world("fan", 0, [&](std::size_t) { return wrlbench::triangleFan(state.range(0)); }));
+}
+
+void BM_LoadLongComment(benchmark::State& state) {
+    runLoads(state, world("comment", static_cast<std::size_t>(state.range(0)),
+                          [](std::size_t n) { return wrlbench::longComment(n); }));
+}
+
+void BM_LoadNestedProtos(benchmark::State& state) {
+    runLoads(state, world("nested-protos", 0, [&](std::size_t) {
+                 return wrlbench::nestedProtos(static_cast<int>(state.range(0)));
+             }));
+}
+
 // Thirty loads of one world in one process, each scene let go before the
 // next: the resident size after them against that after the first. A world
 // that outlived its scene would pile up here.
@@ -156,4 +173,7 @@ BENCHMARK(BM_LoadFaceSetWithNormals)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()
 BENCHMARK(BM_LoadFaceSetGeneratedNormals)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LoadDefUseShapes)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LoadProtoInstances)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_LoadTriangleFan)->Arg(30000)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_LoadLongComment)->Arg(8)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_LoadNestedProtos)->Arg(14)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_RepeatedLoadsGiveMemoryBack)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1);

@@ -153,6 +153,34 @@ std::string manyProtoInstances(std::size_t targetBytes) {
     return out;
 }
 
+std::string triangleFan(long triangles) {
+    std::string out = std::string(kHeader) + "Shape { geometry IndexedFaceSet {\n  coord Coordinate { point [ 0 0 0";
+    for (long i = 0; i <= triangles; ++i) {
+        const double angle = 6.283185307179586 * static_cast<double>(i) / static_cast<double>(triangles + 1);
+        appendf(out, ", %.5f %.5f %.5f", std::cos(angle), std::sin(angle), 0.1 * static_cast<double>(i % 7));
+    }
+    out += " ] }\n  coordIndex [";
+    for (long i = 1; i <= triangles; ++i) out += " 0 " + std::to_string(i) + " " + std::to_string(i + 1) + " -1";
+    out += " ]\n  creaseAngle 0.5\n} }\n";
+    return out;
+}
+
+std::string longComment(std::size_t bytes) {
+    std::string out = std::string(kHeader) + "#";
+    out.append(bytes, 'c');
+    out += "\nShape { geometry Box { } }\n";
+    return out;
+}
+
+std::string nestedProtos(int levels) {
+    std::string out = std::string(kHeader) + "PROTO P0 [ ] { Shape { geometry Box { } } }\n";
+    for (int i = 1; i <= levels; ++i)
+        out += "PROTO P" + std::to_string(i) + " [ ] { Group { children [ P" + std::to_string(i - 1) + " { } P" +
+               std::to_string(i - 1) + " { } ] } }\n";
+    out += "P" + std::to_string(levels) + " { }\n";
+    return out;
+}
+
 std::string writeTempWorld(const std::string& stem, const std::string& text) {
     const char* dir = std::getenv("TMPDIR");
     std::string path = std::string(dir && *dir ? dir : "/tmp") + "/wrlbench-" + stem + "-XXXXXX.wrl";

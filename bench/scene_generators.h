@@ -30,6 +30,16 @@ std::string bigElevationGrid(long side);
 // `sectionPoints` swept along a helix of `spinePoints`, with a crease angle.
 std::string longExtrusion(long spinePoints, long sectionPoints);
 
+// Worlds that a careless or hostile writer makes, each of which once cost
+// far more than its size: a fan of `triangles` triangles that all share one
+// point, in one IndexedFaceSet whose normals are generated; one comment of
+// `bytes` on a single line before a Shape; a PROTO instance whose body
+// holds two instances of the PROTO below it, `levels` deep (2^levels
+// Shapes).
+std::string triangleFan(long triangles);
+std::string longComment(std::size_t bytes);
+std::string nestedProtos(int levels);
+
 // Writes `text` to a file in the temporary directory and answers its path.
 std::string writeTempWorld(const std::string& stem, const std::string& text);
 
