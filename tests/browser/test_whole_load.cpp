@@ -45,7 +45,8 @@ TEST(WholeLoad, UnparsableOrUnreadableWorldGivesAnEnvironmentWithoutChildren) {
 class StringWorld : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_NE(wrltest::loadWorld(dataFile("shapes.wrl")).scene, nullptr);
+        world = std::make_unique<wrltest::WorldLoad>(wrltest::loadWorld(dataFile("shapes.wrl")));
+        ASSERT_NE(world->scene, nullptr);
         browser = _ZNmain->browser;
         before = browser->getTopLevel();
     }
@@ -61,6 +62,7 @@ protected:
     wrltest::ScopedEnv tmp{"ZN_TMP_PATH", dir.path().c_str()};
     znBrowserIntern* browser = nullptr;
     std::list<int> before;
+    std::unique_ptr<wrltest::WorldLoad> world;  // the world the texts go into
 };
 
 TEST_F(StringWorld, EmptyStringLeavesTopLevelAndTempDirAsTheyWere) {

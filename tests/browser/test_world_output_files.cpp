@@ -18,7 +18,8 @@ std::string outputFile(const std::string& name) { return std::string(WRL_TEST_DA
 
 // What `wrlload --vrml` prints for the world file `name`.
 std::string writtenWorld(const std::string& path) {
-    if (wrltest::loadWorld(path).scene == nullptr) return "not loaded";
+    const wrltest::WorldLoad world = wrltest::loadWorld(path);
+    if (world.scene == nullptr) return "not loaded";
     CaptureStdout();
     _ZNmain->browser->writeURL(nullptr);
     return GetCapturedStdout();

@@ -22,12 +22,11 @@ class FaceSetWorld {
 public:
     // Loads `body` after the VRML 97 header. Standard error of the load is
     // kept in `messages`.
-    explicit FaceSetWorld(const std::string& body) {
-        WorldLoad load = loadWorld(dir.write("faces.wrl", "#VRML V2.0 utf8\n" + body));
-        scene = load.scene;
-        messages = load.err;
-        browser = _ZNmain->browser;
-    }
+    explicit FaceSetWorld(const std::string& body)
+        : load(loadWorld(dir.write("faces.wrl", "#VRML V2.0 utf8\n" + body))),
+          scene(load.scene),
+          browser(_ZNmain->browser),
+          messages(load.err) {}
 
     // The node DEF'd as `name`.
     znNode* node(const char* name) {
@@ -59,6 +58,7 @@ public:
     csIndexedFaceSet* refresh(const char* name = "F") { return act<csIndexedFaceSet>(name, kActionRefresh); }
 
     TempDir dir;
+    WorldLoad load;  // holds the scene and the world
     csNode* scene = nullptr;
     znBrowserIntern* browser = nullptr;
     std::string messages;

@@ -145,9 +145,9 @@ csEnvironment* SceneLoad::load(const std::string& body) {
 }
 
 csEnvironment* SceneLoad::loadFile(std::string path) {
-    WorldLoad load = loadWorld(path, "");
-    errors = load.err;
-    return static_cast<csEnvironment*>(load.scene);
+    loads.push_back(loadWorld(path, ""));
+    errors = loads.back().err;
+    return static_cast<csEnvironment*>(loads.back().scene);
 }
 
 Builtin* SceneLoad::builtinNamed(const char* name) {

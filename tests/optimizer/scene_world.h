@@ -62,6 +62,9 @@ private:
     ScopedEnv builtins;
     int count = 0;
     std::string errors;
+    // Every load's scene and world, until the fixture ends; the latest is
+    // _ZNmain's.
+    std::vector<WorldLoad> loads;
 };
 
 // What a TestGeometry node was handed as state by its last action.

@@ -23,14 +23,14 @@ const char kLibrary[] =
     "PROTO B [ field SFFloat r 1 ] { Transform { children Shape { geometry Sphere { radius IS r } } } }\n"
     "Group { }\n";
 
-// Loads `main` from a directory that also holds the library; answers what
-// the load wrote on the error stream.
-std::string load(wrltest::TempDir& dir, const std::string& main) {
+// Loads `main` from a directory that also holds the library; the world
+// lasts as long as the answer.
+wrltest::WorldLoad load(wrltest::TempDir& dir, const std::string& main) {
     wrltest::ScopedStdin noAnswer("");
     dir.write("lib.wrl", kLibrary);
     wrltest::WorldLoad load = wrltest::loadWorld(dir.write("main.wrl", "#VRML V2.0 utf8\n" + main));
     EXPECT_NE(load.scene, nullptr);
-    return load.err;
+    return load;
 }
 
 znNode* node(const char* name) { return dynamic_cast<znNode*>(_ZNmain->browser->getNode(name)); }
@@ -39,7 +39,8 @@ znNode* node(const char* name) { return dynamic_cast<znNode*>(_ZNmain->browser->
 
 TEST(ExternProtos, FragmentNamesThePrototypeThatTakesTheLocalName) {
     wrltest::TempDir dir;
-    std::string err = load(dir, "EXTERNPROTO A [ field SFFloat r ] \"lib.wrl#B\"\nDEF X A { r 3 }\n");
+    wrltest::WorldLoad world = load(dir, "EXTERNPROTO A [ field SFFloat r ] \"lib.wrl#B\"\nDEF X A { r 3 }\n");
+    const std::string& err = world.err;
     EXPECT_EQ(err.find("Error"), std::string::npos) << err;
     znNode* x = node("X");
     ASSERT_NE(x, nullptr);
@@ -51,8 +52,9 @@ TEST(ExternProtos, FragmentNamesThePrototypeThatTakesTheLocalName) {
 
 TEST(ExternProtos, MissingFileIsReportedOnceAndTheNextUrlIsUsed) {
     wrltest::TempDir dir;
-    std::string err =
+    wrltest::WorldLoad world =
         load(dir, "EXTERNPROTO C [ field SFColor c ] [ \"missing.wrl\" \"lib.wrl\" ]\nDEF Y C { c 1 0 0 }\n");
+    const std::string& err = world.err;
     const std::string alert = "PARSE ERROR:  Could not open EXTERNPROTO missing.wrl.";
     ASSERT_THAT(err, HasSubstr(alert));
     EXPECT_EQ(err.find(alert, err.find(alert) + 1), std::string::npos) << err;
@@ -65,11 +67,12 @@ TEST(ExternProtos, MissingFileIsReportedOnceAndTheNextUrlIsUsed) {
 
 TEST(ExternProtos, LinesOfTheOuterFileComeBackAfterTheExternalOne) {
     wrltest::TempDir dir;
-    std::string err = load(dir,
+    wrltest::WorldLoad world = load(dir,
                            "EXTERNPROTO A [ field SFFloat r ] \"lib.wrl#B\"\n"
                            "A { }\n"
                            "Transform { translation 1 2 3 }\n"
                            "Group { children [ Group { } ] ] }\n");
+    const std::string& err = world.err;
     EXPECT_THAT(err, HasSubstr("main.wrl near line 5: parse error")) << err;
 }
 
@@ -82,7 +85,8 @@ TEST(ExternProtos, ChainOfTenLevelsLoadsAndOneDeeperStopsAtTheLimit) {
             dir.write("chain" + std::to_string(i) + ".wrl",
                       "#VRML V2.0 utf8\nEXTERNPROTO P [ ] \"chain" + std::to_string(i + 1) + ".wrl\"\n");
         dir.write("chain" + std::to_string(last) + ".wrl", "#VRML V2.0 utf8\nPROTO P [ ] { Group { } }\n");
-        std::string err = load(dir, "EXTERNPROTO P [ ] \"chain1.wrl\"\nDEF Z P { }\n");
+        wrltest::WorldLoad world = load(dir, "EXTERNPROTO P [ ] \"chain1.wrl\"\nDEF Z P { }\n");
+        const std::string& err = world.err;
         if (last == 12) {
             EXPECT_THAT(err, HasSubstr("Can't exceed EXTERNPROTO depth of 10!"));
             continue;

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
 #include "browser/zn_browser_intern.h"
@@ -27,6 +28,7 @@ struct World {
     std::string scene;
     std::string err;
     bool loaded = false;
+    std::unique_ptr<wrltest::WorldLoad> load;  // the world itself, while the test looks at it
 };
 
 // Checks that the written world of `body`, as main.wrl of `dir`, loads to
@@ -43,6 +45,7 @@ World load(wrltest::TempDir& dir, const std::string& body) {
     world.loaded = true;
     world.scene = wrltest::sceneText(again.scene);
     world.err = again.err;
+    world.load = std::make_unique<wrltest::WorldLoad>(std::move(again));
     return world;
 }
 

@@ -13,9 +13,11 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "browser/zn_browser_intern.h"
+#include "csNode.h"
 #include "loader/wrl_loader.h"
 #include "loader/zn.h"
 #include "scene_printer.h"
@@ -122,6 +124,28 @@ std::string readFile(const std::string& path) {
 }
 
 std::string nodeSupportFile() { return std::string(WRL_SOURCE_DIR) + "/data/znbuiltins.wrl"; }
+
+WorldLoad::WorldLoad(csNode* loaded, std::string printed, std::string errors)
+    : scene(loaded), out(std::move(printed)), err(std::move(errors)) {
+    if (scene != nullptr) scene->ref();
+}
+
+WorldLoad::WorldLoad(WorldLoad&& other) noexcept
+    : scene(std::exchange(other.scene, nullptr)), out(std::move(other.out)), err(std::move(other.err)) {}
+
+WorldLoad& WorldLoad::operator=(WorldLoad&& other) noexcept {
+    if (this != &other) {
+        if (scene != nullptr) scene->unref();
+        scene = std::exchange(other.scene, nullptr);
+        out = std::move(other.out);
+        err = std::move(other.err);
+    }
+    return *this;
+}
+
+WorldLoad::~WorldLoad() {
+    if (scene != nullptr) scene->unref();
+}
 
 WorldLoad loadWorld(const std::string& path, const std::string& builtins) {
     const char* chosen = builtins.empty() ? std::getenv("ZNBUILTINS") : builtins.c_str();

@@ -95,8 +95,15 @@ std::string stderrOf(F&& f) {
 // The Node Support file shipped in data/.
 std::string nodeSupportFile();
 
-// A whole load through wrlLoad and what it printed on each stream.
+// A whole load through wrlLoad and what it printed on each stream. It
+// holds a reference to the scene, and so keeps the world behind it (which
+// _ZNmain names while it is the latest) alive as long as it lives.
 struct WorldLoad {
+    WorldLoad(csNode* loaded, std::string printed, std::string errors);
+    WorldLoad(WorldLoad&& other) noexcept;
+    WorldLoad& operator=(WorldLoad&& other) noexcept;
+    ~WorldLoad();
+
     csNode* scene;
     std::string out, err;
 };

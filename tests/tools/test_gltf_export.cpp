@@ -37,7 +37,8 @@ Exported exportWorld(const wrltest::TempDir& dir, const std::string& body) {
     const std::string path = dir.write("world.wrl", "#VRML V2.0 utf8\n" + body);
     wrltest::ScopedEnv images("ZN_CACHE_IMAGES", "0");
     Exported out;
-    if (csNode* scene = wrltest::loadWorld(path).scene) {
+    const wrltest::WorldLoad load = wrltest::loadWorld(path);
+    if (csNode* scene = load.scene) {
         scene->ref();
         out.scene.reset(scene, [](csNode* s) { s->unref(); });
         out.model = sceneToGltf(scene, out.notes);

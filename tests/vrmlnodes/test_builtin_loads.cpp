@@ -16,11 +16,11 @@ namespace {
 
 std::string behaviourFile(const char* name) { return std::string(WRL_TEST_DATA_DIR) + "/behaviour/" + name; }
 
-// Loads through wrlLoad; answers what the load wrote on the error stream.
-std::string load(const std::string& path) {
+// Loads through wrlLoad; the world lasts as long as the answer.
+wrltest::WorldLoad load(const std::string& path) {
     wrltest::WorldLoad load = wrltest::loadWorld(path);
     EXPECT_NE(load.scene, nullptr);
-    return load.err;
+    return load;
 }
 
 size_t occurrences(const std::string& text, const std::string& word) {
@@ -32,7 +32,8 @@ size_t occurrences(const std::string& text, const std::string& word) {
 }  // namespace
 
 TEST(BuiltinLoads, EveryBuiltInTypeOfAWorldHasItsObject) {
-    std::string err = load(behaviourFile("all_builtins.wrl"));
+    const wrltest::WorldLoad world = load(behaviourFile("all_builtins.wrl"));
+    const std::string& err = world.err;
     EXPECT_EQ(err.find("could not locate function"), std::string::npos) << err;
     const char* const names[] = {"G",  "T",  "SH", "AP", "MA", "IT", "TT", "IFS", "CO", "CL", "NO", "TC", "ILS",
                                  "PS", "BX", "CN", "CY", "SP", "TX", "FS",  "SW", "CO2", "PT", "EG", "MT", "EX",
@@ -52,7 +53,8 @@ TEST(BuiltinLoads, EveryBuiltInTypeOfAWorldHasItsObject) {
 }
 
 TEST(BuiltinLoads, UnsupportedTypeAlertsOncePerTypeAndKeepsItsNodes) {
-    std::string err = load(behaviourFile("unsupported.wrl"));
+    const wrltest::WorldLoad world = load(behaviourFile("unsupported.wrl"));
+    const std::string& err = world.err;
     EXPECT_EQ(occurrences(err, "TimeSensor nodes not supported in this version."), 1u) << err;
     EXPECT_EQ(occurrences(err, "Sound nodes not supported in this version."), 1u) << err;
     auto* clock = dynamic_cast<znNode*>(_ZNmain->browser->getNode("CLOCK2"));
