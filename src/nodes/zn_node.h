@@ -96,6 +96,10 @@ public:
     // Whether the node's script language was enabled when the node was
     // made: a node keeps that answer for its life.
     int isScriptEnabled() const { return scriptEnabled; }
+    // The compiled script object that the type's script interface made for
+    // this node, or null; the object ends through its own shutdown.
+    Script* getCompiledScript() const { return compiledScript; }
+    void setCompiledScript(Script* script) { compiledScript = script; }
     void reset() { restore(0); }
 
     int initialize();
@@ -130,6 +134,7 @@ private:
     char* urlBase;           // owning, strdup copy
     int dirty;
     int scriptEnabled;
+    Script* compiledScript = nullptr;  // borrowed: see getCompiledScript
 };
 
 #endif
