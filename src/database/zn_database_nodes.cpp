@@ -13,9 +13,6 @@
 
 namespace {
 
-// The kind letter of the stored name of a node without DEF.
-constexpr char kAnonymousKind = 'x';
-
 int countParents(char** parents) {
     int count = 0;
     if (parents != nullptr)
