@@ -81,7 +81,7 @@ private:
     std::atomic<int> _refCount;
     unsigned _alive;  // pattern set while the object lives, checked by ref/unref
     char* _name;      // owning: strdup copy, or null
-    int _handle;      // 0 until getHandle is first asked
+    std::atomic<int> _handle;  // 0 until getHandle is first asked
 };
 
 #endif

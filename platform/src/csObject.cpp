@@ -5,7 +5,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
-#include <unordered_map>
+#include <memory>
+#include <vector>
 
 #include "csMessages.h"
 
@@ -16,9 +17,56 @@ constexpr unsigned kAlivePattern = 0x0b1ec7u;
 constexpr unsigned kDeadPattern = 0xdeadu;
 
 // The objects that were asked for a handle, by handle. Entries leave with
-// their objects, so a number outliving its object finds nothing.
-std::unordered_map<int, csObject*>& handleTable() {
-    static auto* table = new std::unordered_map<int, csObject*>();  // never freed: objects may die at exit
+// their objects, so a number outliving its object finds nothing. Handles are
+// given one after another, so they stand in pages of consecutive numbers: a
+// look-up is two steps into memory, and a page whose objects have all gone
+// goes with them, so a host that loads world after world keeps only the
+// pages of what is alive.
+class HandleTable {
+public:
+    csObject* find(int handle) const {
+        const Page* page = pageOf(handle);
+        return page != nullptr ? page->slots[slotOf(handle)] : nullptr;
+    }
+    bool taken(int handle) const { return find(handle) != nullptr; }
+    void enter(int handle, csObject* object) {
+        const std::size_t index = static_cast<std::size_t>(handle) >> kPageBits;
+        if (index >= pages.size()) pages.resize(index + 1);
+        std::unique_ptr<Page>& page = pages[index];
+        if (!page) page = std::make_unique<Page>();
+        csObject*& slot = page->slots[slotOf(handle)];
+        if (slot == nullptr) ++page->used;
+        slot = object;
+    }
+    void erase(int handle) {
+        const std::size_t index = static_cast<std::size_t>(handle) >> kPageBits;
+        if (index >= pages.size() || !pages[index]) return;
+        Page& page = *pages[index];
+        csObject*& slot = page.slots[slotOf(handle)];
+        if (slot == nullptr) return;
+        slot = nullptr;
+        if (--page.used == 0) pages[index].reset();
+    }
+
+private:
+    static constexpr int kPageBits = 12;
+    static constexpr std::size_t kPageSize = std::size_t{1} << kPageBits;
+    struct Page {
+        csObject* slots[kPageSize] = {};
+        std::size_t used = 0;
+    };
+    static std::size_t slotOf(int handle) { return static_cast<std::size_t>(handle) & (kPageSize - 1); }
+    const Page* pageOf(int handle) const {
+        if (handle <= 0) return nullptr;
+        const std::size_t index = static_cast<std::size_t>(handle) >> kPageBits;
+        return index < pages.size() ? pages[index].get() : nullptr;
+    }
+
+    std::vector<std::unique_ptr<Page>> pages;
+};
+
+HandleTable& handleTable() {
+    static auto* table = new HandleTable();  // never freed: objects may die at exit
     return *table;
 }
 int lastHandle = 0;
@@ -53,9 +101,9 @@ csObject::csObject() : _refCount(0), _alive(kAlivePattern), _name(nullptr), _han
 
 csObject::~csObject() {
     _alive = kDeadPattern;
-    if (_handle != 0) {
+    if (const int handle = _handle.load(std::memory_order_acquire); handle != 0) {
         std::lock_guard<std::mutex> lock(handleLock());
-        handleTable().erase(_handle);
+        handleTable().erase(handle);
     }
     std::free(_name);
 }
@@ -93,23 +141,25 @@ void csObject::setName(const char* name) {
 }
 
 int csObject::getHandle() {
+    // An object asked again, as the actions of a scene ask each of theirs
+    // many times, answers without the lock.
+    if (const int handle = _handle.load(std::memory_order_acquire); handle != 0) return handle;
     std::lock_guard<std::mutex> lock(handleLock());
-    if (_handle != 0) return _handle;
+    if (const int handle = _handle.load(std::memory_order_relaxed); handle != 0) return handle;
     auto& table = handleTable();
     // Numbers run up to the largest int and start again at 1, skipping the
     // ones still held by living objects.
     do {
         lastHandle = lastHandle == INT_MAX ? 1 : lastHandle + 1;
-    } while (table.count(lastHandle) != 0);
-    _handle = lastHandle;
-    table.emplace(_handle, this);
-    return _handle;
+    } while (table.taken(lastHandle));
+    table.enter(lastHandle, this);
+    _handle.store(lastHandle, std::memory_order_release);
+    return lastHandle;
 }
 
 csObject* csObject::fromHandle(int handle) {
     if (handle == 0) return nullptr;
     std::lock_guard<std::mutex> lock(handleLock());
     auto& table = handleTable();
-    auto found = table.find(handle);
-    return found == table.end() ? nullptr : found->second;
+    return table.find(handle);
 }

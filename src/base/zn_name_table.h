@@ -21,8 +21,8 @@ public:
     // insertion.
     int* find(std::string_view name) {
         if (slots.empty()) return nullptr;
-        Slot& s = slotFor(name, hashOf(name));
-        return s.used ? &s.value : nullptr;
+        const Slot& s = slotFor(name, hashOf(name));
+        return s.entry != 0 ? &entries[s.entry - 1].value : nullptr;
     }
     const int* find(std::string_view name) const { return const_cast<znNameTable*>(this)->find(name); }
     bool contains(std::string_view name) const { return find(name) != nullptr; }
@@ -33,17 +33,14 @@ public:
     // Enters `name` with `value` unless it is there; answers whether it was
     // entered. Either way the pointer is to the stored number.
     std::pair<int*, bool> insert(std::string_view name, int value) {
-        if ((count + 1) * 2 > slots.size()) grow();
+        if ((entries.size() + 1) * 2 > slots.size()) grow();
         const std::uint32_t h = hashOf(name);
         Slot& s = slotFor(name, h);
-        if (s.used) return {&s.value, false};
-        s.name = store(name);
-        s.length = static_cast<std::uint32_t>(name.size());
+        if (s.entry != 0) return {&entries[s.entry - 1].value, false};
+        entries.push_back(Entry{store(name), static_cast<std::uint32_t>(name.size()), value});
         s.hash = h;
-        s.value = value;
-        s.used = true;
-        ++count;
-        return {&s.value, true};
+        s.entry = static_cast<std::uint32_t>(entries.size());
+        return {&entries.back().value, true};
     }
 
     // Calls `visit(name, number)` for every name, in no order.
@@ -55,20 +52,26 @@ public:
 
     void clear() {
         slots.clear();
+        entries.clear();
         blocks.clear();
         blockLeft = 0;
-        count = 0;
     }
-    std::size_t size() const { return count; }
-    bool empty() const { return count == 0; }
+    std::size_t size() const { return entries.size(); }
+    bool empty() const { return entries.empty(); }
 
 private:
+    // The slots are small, so that the part of the table that a look-up
+    // lands in at random stays in the cache as long as can be; the names
+    // and numbers stand in `entries` in the order they came, where the
+    // newest, which a world asks for most, lie together.
     struct Slot {
-        const char* name = nullptr;  // in `blocks`
-        std::uint32_t length = 0;
         std::uint32_t hash = 0;
-        int value = 0;
-        bool used = false;
+        std::uint32_t entry = 0;  // 1 + index into entries; 0 when free
+    };
+    struct Entry {
+        const char* name;  // in `blocks`
+        std::uint32_t length;
+        int value;
     };
 
     static std::uint32_t hashOf(std::string_view name) {
@@ -81,9 +84,10 @@ private:
     Slot& slotFor(std::string_view name, std::uint32_t h) {
         for (std::size_t i = h & mask();; i = (i + 1) & mask()) {
             Slot& s = slots[i];
-            if (!s.used) return s;
-            if (s.hash == h && s.length == name.size() &&
-                (name.empty() || std::memcmp(s.name, name.data(), name.size()) == 0))
+            if (s.entry == 0) return s;
+            if (s.hash != h) continue;
+            const Entry& e = entries[s.entry - 1];
+            if (e.length == name.size() && (name.empty() || std::memcmp(e.name, name.data(), name.size()) == 0))
                 return s;
         }
     }
@@ -106,23 +110,23 @@ private:
         std::vector<Slot> old;
         old.swap(slots);
         std::size_t size = 16;
-        while (size < (count + 1) * 2) size *= 2;
+        while (size < (entries.size() + 1) * 2) size *= 2;
         slots.assign(size, Slot{});
         for (const Slot& s : old) {
-            if (!s.used) continue;
+            if (s.entry == 0) continue;
             std::size_t i = s.hash & mask();
-            while (slots[i].used) i = (i + 1) & mask();
+            while (slots[i].entry != 0) i = (i + 1) & mask();
             slots[i] = s;
         }
     }
 
-    std::vector<Slot> slots;  // a power of two of them, at most half in use
+    std::vector<Slot> slots;     // a power of two of them, at most half in use
+    std::vector<Entry> entries;  // in the order they were entered
     // Every name entered, back to back in blocks that never move; a name
     // longer than a block gets one of its own.
     std::vector<std::unique_ptr<char[]>> blocks;
     char* blockNext = nullptr;
     std::size_t blockLeft = 0;
-    std::size_t count = 0;  // names in the table
 };
 
 #endif

@@ -157,8 +157,8 @@ void znBrowserIntern::initializeNewNodes() {
     }
     SFTime time(-1.0);
     // Initialising a node may create more nodes: the loop takes them in.
-    for (auto it = newNodes.begin(); it != newNodes.end(); ++it) {
-        znNode* node = *it;
+    for (std::size_t i = 0; i < newNodes.size(); ++i) {
+        znNode* node = newNodes[i];
         if (!node->isDirty()) {
             node->initialize();
             node->makeDirty();
@@ -168,7 +168,8 @@ void znBrowserIntern::initializeNewNodes() {
             node->action(time, 0, nullptr);
         }
     }
-    newNodes.clear();
+    // A load of a big world leaves a long list behind: it goes.
+    std::vector<znNode*>().swap(newNodes);
 }
 
 void znBrowserIntern::pushUnresolved(znField* f, const char* text) {

@@ -115,7 +115,7 @@ public:
     void clearUnresolvedReference() { unresolvedReference = 0; }
     void setAddingType(int value) { addingType = value; }
     const std::list<int>& getTopLevel() const { return topLevel; }
-    const std::list<znNode*>& getNewNodes() const { return newNodes; }
+    const std::vector<znNode*>& getNewNodes() const { return newNodes; }
 
     // Types from the database and at run time (zn_browser_types.cpp).
     // addType answers 1 when the type entered the table; the new* forms
@@ -178,7 +178,7 @@ private:
     znNumberedNames numberedNames;  // of the names in nodeIDs
     std::map<int, znNodeType*> types;  // owning
     znIdTable<znNode> nodes;           // owning
-    std::list<znNode*> newNodes;       // borrowed from `nodes`
+    std::vector<znNode*> newNodes;     // borrowed from `nodes`
     int unresolvedReference;
     std::stack<ResolveStackElem*> resolveStack;  // owning
     znUrlFilter urlFilter;

@@ -41,9 +41,8 @@ bool isNodeValued(int fieldType) { return fieldType == SFNodeType || fieldType =
 // from it rather than from text: the value was not given in the node, so
 // the text is the default the type was made from. Node-valued fields are
 // read as text, since reading a name may resolve a reference.
-znField* typeDefault(znNodeType* type, const char* name, FieldType fieldType, const FieldFlags& flags) {
+znField* typeDefault(znNodeType* type, int index, FieldType fieldType, const FieldFlags& flags) {
     if (flags.valueSet() || isNodeValued(fieldType)) return nullptr;
-    const int index = type->getDataID(name);
     if (index < 0 || index >= type->getFieldCount()) return nullptr;
     znField* field = type->getZnField(index);
     return field != nullptr && field->getFieldType() == fieldType ? field : nullptr;
@@ -133,6 +132,8 @@ int znBrowserIntern::addNode(_zndbNode* first) {
             const FieldType fieldType = static_cast<FieldType>(data->fieldType);
             const DataType dataType = static_cast<DataType>(data->dataType);
             FieldFlags flags = data->flags;
+            // Each field is looked up by its name once.
+            const int index = type->getDataID(fieldName);
             int dataID = -1;
             if (data->isNodeId != 0) {
                 znNode* target = nullptr;
@@ -146,28 +147,26 @@ int znBrowserIntern::addNode(_zndbNode* first) {
                 std::vector<znField*> targets;
                 if (data->isFields) {
                     for (const char* isName : *data->isFields) {
-                        int index = target->getDataID(isName);
-                        if (index >= 0 && index < target->getFieldCount())
-                            targets.push_back(target->getZnField(index));
+                        const int targetIndex = target->getDataID(isName);
+                        if (targetIndex >= 0 && targetIndex < target->getFieldCount())
+                            targets.push_back(target->getZnField(targetIndex));
                     }
                 }
                 if (dataType == eventIn) {
-                    int index = simManager->nextIndex();
-                    dataID = node->addData(fieldName, fieldType, dataType, flags, &targets, index);
+                    dataID = node->addDataAt(index, fieldType, dataType, flags, &targets, simManager->nextIndex());
                     simManager->addEventIn(node, dataID, data->name.data());
                 } else {
-                    dataID = node->addData(fieldName, fieldType, dataType, flags, &targets, -1);
+                    dataID = node->addDataAt(index, fieldType, dataType, flags, &targets, -1);
                 }
                 if (dataID != -1) node->getZnField(dataID)->addISNames(data->isFields);
             } else if (dataType == eventIn) {
-                int index = simManager->nextIndex();
-                dataID = node->addData(fieldName, fieldType, dataType, flags, index);
+                dataID = node->addDataAt(index, fieldType, dataType, flags, simManager->nextIndex());
                 simManager->addEventIn(node, dataID, data->name.data());
-            } else if (znField* value = typeDefault(type, fieldName, fieldType, flags)) {
-                dataID = node->addData(fieldName, fieldType, dataType, flags, *value);
+            } else if (znField* value = typeDefault(type, index, fieldType, flags)) {
+                dataID = node->addDataAt(index, fieldType, dataType, flags, *value);
             } else {
                 const char* text = data->value ? data->value : "";
-                dataID = node->addData(fieldName, fieldType, dataType, flags, text);
+                dataID = node->addDataAt(index, fieldType, dataType, flags, text);
                 // Converting the text noted a name that no node has yet: the
                 // field is filled once every node of the load exists.
                 if (dataID != -1 && isNodeValued(fieldType) && dataType == field && unresolvedReference) {

@@ -39,11 +39,18 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
     const int count = countParents(parents);
     const char* typeName = type != nullptr ? type : "";
     const char* nodeName = instName != nullptr ? instName : "";
-    // The first type a name was given stays its type.
-    if (auto entry = instanceTypes.insert(nodeName, 0); entry.second) {
-        auto type = typeNumbers.insert(typeName, static_cast<int>(typeNames.size()));
-        if (type.second) typeNames.emplace_back(typeName);
-        *entry.first = *type.first;
+    // A node of the file without DEF has a name that nothing can ask for:
+    // no ROUTE can spell it, and no PROTO body holds it. Most nodes of a
+    // big world are such nodes, and the tables by name are left to the
+    // others.
+    const bool unnamed = count == 0 && nodeName[0] == kAnonymousKind;
+    if (!unnamed) {
+        // The first type a name was given stays its type.
+        if (auto entry = instanceTypes.insert(nodeName, 0); entry.second) {
+            auto type = typeNumbers.insert(typeName, static_cast<int>(typeNames.size()));
+            if (type.second) typeNames.emplace_back(typeName);
+            *entry.first = *type.first;
+        }
     }
     // A body whose top holds a grouping node, or an instance of a PROTO that
     // stands at the top itself, makes its PROTO stand at the top.
@@ -78,7 +85,7 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
     node->nodeId = ++nodeIdCounter;
     currentTopNodeId = node->nodeId;
     // A later DEF of the name takes the name over.
-    instanceIds[nodeName] = node->nodeId;
+    if (!unnamed) instanceIds[nodeName] = node->nodeId;
     node->nesting = nesting;
     // A PROTO instance at the top of the file stands at the top when its
     // body does.

@@ -164,20 +164,37 @@ int znNode::setToplevel(int value) {
 
 // --- Fields --------------------------------------------------------------------
 
-int znNode::enter(const char* fieldName, znField* f, const char* failure) {
-    int index = addData(fieldName, f);
-    if (index != -1) return index;
+int znNode::enter(int index, znField* f, const char* failure) {
+    if (place(index, f) != -1) return index;
     znMessage(failure);
     delete f;
     return -1;
 }
 
+int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags, const char* value) {
+    return addDataAt(getDataID(fieldName), type, kind, flags, value);
+}
+
 int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags,
-                    const char* value) {
+                    const znField& value) {
+    return addDataAt(getDataID(fieldName), type, kind, flags, value);
+}
+
+int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags, int eventIndex) {
+    return addDataAt(getDataID(fieldName), type, kind, flags, eventIndex);
+}
+
+int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags,
+                    std::vector<znField*>* remote, int eventIndex) {
+    return addDataAt(getDataID(fieldName), type, kind, flags, remote, eventIndex);
+}
+
+int znNode::addData(const char* fieldName, znField* f) { return place(getDataID(fieldName), f); }
+
+int znNode::addDataAt(int index, FieldType type, DataType kind, FieldFlags& flags, const char* value) {
     znField* f = znField::newField(browser, this, type, kind, flags, value, nullptr);
     if (!f) return -1;
-    const int index = addData(fieldName, f);
-    if (index != -1) return index;
+    if (place(index, f) != -1) return index;
     // The report is made only now: the text may be a whole mesh.
     char message[512];
     std::snprintf(message, sizeof message, kCantAddData, value ? value : "");
@@ -186,13 +203,11 @@ int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldF
     return -1;
 }
 
-int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags,
-                    const znField& value) {
+int znNode::addDataAt(int index, FieldType type, DataType kind, FieldFlags& flags, const znField& value) {
     znField* f = znField::newField(browser, this, type, kind, flags, nullptr, nullptr);
     if (!f) return -1;
     *f = value;
-    const int index = addData(fieldName, f);
-    if (index != -1) return index;
+    if (place(index, f) != -1) return index;
     Field* side = f->toField();
     char* text = side != nullptr ? side->toString() : nullptr;
     char message[512];
@@ -203,16 +218,15 @@ int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldF
     return -1;
 }
 
-int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags,
-                    int eventIndex) {
+int znNode::addDataAt(int index, FieldType type, DataType kind, FieldFlags& flags, int eventIndex) {
     znField* f = znField::newField(browser, this, type, kind, flags, nullptr, nullptr);
     if (!f) return -1;
     f->setEventIndex(eventIndex);
-    return enter(fieldName, f, kCantAddReference);
+    return enter(index, f, kCantAddReference);
 }
 
-int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldFlags& flags,
-                    std::vector<znField*>* remote, int eventIndex) {
+int znNode::addDataAt(int index, FieldType type, DataType kind, FieldFlags& flags, std::vector<znField*>* remote,
+                      int eventIndex) {
     znField* f = nullptr;
     if (eventIndex != -1) {
         // An eventIn: the inner fields pass their events out through this one.
@@ -232,11 +246,10 @@ int znNode::addData(const char* fieldName, FieldType type, DataType kind, FieldF
             for (znField* real : *remote)
                 if (real) f->setEventIndex(real->getEventIndex());
     }
-    return enter(fieldName, f, kCantAddReference);
+    return enter(index, f, kCantAddReference);
 }
 
-int znNode::addData(const char* fieldName, znField* f) {
-    int index = getDataID(fieldName);
+int znNode::place(int index, znField* f) {
     if (index == -1 || !f) return -1;
     if (index >= static_cast<int>(fields.size())) {
         // All the type's fields are coming, in whatever order.

@@ -68,6 +68,13 @@ public:
     int addData(const char* name, FieldType type, DataType kind, FieldFlags& flags,
                 std::vector<znField*>* remote, int eventIndex);
     int addData(const char* name, znField* field);
+    // The same at the index the node type gives the field's name, for a
+    // caller that knows it (-1: the type has no such field).
+    int addDataAt(int index, FieldType type, DataType kind, FieldFlags& flags, const char* value);
+    int addDataAt(int index, FieldType type, DataType kind, FieldFlags& flags, const znField& value);
+    int addDataAt(int index, FieldType type, DataType kind, FieldFlags& flags, int eventIndex);
+    int addDataAt(int index, FieldType type, DataType kind, FieldFlags& flags, std::vector<znField*>* remote,
+                  int eventIndex);
     // Only the last entry can go; the field is not destroyed.
     int removeData(int index);
     znField* getZnField(int index) { return fields[index]; }
@@ -96,6 +103,10 @@ public:
     // Whether the node's script language was enabled when the node was
     // made: a node keeps that answer for its life.
     int isScriptEnabled() const { return scriptEnabled; }
+    // The compiled script object that the type's script interface made for
+    // this node, or null; the object ends through its own shutdown.
+    Script* getCompiledScript() const { return compiledScript; }
+    void setCompiledScript(Script* script) { compiledScript = script; }
     void reset() { restore(0); }
 
     int initialize();
@@ -111,8 +122,10 @@ private:
     // as a Script that names itself does, is written as a USE of it.
     void print(std::ostream& os, std::vector<znNode*>& printing);
     static void printChild(std::ostream& os, znNode* child, std::vector<znNode*>& printing);
-    // Enters `f` under `name`, or destroys it and reports `failure`.
-    int enter(const char* name, znField* f, const char* failure);
+    // Enters `f` at `index`, or destroys it and reports `failure`.
+    int enter(int index, znField* f, const char* failure);
+    // Enters `f` at `index`; -1 when the index or the field is missing.
+    int place(int index, znField* f);
 
     Browser* browser;        // borrowed
     znNodeType* nodeType;    // borrowed
@@ -130,6 +143,7 @@ private:
     char* urlBase;           // owning, strdup copy
     int dirty;
     int scriptEnabled;
+    Script* compiledScript = nullptr;  // borrowed: see getCompiledScript
 };
 
 #endif

@@ -149,8 +149,7 @@ bool znCPP_SI::enabled(znNode& node) {
 }
 
 Script* znCPP_SI::findOrReport(znNode& node, const char* missing) {
-    auto found = scripts.find(node.getID());
-    if (found != scripts.end()) return found->second;
+    if (Script* script = node.getCompiledScript()) return script;
     report(znAlert, missing, node.getName());
     return nullptr;
 }
@@ -166,10 +165,11 @@ int znCPP_SI::initialize(znNode& node) {
         report(znAlert, kScriptInitializeFailed, node.getName());
         return 0;
     }
-    if (!scripts.emplace(node.getID(), script).second) {
+    if (node.getCompiledScript() != nullptr) {
         report(znMessage, kCantInsertScript, node.getName());
         return 0;
     }
+    node.setCompiledScript(script);
     return 1;
 }
 
@@ -177,7 +177,7 @@ void znCPP_SI::shutdown(znNode& node) {
     if (!enabled(node)) return;
     // A built-in ends itself in its shutdown: the entry must not outlive it.
     if (Script* script = findOrReport(node, kShutdownNoScript)) {
-        scripts.erase(node.getID());
+        node.setCompiledScript(nullptr);
         script->shutdown();
     }
 }
@@ -196,16 +196,16 @@ int znCPP_SI::action(znNode& node, SFTime& time, int mode, void* data) {
     if (!node.isScriptEnabled()) return 0;
     znScriptInterfaces* table = browser ? browser->getScriptInterfaces() : nullptr;
     if (table && !table->isEnabled(scriptID)) return 0;
-    auto found = scripts.find(node.getID());
-    if (found == scripts.end()) return 0;
-    auto* compiled = dynamic_cast<Builtin*>(found->second);
+    Script* script = node.getCompiledScript();
+    if (script == nullptr) return 0;
+    auto* compiled = dynamic_cast<Builtin*>(script);
     return compiled ? compiled->action(time, mode, data) : 0;
 }
 
 Builtin* znCPP_SI::getCPPScript(znNode& node) {
     if (!enabled(node)) return nullptr;
-    auto found = scripts.find(node.getID());
-    return found != scripts.end() ? dynamic_cast<Builtin*>(found->second) : nullptr;
+    Script* script = node.getCompiledScript();
+    return script != nullptr ? dynamic_cast<Builtin*>(script) : nullptr;
 }
 
 znScriptInterface* newZnCPPSI(const char* file, znNodeType& type, znNodeConstFn lookup) {

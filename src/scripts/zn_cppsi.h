@@ -4,7 +4,6 @@
 #define ZN_CPPSI_H
 
 #include <string>
-#include <unordered_map>
 
 #include "browser/zn_browser.h"
 #include "scripts/zn_scriptinterface.h"
@@ -29,8 +28,9 @@ public:
     void save(znNode&, int) override {}
     void restore(znNode& node, int n) override;
     void requestInfo(znNode&, std::vector<int>&) override {}
-    void clearNodes() override { scripts.clear(); }
-    ~znCPP_SI() override { scripts.clear(); }
+    // The script objects stay with their nodes, which the world ends.
+    void clearNodes() override {}
+    ~znCPP_SI() override = default;
 
     // Null when construction found no constructor function.
     znScriptConstructor getScriptFn() const { return scriptFn; }
@@ -43,9 +43,6 @@ private:
     Script* findOrReport(znNode& node, const char* missing);
 
     znScriptConstructor scriptFn = nullptr;
-    // Hashed: a type of a big world has a script object for each of
-    // hundreds of thousands of nodes, and nothing walks them in order.
-    std::unordered_map<int, Script*> scripts;  // borrowed: each object ends through its own shutdown
     int scriptID = kCompiledScriptID;
     Browser* browser;                        // borrowed
     znScriptInterfaces* scriptInterfaces;    // borrowed from the system object

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <vector>
+
+
 #include "csAppearance.h"
 #include "csEnvironment.h"
 #include "csGroup.h"
@@ -175,4 +178,29 @@ TEST(csObject, TypeFollowsTheClassChainAndAHandleStandsForTheObjectUntilItDies) 
     EXPECT_EQ(csObject::fromHandle(handle), nullptr);  // a stale number finds nothing
     EXPECT_NE(csObject::fromHandle(set->getHandle()), nullptr);
     set->unref();
+}
+
+TEST(csObject, HandlesOfManyObjectsStayTrueAsTheirNeighboursDie) {
+    // Enough objects to fill several thousand-number stretches of handles;
+    // every other one dies, then all but the last.
+    std::vector<csIndexSet*> sets;
+    std::vector<int> handles;
+    for (int i = 0; i < 10000; ++i) {
+        sets.push_back(new csIndexSet(1));
+        sets.back()->ref();
+        handles.push_back(sets.back()->getHandle());
+    }
+    for (std::size_t i = 0; i < sets.size(); i += 2) sets[i]->unref();
+    for (std::size_t i = 0; i < sets.size(); ++i)
+        EXPECT_EQ(csObject::fromHandle(handles[i]), i % 2 == 0 ? nullptr : sets[i]) << i;
+    for (std::size_t i = 1; i + 1 < sets.size(); i += 2) sets[i]->unref();
+    EXPECT_EQ(csObject::fromHandle(handles[1]), nullptr);
+    EXPECT_EQ(csObject::fromHandle(handles.back()), sets.back());
+    // A new object gets a number of its own, never that of a living one.
+    auto* fresh = new csIndexSet(1);
+    fresh->ref();
+    EXPECT_NE(fresh->getHandle(), handles.back());
+    EXPECT_EQ(csObject::fromHandle(fresh->getHandle()), fresh);
+    fresh->unref();
+    sets.back()->unref();
 }
