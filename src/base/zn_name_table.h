@@ -43,11 +43,10 @@ public:
         return {&entries.back().value, true};
     }
 
-    // Calls `visit(name, number)` for every name, in no order.
+    // Calls `visit(name, number)` for every name, in the order they came.
     template <class Visit>
     void forEach(Visit visit) const {
-        for (const Slot& s : slots)
-            if (s.used) visit(std::string_view(s.name, s.length), s.value);
+        for (const Entry& e : entries) visit(std::string_view(e.name, e.length), e.value);
     }
 
     void clear() {

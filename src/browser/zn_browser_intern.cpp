@@ -77,8 +77,13 @@ void znBrowserIntern::replaceDatabase(znDatabase* db) {
 }
 
 int znBrowserIntern::setURLInterface(zn_URL* url) {
-    urlInterface = url != nullptr ? url : new zn_URL_default;
+    urlInterface = url != nullptr ? url : defaultURLInterface();
     return 0;
+}
+
+zn_URL* znBrowserIntern::defaultURLInterface() {
+    if (!defaultURL) defaultURL = std::make_unique<zn_URL_default>();
+    return defaultURL.get();
 }
 
 int znBrowserIntern::addUrlFilter(znUrlFilter filter) {
@@ -87,7 +92,7 @@ int znBrowserIntern::addUrlFilter(znUrlFilter filter) {
 }
 
 int znBrowserIntern::init() {
-    if (urlInterface == nullptr) urlInterface = new zn_URL_default;
+    if (urlInterface == nullptr) urlInterface = defaultURLInterface();
     database->ParseSystem(urlInterface);
     return 1;
 }

@@ -5,6 +5,7 @@
 #include <iosfwd>
 #include <list>
 #include <map>
+#include <memory>
 #include <stack>
 #include <string>
 #include <vector>
@@ -161,6 +162,8 @@ public:
     const char* nameOf(BaseNode& node) override;
 
 private:
+    // The URL interface of a browser that was given none; made once.
+    zn_URL* defaultURLInterface();
     void clearNodeTables();
     // The number of the name map's `key`, or of the name that a numbered
     // key falls back to; null, with the last key tried in `last`, when
@@ -186,7 +189,8 @@ private:
     int addingType;
     int urlPending;
     std::list<const char*> pendingURLs;  // owning, strdup
-    zn_URL* urlInterface;      // borrowed: never destroyed by the browser
+    zn_URL* urlInterface;      // borrowed, unless it is defaultURL
+    std::unique_ptr<zn_URL> defaultURL;  // made when nobody gave one
     ZN* system;                // back pointer
     znAppInterfaces* appInterfaces = nullptr;        // borrowed from the system object
     znScriptInterfaces* scriptInterfaces = nullptr;  // borrowed from the system object

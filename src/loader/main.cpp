@@ -126,12 +126,10 @@ struct wrlLoader::World {
         if (topSceneNode == root) topSceneNode = nullptr;
         if (system == nullptr) return;
         // The nodes go first: their scene objects know the graphics
-        // interface, and script objects their interfaces.
-        delete system->browser;
+        // interface.
+        znReleaseParts(*system);
         delete access;
         delete graphics;
-        delete system->appInterfaces;
-        delete system->scriptInterfaces;
         delete system;
     }
 };

@@ -21,3 +21,13 @@ ZN::ZN(int m) {
     if (browser) browser->attachSystem(appInterfaces, scriptInterfaces);
 }
 
+
+void znReleaseParts(ZN& system) {
+    // The nodes go first: their script objects know the interface tables.
+    delete system.browser;
+    system.browser = nullptr;
+    delete system.appInterfaces;
+    system.appInterfaces = nullptr;
+    delete system.scriptInterfaces;
+    system.scriptInterfaces = nullptr;
+}

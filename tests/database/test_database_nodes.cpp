@@ -43,6 +43,9 @@ public:
         wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
         wrltest::stderrOf([&] { browser.init(); });
     }
+    ~World() { znReleaseParts(system); }
+    World(const World&) = delete;
+    World& operator=(const World&) = delete;
 
     // Reads `text` as a whole world; answers what the load wrote on the
     // error stream.

@@ -68,6 +68,9 @@ struct Loaded {
         wrltest::ScopedEnv builtins("ZNBUILTINS", byVariable ? file.c_str() : nullptr);
         errors = wrltest::stderrOf([&] { browser.init(); });
     }
+    ~Loaded() { znReleaseParts(system); }
+    Loaded(const Loaded&) = delete;
+    Loaded& operator=(const Loaded&) = delete;
 };
 
 }  // namespace

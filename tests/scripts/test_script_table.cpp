@@ -56,4 +56,6 @@ TEST(ScriptTable, ANewSystemObjectStartsTheTableAfresh) {
     EXPECT_EQ(findInterface("so"), nullptr);
     EXPECT_EQ(findScriptExec("so"), nullptr);
     EXPECT_EQ(findExtension(""), nullptr);
+    znReleaseParts(second);
+    znReleaseParts(first);
 }

@@ -35,6 +35,14 @@ public:
         system.browser->registerZNType(mode);
         system.scriptInterfaces->add(newZnCPPSI, "so", nullptr, nullptr, nullptr, nullptr, 1);
     }
+    // The nodes know their types, and both the browser.
+    ~BehaviourWorld() {
+        nodes.clear();
+        types.clear();
+        znReleaseParts(system);
+    }
+    BehaviourWorld(const BehaviourWorld&) = delete;
+    BehaviourWorld& operator=(const BehaviourWorld&) = delete;
 
     // A type whose implementation is tried from `urls`; owned by the world.
     znNodeType& makeType(const char* name, std::vector<const char*> urls,
@@ -51,10 +59,9 @@ public:
         return type;
     }
 
-    // A node of `type` with the type's fields; lives as long as the process,
-    // as the nodes of a loaded world do.
+    // A node of `type` with the type's fields; owned by the world.
     znNode* makeNode(znNodeType& type, const char* name = "d00001+N") {
-        auto* node = new znNode(++lastNodeID, name, &type, system.browser);
+        auto* node = nodes.emplace_back(std::make_unique<znNode>(++lastNodeID, name, &type, system.browser)).get();
         for (auto& entry : fieldsOf)
             if (entry.first == &type)
                 for (const FieldDecl& f : entry.second) {
@@ -67,6 +74,7 @@ public:
 
     ZN system;
     std::vector<std::unique_ptr<znNodeType>> types;
+    std::vector<std::unique_ptr<znNode>> nodes;
     std::vector<std::pair<znNodeType*, std::vector<FieldDecl>>> fieldsOf;
     int lastNodeID = 0;
 };
