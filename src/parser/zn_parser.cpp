@@ -85,8 +85,28 @@ int znParser::setDefName(const char* name) {
     auto entry = defCounters.insert(key, 0);
     if (!entry.second) ++*entry.first;
     const int number = *entry.first;
+    if (!defScopes.empty()) {
+        const int* seen = visibleDefs.find(key);
+        const int* file = defFiles.find(key);
+        defUndo.push_back(HiddenDef{key, seen != nullptr ? *seen : kNoDef, file != nullptr ? *file : 0});
+    }
+    visibleDefs[key] = number;
     defFiles[key] = fileSerial;
     return number;
+}
+
+void znParser::openDefScope() { defScopes.push_back(defUndo.size()); }
+
+void znParser::closeDefScope() {
+    if (defScopes.empty()) return;
+    const std::size_t mark = defScopes.back();
+    defScopes.pop_back();
+    while (defUndo.size() > mark) {
+        const HiddenDef& hidden = defUndo.back();
+        visibleDefs[hidden.name] = hidden.number;
+        defFiles[hidden.name] = hidden.file;
+        defUndo.pop_back();
+    }
 }
 
 const char* znParser::getDefName(const char* name) {
@@ -94,8 +114,8 @@ const char* znParser::getDefName(const char* name) {
     // one's or the world's, is no DEF here.
     const char* key = name != nullptr ? name : "";
     const int* file = defFiles.find(key);
-    const int* number = file != nullptr && *file == fileSerial ? defCounters.find(key) : nullptr;
-    if (number != nullptr) return makeDefName(name, *number, 'u');
+    const int* number = file != nullptr && *file == fileSerial ? visibleDefs.find(key) : nullptr;
+    if (number != nullptr && *number != kNoDef) return makeDefName(name, *number, 'u');
     znAlert(znFormatText(kUseNameFailed, name).c_str());
     return name;
 }

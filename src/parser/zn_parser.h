@@ -13,6 +13,7 @@
 #include "base/zn_name_table.h"
 #include "base/zn_text.h"
 #include "parser/vrmlnode.h"
+#include "parser/zn_scoped_names.h"
 
 class zn_Lexer;
 class zn_URL;
@@ -258,8 +259,10 @@ private:
     void pushNameSpace();
     void popNameSpace();
     // Destroys entries from the front up to and including the first scope mark.
-    static void popList(std::list<VrmlNodeType*>& list);
+    void popList(std::list<VrmlNodeType*>& list);
     void addToNameSpace(VrmlNodeType* type);
+    // Puts a type at the front of the type list, indexed.
+    void enterType(VrmlNodeType* type);
     // The type a file names `name` here: inner scopes first, outer ones seen.
     VrmlNodeType* findType(const char* name);
     // Whether `name` is defined in the scope being read. At the top of a
@@ -279,6 +282,9 @@ private:
     // nothing.
     void defineUnresolvedExtern(ExternDeclaration& declaration);
     void flushPendingRoutes();
+    // A PROTO body opens a scope of DEF names, and its end closes it.
+    void openDefScope();
+    void closeDefScope();
     int add(void (VrmlNodeType::*member)(const char*, int), const char* type, const char* name);
     void addRoute(const char* fromNode, const char* fromField, const char* toNode, const char* toField);
     void addRoute(const char* fromType, const char* fromNode, const char* fromField, const char* toType,
@@ -303,12 +309,33 @@ private:
     // Both grow at the front; a null entry marks where a scope begins.
     std::list<VrmlNodeType*> typeNameSpace;      // owning
     std::list<VrmlNodeType*> instanceNameSpace;  // owning
+    // The scope marks in each list, and indexes of their entries: types by
+    // the name a file uses and by the name in the database, instances by
+    // their name less its kind letter. A world of many nodes, PROTOs,
+    // Scripts and ROUTEs would otherwise walk the lists once per name.
+    int typeScopes = 0;
+    int instanceScopes = 0;
+    znScopedNames typesByDeclaredName;
+    znScopedNames typesByName;
+    znScopedNames instancesByName;
     // DEF name -> number of its latest DEF; hashed, as a file may DEF a name
     // per node and nothing walks them in order. The numbers go on from file
     // to file, so that node names stay apart in the world, while a name is
     // known only in the file of its latest DEF.
     znNameTable defCounters;
     znNameTable defFiles;
+    // The number of the DEF of each name that a USE or ROUTE sees. A PROTO
+    // body's DEFs are its own: at the end of the body the names it hid are
+    // seen again, while the counters go on, so that names stay apart.
+    static constexpr int kNoDef = -1;
+    struct HiddenDef {
+        std::string name;
+        int number;  // kNoDef when there was none
+        int file;
+    };
+    znNameTable visibleDefs;
+    std::vector<HiddenDef> defUndo;
+    std::vector<std::size_t> defScopes;  // where each open body's entries of defUndo begin
     // Counts the files read by ParseURL and parseInput.
     int fileSerial = 0;
     // DEF names (without their kind letter) of skipped nodes: a USE of one

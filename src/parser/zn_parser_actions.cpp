@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <string_view>
 
 #include "database/zn_database.h"
 #include "base/zn_reports.h"
@@ -17,11 +18,17 @@
 namespace {
 
 // Instance names are compared without their kind letter, so that the 'd'
-// and 'u' forms of one DEF are the same node.
+// and 'u' forms of one DEF are the same node; null for no name.
+const char* instanceKey(const char* name) {
+    return name != nullptr && name[0] != '\0' ? name + 1 : nullptr;
+}
+
 bool sameInstance(const char* a, const char* b) {
     if (a == nullptr || b == nullptr || a[0] == '\0' || b[0] == '\0') return false;
     return std::strcmp(a + 1, b + 1) == 0;
 }
+
+std::string_view text(const char* name) { return name != nullptr ? std::string_view(name) : std::string_view(); }
 
 }  // namespace
 
@@ -30,6 +37,8 @@ bool sameInstance(const char* a, const char* b) {
 void znParser::pushNameSpace() {
     typeNameSpace.push_front(nullptr);
     instanceNameSpace.push_front(nullptr);
+    ++typeScopes;
+    ++instanceScopes;
 }
 
 void znParser::popNameSpace() {
@@ -38,41 +47,41 @@ void znParser::popNameSpace() {
 }
 
 void znParser::popList(std::list<VrmlNodeType*>& list) {
+    const bool types = &list == &typeNameSpace;
     while (!list.empty()) {
         VrmlNodeType* entry = list.front();
         list.pop_front();
-        if (entry == nullptr) return;
+        if (entry == nullptr) {
+            --(types ? typeScopes : instanceScopes);
+            return;
+        }
+        if (types) {
+            typesByDeclaredName.pop(text(entry->getDeclaredName()));
+            typesByName.pop(text(entry->name));
+        } else {
+            if (const char* key = instanceKey(entry->instName)) instancesByName.pop(key);
+        }
         delete entry;
     }
 }
 
 VrmlNodeType* znParser::findType(const char* name) {
     if (name == nullptr) return nullptr;
-    for (VrmlNodeType* entry : typeNameSpace) {
-        if (entry != nullptr && std::strcmp(entry->getDeclaredName(), name) == 0) return entry;
-    }
-    return nullptr;
+    return typesByDeclaredName.findType(name);
 }
 
 bool znParser::definedInScope(const char* name) {
     if (name == nullptr) return false;
-    const bool fileTop = protoStack.empty();
-    for (VrmlNodeType* entry : typeNameSpace) {
-        if (entry == nullptr) {
-            if (fileTop) continue;
-            return false;
-        }
-        if (std::strcmp(entry->getDeclaredName(), name) == 0) return true;
-    }
-    return false;
+    const znScopedNames::Entry* newest = typesByDeclaredName.find(name);
+    if (newest == nullptr) return false;
+    // At the top of a file every scope counts; in a PROTO body only its own,
+    // where the newest entries of all stand.
+    return protoStack.empty() || newest->scope == typeScopes;
 }
 
 VrmlNodeType* znParser::typeByInternalName(const char* name) {
     if (name == nullptr) return nullptr;
-    for (VrmlNodeType* entry : typeNameSpace) {
-        if (entry != nullptr && std::strcmp(entry->name, name) == 0) return entry;
-    }
-    return nullptr;
+    return typesByName.findType(name);
 }
 
 bool znParser::typeNameTaken(const std::string& name) const {
@@ -91,10 +100,14 @@ std::string znParser::reserveTypeName(const char* declared) {
 }
 
 VrmlNodeType* znParser::findinstname(const char* name) {
-    for (VrmlNodeType* entry : instanceNameSpace) {
-        if (entry != nullptr && sameInstance(entry->instName, name)) return entry;
-    }
-    return nullptr;
+    const char* key = instanceKey(name);
+    return key != nullptr ? instancesByName.findType(key) : nullptr;
+}
+
+void znParser::enterType(VrmlNodeType* type) {
+    typeNameSpace.push_front(type);
+    typesByDeclaredName.push(text(type->getDeclaredName()), type, typeScopes);
+    typesByName.push(text(type->name), type, typeScopes);
 }
 
 void znParser::addToNameSpace(VrmlNodeType* type) {
@@ -114,7 +127,7 @@ void znParser::addToNameSpace(VrmlNodeType* type) {
         own->setName(scriptType.c_str());
         for (VrmlNodeType* scope : protoStack) setParent(scope, own);
         own->print();
-        typeNameSpace.push_front(own);
+        enterType(own);
         type->setName(scriptType.c_str());
     }
     type->print();
@@ -125,8 +138,9 @@ void znParser::addToNameSpace(VrmlNodeType* type) {
             type->clearfielddata();
         }
         instanceNameSpace.push_front(type);
+        if (const char* key = instanceKey(type->instName)) instancesByName.push(key, type, instanceScopes);
     } else {
-        typeNameSpace.push_front(type);
+        enterType(type);
     }
 }
 
@@ -325,6 +339,7 @@ void znParser::beginProto(const char* name) {
     protoDepth++;
     fieldNestingCount() = 0;
     pushNameSpace();
+    openDefScope();
     extProtoInfo& info = externInfo[externProtoDepth];
     const char* declared = name != nullptr ? name : "";
     const bool target = externProtoDepth != 0 && info.wanted;
@@ -349,6 +364,7 @@ void znParser::inProto(const char* /*name*/) {
 
 void znParser::endProto() {
     popNameSpace();
+    closeDefScope();
     if (protoStack.empty()) {
         znAlert(kEmptyProtoStack);
     } else {

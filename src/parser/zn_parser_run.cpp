@@ -76,6 +76,7 @@ znParser::~znParser() {
 }
 
 int znParser::yypinit() {
+    while (!defScopes.empty()) closeDefScope();
     for (VrmlNodeType* proto : protoStack) {
         if (proto == currentProto) currentProto = nullptr;
         delete proto;

@@ -137,3 +137,29 @@ TEST(Limits, VeryLongDefNamesAreKeptWhole) {
     EXPECT_TRUE(run.errors.empty()) << run.errors;
     EXPECT_TRUE(run.called("SetNodeData(children,d00000+" + name + ",34,0,ev,[])"));
 }
+
+// Each ROUTE finds the latest DEF of its names that it can see, and a
+// Script's type its own interface, however many names came before: a
+// body's DEFs are its own, and the file's are seen again after it.
+TEST(Routes, NamesResolveToTheLatestDefinitionInScopeAmongMany) {
+    std::string text = "DEF A Node { }\n"
+                       "PROTO P [ ] { DEF A Node { } ROUTE A.sffloat TO A.sffloat }\n"
+                       "DEF S Script { eventIn SFFloat f eventOut SFFloat g }\n"
+                       "ROUTE S.g TO A.sffloat ROUTE A.sffloat TO S.f\n"
+                       "Node { sfnode USE A }\n";
+    const int many = 3000;
+    for (int i = 0; i < many; ++i) text += "DEF N" + std::to_string(i) + " Node { }\n";
+    for (int i = 1; i < many; ++i)
+        text += "ROUTE N" + std::to_string(i) + ".sffloat TO N" + std::to_string(i - 1) + ".sffloat\n";
+    text += "DEF A Node { } ROUTE A.sffloat TO N0.sffloat\n";
+    ParseRun run = parseText(text);
+    EXPECT_EQ(run.result, 0);
+    EXPECT_TRUE(run.errors.empty()) << run.errors;
+    EXPECT_EQ(count(run.calls, "InsertRouteByName"), 3 + (many - 1) + 1);
+    EXPECT_TRUE(run.called("InsertRouteByName(Node,d00001+A,sffloat,Node,d00001+A,set_sffloat,[P])"));
+    EXPECT_TRUE(run.called("InsertRouteByName(Script_d00000+S,d00000+S,g,Node,d00000+A,set_sffloat,[])"));
+    EXPECT_TRUE(run.called("InsertRouteByName(Node,d00000+A,sffloat,Script_d00000+S,d00000+S,f,[])"));
+    EXPECT_TRUE(run.called("InsertRouteByName(Node,d00000+N2999,sffloat,Node,d00000+N2998,set_sffloat,[])"));
+    EXPECT_TRUE(run.called("InsertRouteByName(Node,d00002+A,sffloat,Node,d00000+N0,set_sffloat,[])"));
+    EXPECT_TRUE(run.called("SetNodeData(sfnode,u00000+A,25,0,ev,[])"));
+}
