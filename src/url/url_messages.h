@@ -11,6 +11,7 @@ inline constexpr std::size_t kDefaultPathBufferSize = 256;
 inline constexpr std::size_t kWebPathBufferSize = 512;
 
 inline constexpr const char* kFileScheme = "file:/";  // case ignored
+inline constexpr const char* kLocalHostAuthority = "//localhost";  // case ignored
 // Names that the web client fetches, case ignored.
 inline constexpr const char* kRemoteSchemes[] = {"http:/", "https:/"};
 inline constexpr const char* kNoStackDirectory = "./";

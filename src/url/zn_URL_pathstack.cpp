@@ -2,8 +2,10 @@
 
 #include <strings.h>
 
+#include <cctype>
 #include <cstdio>
 #include <cstring>
+#include <string>
 
 #include "base/zn_reports.h"
 #include "url/url_messages.h"
@@ -21,13 +23,41 @@ void znURLPathStack::pop() {
     entries.pop_front();
 }
 
+std::string znFileURLPath(const std::string& path) {
+    // "file:///a" and "file://localhost/a" are the "file:/a" of other
+    // writers; another host is left to fail as a path.
+    std::string name = path;
+    const std::size_t localhost = std::strlen(kLocalHostAuthority);
+    if (name.compare(0, 3, "///") == 0)
+        name.erase(0, 2);
+    else if (name.size() > localhost && strncasecmp(name.c_str(), kLocalHostAuthority, localhost) == 0 &&
+             name[localhost] == '/')
+        name.erase(0, localhost);
+    // A URL writes a blank and other bytes as "%20" and the like.
+    std::string decoded;
+    decoded.reserve(name.size());
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        if (name[i] == '%' && i + 2 < name.size() && std::isxdigit(static_cast<unsigned char>(name[i + 1])) &&
+            std::isxdigit(static_cast<unsigned char>(name[i + 2]))) {
+            decoded += static_cast<char>(std::stoi(name.substr(i + 1, 2), nullptr, 16));
+            i += 2;
+        } else {
+            decoded += name[i];
+        }
+    }
+    return decoded;
+}
+
 std::string znResolveURLPath(const char* url, int push, znURLPathStack& stack,
                              znURLAbsoluteRule absolute) {
     const char* text = url ? url : "";
     const std::size_t schemeLength = std::strlen(kFileScheme);
     // "file:" goes, the slash stays: "file:/a/b" names "/a/b".
     std::string buffer(text);
-    if (strncasecmp(text, kFileScheme, schemeLength) == 0) buffer.erase(0, schemeLength - 1);
+    if (strncasecmp(text, kFileScheme, schemeLength) == 0) {
+        buffer.erase(0, schemeLength - 1);
+        buffer = znFileURLPath(buffer);
+    }
     // Only a name with no colon in it is relative to the stack: a colon marks
     // a scheme or host that carries its own location.
     const bool relative = std::strchr(text, ':') == nullptr;

@@ -29,6 +29,11 @@ private:
 // joins it like any relative name, the web object leaves it alone.
 enum class znURLAbsoluteRule { joined, kept };
 
+// The path that the rest of a "file:" URL names, from its slash on:
+// "///a" and "//localhost/a" are "/a", and escapes such as "%20" are
+// decoded.
+std::string znFileURLPath(const std::string& path);
+
 // Strips a leading "file:" (any case, slash kept), joins the name to the top
 // of the stack where the rules say so and, for a nonzero push, pushes the
 // name's directory. A null url resolves like an empty one.

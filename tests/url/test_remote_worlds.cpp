@@ -115,4 +115,8 @@ TEST(FileURLWorld, LoadsAsItsPathDoes) {
     EXPECT_THAT(sceneText(byURL.scene), HasSubstr("opCone"));
     EXPECT_EQ(sceneText(byURL.scene), sceneText(byPath.scene));
     EXPECT_EQ(loadWorld("file://" + dir.path() + "/sub/none.wrl").scene, nullptr);
+    dir.write("my world.wrl", kHeader + "Inline { url \"sub/part.wrl\" }\n");
+    wrltest::WorldLoad escaped = loadWorld("file://localhost" + dir.path() + "/my%20world.wrl");
+    ASSERT_NE(escaped.scene, nullptr) << escaped.err;
+    EXPECT_THAT(sceneText(escaped.scene), HasSubstr("opCone"));
 }

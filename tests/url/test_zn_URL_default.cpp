@@ -70,6 +70,11 @@ TEST(zn_URL_default, NamesMeetTheTopDirectoryUnlessTheyNameAScheme) {
     EXPECT_STREQ(url.addpath("fIlE:/x/y.wrl", 0), "/x/y.wrl");
     EXPECT_STREQ(url.addpath("file:/abs/sub/x.wrl", 1), "/abs/sub/x.wrl");
     EXPECT_STREQ(url.get_path(), "/abs/sub/");
+    // Other writers' spellings of the same file, and escaped bytes.
+    EXPECT_STREQ(url.addpath("file:///abs/x.wrl", 0), "/abs/x.wrl");
+    EXPECT_STREQ(url.addpath("FILE://LocalHost/abs/my%20world%2a.wrl", 0), "/abs/my world*.wrl");
+    EXPECT_STREQ(url.addpath("file://otherhost/abs/x.wrl", 0), "//otherhost/abs/x.wrl");
+    EXPECT_STREQ(url.addpath("file:/abs/100%.wrl", 0), "/abs/100%.wrl");
 
     TempDir dir;
     const std::string world = dir.write("w.wrl", "w");
