@@ -4,6 +4,7 @@
 #include <cstring>
 #include <memory>
 
+#include "fields/zn_field_text.h"
 #include "nodes/zn_node.h"
 
 template <class V, FieldType T>
@@ -103,15 +104,33 @@ Field* znFieldOf<V, T>::toField() {
 }
 
 template <class V, FieldType T>
-void znFieldOf<V, T>::writeText(char* buffer) {
-    if (!browser) return;
+template <class Write>
+void znFieldOf<V, T>::writeValue(Write write) {
     if constexpr (T == SFImageType) {
         std::vector<int> numbers{this->image.width, this->image.height, this->image.components};
         numbers.insert(numbers.end(), this->image.pixels.begin(), this->image.pixels.end());
-        browser->data2vrml(&numbers, SFImageType, buffer);
+        write(&numbers, SFImageType);
     } else {
-        browser->data2vrml(this->rawValue(), fieldType, buffer);
+        write(this->rawValue(), fieldType);
     }
+}
+
+template <class V, FieldType T>
+void znFieldOf<V, T>::writeText(char* buffer) {
+    if (!browser) return;
+    writeValue([&](void* data, FieldType type) { browser->data2vrml(data, type, buffer); });
+}
+
+template <class V, FieldType T>
+void znFieldOf<V, T>::getText(std::string& out) {
+    if (remoteData) {
+        if (znField* real = firstRemote()) real->getText(out);
+        return;
+    }
+    // Node names come from the browser, which knows them all.
+    auto* names = dynamic_cast<znNodeNames*>(browser);
+    if (names == nullptr) return;
+    writeValue([&](void* data, FieldType type) { znWriteFieldText(data, type, out, *names); });
 }
 
 template class znFieldOf<SFBool, SFBoolType>;

@@ -36,6 +36,7 @@ public:
     void setData(void* data) override;
     void getData(char* buffer) override;
     void setData(const char* text) override;
+    void getText(std::string& out) override;
     Field* toField() override;
     Field* ownValue() override { return this; }
 
@@ -48,6 +49,10 @@ private:
         fieldType = T;
         dataType = field;
     }
+    // The text of the value through `write`, which takes the raw value and
+    // its field type.
+    template <class Write>
+    void writeValue(Write write);
     void writeText(char* buffer);
 };
 

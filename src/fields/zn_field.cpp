@@ -200,11 +200,14 @@ void znField::postChange(Field& value) {
         browser->postEventOut(eventIndex, value, -1.0);
 }
 
+void znField::getText(std::string& out) {
+    if (znField* real = firstRemote()) real->getText(out);
+}
+
 std::ostream& operator<<(std::ostream& os, znField& f) {
-    std::unique_ptr<char[]> buffer(znAllocate<char>(kFieldTextBufferSize));
-    buffer[0] = '\0';
-    f.getData(buffer.get());
-    return os << buffer.get();
+    std::string text;
+    f.getText(text);
+    return os << text;
 }
 
 std::ostream& operator<<(std::ostream& os, std::vector<znField*>& fields) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <iosfwd>
+#include <string>
 #include <vector>
 
 #include "browser/zn_browser.h"
@@ -89,6 +90,10 @@ public:
     // Appends copies that the caller frees with free().
     void getISNames(std::vector<char*>* out);
     Browser* getBrowser() { return browser; }
+    // The value's VRML text appended to `out` whole, however long: for the
+    // writers of worlds, which must not cut a value as the buffer of
+    // getData(char*) does.
+    virtual void getText(std::string& out);
 
 protected:
     // The fields this one stands for, or null (also for an empty list, which
@@ -112,7 +117,7 @@ protected:
     friend class Field;
 };
 
-// A field's VRML text, through a 100,000-character buffer.
+// A field's VRML text, whole.
 std::ostream& operator<<(std::ostream& os, znField& f);
 // Each field on a line of its own behind a tab; null entries as "\tNULL".
 std::ostream& operator<<(std::ostream& os, std::vector<znField*>& fields);

@@ -762,6 +762,12 @@ void znWriteFieldText(void* data, FieldType type, char* out, znNodeNames& names)
     writeValue(data, type, text, names);
 }
 
+void znWriteFieldText(void* data, FieldType type, std::string& out, znNodeNames& names) {
+    znTextOut text(out);
+    if (!data || type < kFirstFieldType || type > kLastFieldType) return;
+    writeValue(data, type, text, names);
+}
+
 template void znReadList(std::vector<int>&, FieldType, const char*, znNodeNames&);
 template void znReadList(std::vector<float>&, FieldType, const char*, znNodeNames&);
 template void znReadList(std::vector<double>&, FieldType, const char*, znNodeNames&);

@@ -29,15 +29,21 @@ protected:
 
 // Writes at most kFieldTextBufferSize - 1 characters and a terminator into
 // the buffer it is given; the first overflow is reported once, when the
-// writer ends, and the text is cut there.
+// writer ends, and the text is cut there. Given a string, it appends to it
+// without a bound, for a writer of whole worlds, where no value may be cut.
 class znTextOut {
 public:
     explicit znTextOut(char* out) : at(out), end(out + kFieldTextBufferSize - 1) { *at = '\0'; }
+    explicit znTextOut(std::string& out) : grown(&out) {}
     ~znTextOut();
     znTextOut(const znTextOut&) = delete;
     znTextOut& operator=(const znTextOut&) = delete;
 
     void put(const char* text, std::size_t n) {
+        if (grown != nullptr) {
+            grown->append(text, n);
+            return;
+        }
         std::size_t room = static_cast<std::size_t>(end - at);
         if (n > room) {
             n = room;
@@ -53,8 +59,9 @@ public:
     void integer(long long v);
 
 private:
-    char* at;
-    char* end;
+    char* at = nullptr;
+    char* end = nullptr;
+    std::string* grown = nullptr;
     bool cut = false;
 };
 
@@ -98,6 +105,8 @@ void znWriteList(std::vector<T>& list, FieldType elementType, znTextOut& out, zn
 // kFieldTextBufferSize characters.
 void znReadFieldText(void* data, FieldType type, const char* text, znNodeNames& names);
 void znWriteFieldText(void* data, FieldType type, char* out, znNodeNames& names);
+// The same text, appended to `out` whole, however long.
+void znWriteFieldText(void* data, FieldType type, std::string& out, znNodeNames& names);
 
 // Tokenizers of field texts.
 // 1 when `text` is null, empty or has no digit.

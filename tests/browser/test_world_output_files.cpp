@@ -45,3 +45,16 @@ TEST(WrittenWorld, BuiltInNodesReadBackToTheSameWorld) {
     const std::string second = writtenWorld(dir.write("again.wrl", first));
     EXPECT_EQ(first, second);
 }
+
+// A value longer than any field buffer, as big meshes have, is written
+// whole, and the written world reads back to the same one.
+TEST(WrittenWorld, LongValuesAreWrittenWhole) {
+    wrltest::TempDir dir;
+    std::string points;
+    for (int i = 0; i < 20000; ++i) points += std::to_string(i) + " 0.5 0, ";
+    const std::string first = writtenWorld(dir.write(
+        "long.wrl", "#VRML V2.0 utf8\nShape { geometry PointSet { coord Coordinate { point [ " + points + "] } } }\n"));
+    ASSERT_GT(first.size(), 400000u);
+    EXPECT_NE(first.find("19999.000000 0.500000 0.000000 , ]"), std::string::npos);
+    EXPECT_EQ(writtenWorld(dir.write("again.wrl", first)), first);
+}
