@@ -108,6 +108,10 @@ void BM_LoadLongComment(benchmark::State& state) {
                           [](std::size_t n) { return wrlbench::longComment(n); }));
 }
 
+void BM_LoadRoutedNodes(benchmark::State& state) {
+    runLoads(state, world("routes", 0, [&](std::size_t) { return wrlbench::routedNodes(state.range(0)); }));
+}
+
 void BM_LoadNestedProtos(benchmark::State& state) {
     runLoads(state, world("nested-protos", 0, [&](std::size_t) {
                  return wrlbench::nestedProtos(static_cast<int>(state.range(0)));
@@ -175,5 +179,6 @@ BENCHMARK(BM_LoadDefUseShapes)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit
 BENCHMARK(BM_LoadProtoInstances)->Arg(1)->Arg(10)->Arg(100)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LoadTriangleFan)->Arg(30000)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LoadLongComment)->Arg(8)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_LoadRoutedNodes)->Arg(30000)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_LoadNestedProtos)->Arg(14)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_RepeatedLoadsGiveMemoryBack)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(1);

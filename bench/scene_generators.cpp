@@ -172,6 +172,21 @@ std::string longComment(std::size_t bytes) {
     return out;
 }
 
+std::string routedNodes(long nodes) {
+    std::string out = kHeader;
+    for (long i = 0; i < nodes; ++i) {
+        out += "DEF T" + std::to_string(i) + " Transform { children Shape { geometry Box { } } }\n";
+        if (i % 10 == 0)
+            out += "DEF S" + std::to_string(i) + " Script { eventIn SFVec3f in eventOut SFVec3f out }\n";
+    }
+    for (long i = 1; i < nodes; ++i)
+        out += "ROUTE T" + std::to_string(i - 1) + ".translation_changed TO T" + std::to_string(i) +
+               ".set_translation\n";
+    for (long i = 0; i < nodes; i += 10)
+        out += "ROUTE T" + std::to_string(i) + ".translation_changed TO S" + std::to_string(i) + ".in\n";
+    return out;
+}
+
 std::string nestedProtos(int levels) {
     std::string out = std::string(kHeader) + "PROTO P0 [ ] { Shape { geometry Box { } } }\n";
     for (int i = 1; i <= levels; ++i)

@@ -39,6 +39,9 @@ std::string longExtrusion(long spinePoints, long sectionPoints);
 std::string triangleFan(long triangles);
 std::string longComment(std::size_t bytes);
 std::string nestedProtos(int levels);
+// `nodes` DEF'd Transforms, each the target of a ROUTE from the one before,
+// and a Script with an interface of its own for every tenth of them.
+std::string routedNodes(long nodes);
 
 // Writes `text` to a file in the temporary directory and answers its path.
 std::string writeTempWorld(const std::string& stem, const std::string& text);
