@@ -105,16 +105,18 @@ bool readPlainDecimal(const char* p, const char* end, double& out, const char** 
     return true;
 }
 
+// Steps over leading blanks and one sign; answers whether it was a minus.
+bool skipBlanksAndSign(const char*& p, const char* end) {
+    while (p < end && isBlank(*p)) ++p;
+    if (p < end && (*p == '+' || *p == '-')) return *p++ == '-';
+    return false;
+}
+
 // Reads a number at the start of [p, end) as strtod does in the "C" locale:
 // leading white space, a sign, decimal, hexadecimal, inf and nan forms.
 // Answers false when nothing could be read.
 bool readDouble(const char* p, const char* end, double& out) {
-    while (p < end && isBlank(*p)) ++p;
-    bool negative = false;
-    if (p < end && (*p == '+' || *p == '-')) {
-        negative = *p == '-';
-        ++p;
-    }
+    const bool negative = skipBlanksAndSign(p, end);
     if (p >= end || *p == '+' || *p == '-') return false;
     double value = 0.0;
     if (readPlainDecimal(p, end, value)) {
@@ -140,12 +142,7 @@ bool readDouble(const char* p, const char* end, double& out) {
 // Reads an integer as strtoul with base 0 does, narrowed to int: 0x gives
 // hexadecimal, a leading 0 octal; a minus sign negates modulo 2^64.
 bool readInt(const char* p, const char* end, int& out) {
-    while (p < end && isBlank(*p)) ++p;
-    bool negative = false;
-    if (p < end && (*p == '+' || *p == '-')) {
-        negative = *p == '-';
-        ++p;
-    }
+    const bool negative = skipBlanksAndSign(p, end);
     if (p >= end) return false;
     int base = 10;
     if (*p == '0') {

@@ -358,6 +358,20 @@ csNode* load(const char* name, const wrlLoadOptions& options, wrlLoadResult& res
     return scene;
 }
 
+// The result a public entry fills, cleared: the caller's, or `ignored`.
+wrlLoadResult& clearedResult(wrlLoadResult* given, wrlLoadResult& ignored) {
+    wrlLoadResult& out = given != nullptr ? *given : ignored;
+    out = wrlLoadResult();
+    return out;
+}
+
+// A call that names no world finds none.
+csNode* nothingNamed(wrlLoadResult& out) {
+    out.status = WRL_NOT_FOUND;
+    out.reason = kReasonNotFound;
+    return nullptr;
+}
+
 }  // namespace
 
 void znTerminate() { znAlert(kUncaughtException); }
@@ -365,13 +379,8 @@ void znTerminate() { znAlert(kUncaughtException); }
 csNode* wrlLoadWith(const char* nameOrUrl, const wrlLoadOptions* options, wrlLoadResult* result) {
     const wrlLoadOptions defaults;
     wrlLoadResult ignored;
-    wrlLoadResult& out = result != nullptr ? *result : ignored;
-    out = wrlLoadResult();
-    if (nameOrUrl == nullptr) {
-        out.status = WRL_NOT_FOUND;
-        out.reason = kReasonNotFound;
-        return nullptr;
-    }
+    wrlLoadResult& out = clearedResult(result, ignored);
+    if (nameOrUrl == nullptr) return nothingNamed(out);
     return load(nameOrUrl, options != nullptr ? *options : defaults, out);
 }
 
@@ -379,13 +388,8 @@ csNode* wrlLoadFromMemory(const char* text, std::size_t length, const char* base
                           wrlLoadResult* result) {
     const wrlLoadOptions defaults;
     wrlLoadResult ignored;
-    wrlLoadResult& out = result != nullptr ? *result : ignored;
-    out = wrlLoadResult();
-    if (text == nullptr) {
-        out.status = WRL_NOT_FOUND;
-        out.reason = kReasonNotFound;
-        return nullptr;
-    }
+    wrlLoadResult& out = clearedResult(result, ignored);
+    if (text == nullptr) return nothingNamed(out);
     // The text is read as a file of its own, private to this load and gone
     // with it; its relative names are looked up from `baseUrl`.
     std::string file = znTmpPath() + kMemoryFilePattern;
