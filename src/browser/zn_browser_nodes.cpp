@@ -163,7 +163,11 @@ int znBrowserIntern::addNode(_zndbNode* first) {
                 dataID = node->addDataAt(index, fieldType, dataType, flags, simManager->nextIndex());
                 simManager->addEventIn(node, dataID, data->name.data());
             } else if (znField* value = typeDefault(type, index, fieldType, flags)) {
-                dataID = node->addDataAt(index, fieldType, dataType, flags, *value);
+                // Where the default is the very field the node would get, the
+                // node borrows it until something asks for the field.
+                if (value->getDataType() == dataType && value->getFlags().bits == flags.bits)
+                    dataID = node->lendDefault(index);
+                if (dataID == -1) dataID = node->addDataAt(index, fieldType, dataType, flags, *value);
             } else {
                 const char* text = data->value ? data->value : "";
                 dataID = node->addDataAt(index, fieldType, dataType, flags, text);

@@ -46,8 +46,12 @@ znNode::znNode(int nodeID, const char* nodeName, znNodeType* type, Browser* b)
 
 znNode::~znNode() {
     shutdown();
-    // A hole not yet filled repeats a pointer: each field goes once.
-    std::vector<znField*> owned(fields);
+    // A hole not yet filled repeats a pointer: each field goes once. Lent
+    // defaults stay with their type.
+    std::vector<znField*> owned;
+    owned.reserve(fields.size());
+    for (size_t i = 0; i < fields.size(); ++i)
+        if (!isLent(static_cast<int>(i))) owned.push_back(fields[i]);
     std::sort(owned.begin(), owned.end());
     owned.erase(std::unique(owned.begin(), owned.end()), owned.end());
     for (znField* f : owned) delete f;
@@ -257,12 +261,53 @@ int znNode::place(int index, znField* f) {
         while (static_cast<int>(fields.size()) <= index) fields.push_back(f);
     }
     fields[index] = f;
+    if (index < kLendable) lent &= ~(std::uint64_t{1} << index);
     return index;
+}
+
+int znNode::lendDefault(int index) {
+    // A lent field never fills a hole: a hole repeats its pointer, and the
+    // repeat would be the node's to delete.
+    if (index < 0 || index >= kLendable || index > static_cast<int>(fields.size())) return -1;
+    znField* shared = nodeType->getZnField(index);
+    if (shared == nullptr) return -1;
+    if (index == static_cast<int>(fields.size())) {
+        fields.reserve(static_cast<size_t>(nodeType->getFieldCount()));
+        fields.push_back(shared);
+    } else {
+        fields[index] = shared;
+    }
+    lent |= std::uint64_t{1} << index;
+    return index;
+}
+
+znField* znNode::own(int index) {
+    if (!isLent(index)) return fields[index];
+    znField* shared = fields[index];
+    FieldFlags flags = shared->getFlags();
+    znField* copy = znField::newField(browser, this, shared->getFieldType(), shared->getDataType(), flags,
+                                      nullptr, nullptr);
+    if (copy == nullptr) return shared;
+    // The copy is what the node would have had from the start: taking the
+    // value tells the node of a load, which a copy made at load time did
+    // before the node was declared clean.
+    const int wasDirty = dirty;
+    *copy = *shared;
+    dirty = wasDirty;
+    fields[index] = copy;
+    lent &= ~(std::uint64_t{1} << index);
+    return copy;
+}
+
+Field* znNode::peekData(int index) const {
+    if (index < 0 || index >= static_cast<int>(fields.size()) || !fields[index]) return nullptr;
+    return fields[index]->toField();
 }
 
 int znNode::removeData(int index) {
     if (index + 1 != static_cast<int>(fields.size())) return -1;
     fields.pop_back();
+    if (index < kLendable) lent &= ~(std::uint64_t{1} << index);
     return index;
 }
 
@@ -270,13 +315,13 @@ Field* znNode::getData(int index) {
     if (index < 0 || index >= static_cast<int>(fields.size()) || !fields[index])
         znThrow<Exception>(kInvalidFieldID, index);
     // The script-facing side of the field: its value class.
-    return fields[index]->toField();
+    return own(index)->toField();
 }
 
 Field* znNode::getData(int index, Field** out) {
     Field* result = nullptr;
     if (index >= 0 && index < static_cast<int>(fields.size()) && fields[index])
-        result = fields[index]->toField();
+        result = own(index)->toField();
     if (out) *out = result;
     return result;
 }

@@ -3,6 +3,7 @@
 #ifndef ZN_NODE_H
 #define ZN_NODE_H
 
+#include <cstdint>
 #include <iosfwd>
 #include <vector>
 
@@ -75,9 +76,20 @@ public:
     int addDataAt(int index, FieldType type, DataType kind, FieldFlags& flags, int eventIndex);
     int addDataAt(int index, FieldType type, DataType kind, FieldFlags& flags, std::vector<znField*>* remote,
                   int eventIndex);
+    // The type's own default at `index` stands for the node's field until
+    // somebody asks for the field: most fields of most nodes keep their
+    // default for life, and a world need not hold a copy of each. Answers
+    // -1 where the node must have a copy made now instead.
+    int lendDefault(int index);
     // Only the last entry can go; the field is not destroyed.
     int removeData(int index);
-    znField* getZnField(int index) { return fields[index]; }
+    // Every way to a field that may write it makes a lent default the
+    // node's own first.
+    znField* getZnField(int index) { return own(index); }
+    // The field at `index` as it reads now, which may be the type's default:
+    // for readers only, who neither write it nor keep it past a write.
+    // Null for a missing field.
+    Field* peekData(int index) const;
     Field* getData(int index);
     Field* getData(int index, Field** out);
     Field* getData(const char* name);
@@ -126,11 +138,22 @@ private:
     int enter(int index, znField* f, const char* failure);
     // Enters `f` at `index`; -1 when the index or the field is missing.
     int place(int index, znField* f);
+    bool isLent(int index) const {
+        return index >= 0 && index < kLendable && ((lent >> index) & 1u) != 0;
+    }
+    // The field at `index`, a copy of the type's default made for the node
+    // if it was lent.
+    znField* own(int index);
+
+    // Only the first fields can be lent: a type with more than this is a
+    // Script or PROTO with a long interface, which is rare.
+    static constexpr int kLendable = 64;
 
     Browser* browser;        // borrowed
     znNodeType* nodeType;    // borrowed
     int id;
-    std::vector<znField*> fields;  // owning; a hole repeats a pointer until filled
+    std::vector<znField*> fields;  // owning but where lent; a hole repeats a pointer until filled
+    std::uint64_t lent = 0;        // bit i: fields[i] is the type's default, borrowed
     // Owning: a world has a name per node, most of them short.
     char* name;
     znNode* firstNode;       // borrowed: first node of a PROTO body

@@ -4,8 +4,8 @@
 
 GroupingNode::GroupingNode()
     : children(exposedField<MFNode>("children")),
-      bboxCenter(plainField<SFVec3f>("bboxCenter")),
-      bboxSize(plainField<SFVec3f>("bboxSize")) {
+      bboxCenter(sharedField<SFVec3f>("bboxCenter")),
+      bboxSize(sharedField<SFVec3f>("bboxSize")) {
     refreshChildObjects();
 }
 

@@ -31,8 +31,8 @@ protected:
     void useChildrenField(MFNode* field);
 
     MFNode* children;    // borrowed: the node's own field
-    SFVec3f* bboxCenter; // borrowed
-    SFVec3f* bboxSize;   // borrowed
+    NodeField<SFVec3f> bboxCenter;
+    NodeField<SFVec3f> bboxSize;
     std::list<Builtin*> childObjects;  // borrowed: the children's built-ins
     unsigned char childrenDirty = 1;
 

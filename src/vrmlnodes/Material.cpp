@@ -2,12 +2,12 @@
 
 Material::Material(znInternal* pair)
     : BaseNode(pair),
-      diffuseColor(exposedField<SFColor>("diffuseColor")),
-      ambientIntensity(exposedField<SFFloat>("ambientIntensity")),
-      specularColor(exposedField<SFColor>("specularColor")),
-      emissiveColor(exposedField<SFColor>("emissiveColor")),
-      shininess(exposedField<SFFloat>("shininess")),
-      transparency(exposedField<SFFloat>("transparency")) {}
+      diffuseColor(sharedField<SFColor>("diffuseColor")),
+      ambientIntensity(sharedField<SFFloat>("ambientIntensity")),
+      specularColor(sharedField<SFColor>("specularColor")),
+      emissiveColor(sharedField<SFColor>("emissiveColor")),
+      shininess(sharedField<SFFloat>("shininess")),
+      transparency(sharedField<SFFloat>("transparency")) {}
 
 void Material::processEvent(Event& event) {
     const char* name = event.getName();

@@ -19,12 +19,12 @@ public:
     void set_transparency(SFFloat& value, double time);
 
 protected:
-    SFColor* diffuseColor;      // borrowed: the node's own field
-    SFFloat* ambientIntensity;  // borrowed: the node's own field
-    SFColor* specularColor;     // borrowed: the node's own field
-    SFColor* emissiveColor;     // borrowed: the node's own field
-    SFFloat* shininess;         // borrowed: the node's own field
-    SFFloat* transparency;      // borrowed: the node's own field
+    NodeField<SFColor> diffuseColor;
+    NodeField<SFFloat> ambientIntensity;
+    NodeField<SFColor> specularColor;
+    NodeField<SFColor> emissiveColor;
+    NodeField<SFFloat> shininess;
+    NodeField<SFFloat> transparency;
     unsigned char ambientDirty = 1;
     unsigned char diffuseDirty = 1;
     unsigned char specularDirty = 1;

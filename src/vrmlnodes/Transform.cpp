@@ -32,11 +32,11 @@ void readVector(SFVec3f* field, float out[3], float fallback) {
 
 Transform::Transform(znInternal* pair)
     : BaseNode(pair),
-      translation(exposedField<SFVec3f>("translation")),
-      rotation(exposedField<SFRotation>("rotation")),
-      scale(exposedField<SFVec3f>("scale")),
-      scaleOrientation(exposedField<SFRotation>("scaleOrientation")),
-      center(exposedField<SFVec3f>("center")) {
+      translation(sharedField<SFVec3f>("translation")),
+      rotation(sharedField<SFRotation>("rotation")),
+      scale(sharedField<SFVec3f>("scale")),
+      scaleOrientation(sharedField<SFRotation>("scaleOrientation")),
+      center(sharedField<SFVec3f>("center")) {
     ml_IDToMat(matrix);
 }
 
@@ -84,15 +84,15 @@ void Transform::set_center(SFVec3f& value, double) {
 
 void Transform::recalc_Matrix() {
     float s[3], axis[3], angle, orientationAxis[3], orientationAngle;
-    readVector(scale, s, 1.0f);
-    readRotation(rotation, axis, angle);
-    readRotation(scaleOrientation, orientationAxis, orientationAngle);
+    readVector(scale.get(), s, 1.0f);
+    readRotation(rotation.get(), axis, angle);
+    readRotation(scaleOrientation.get(), orientationAxis, orientationAngle);
     for (float& component : s)
         if (component == 0.0f) component = kSmallestScale;
 
     float t[3], c[3], minusC[3], minusAxis[3];
-    readVector(translation, t, 0.0f);
-    readVector(center, c, 0.0f);
+    readVector(translation.get(), t, 0.0f);
+    readVector(center.get(), c, 0.0f);
     for (int i = 0; i < 3; ++i) {
         minusC[i] = -c[i];
         minusAxis[i] = -orientationAxis[i];

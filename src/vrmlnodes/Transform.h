@@ -25,11 +25,11 @@ public:
     const float (&getMatrix() const)[4][4] { return matrix; }
 
 protected:
-    SFVec3f* translation;          // borrowed: the node's own field
-    SFRotation* rotation;          // borrowed: the node's own field
-    SFVec3f* scale;                // borrowed: the node's own field
-    SFRotation* scaleOrientation;  // borrowed: the node's own field
-    SFVec3f* center;               // borrowed: the node's own field
+    NodeField<SFVec3f> translation;
+    NodeField<SFRotation> rotation;
+    NodeField<SFVec3f> scale;
+    NodeField<SFRotation> scaleOrientation;
+    NodeField<SFVec3f> center;
     unsigned char transformDirty = 0;
     float matrix[4][4];
 };

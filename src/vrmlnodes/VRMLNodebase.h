@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "fields/all.h"
+#include "nodes/zn_node.h"
 #include "nodes/zn_vrml.h"
 #include "scripts/zn_event.h"
 
@@ -48,6 +49,37 @@ struct ActionState {
 
 // Whether a node handed `state` was read through an Inline.
 inline bool isInlined(const void* state) { return state && static_cast<const ActionState*>(state)->inlined; }
+
+// A field of a built-in node, found by name once and reached through its
+// node at each use. Reading leaves a field that holds its type's default
+// shared with the type; writing makes the field the node's own first. Most
+// fields of most nodes keep their default for life, so a class holds these
+// for the fields that files seldom set, where a held Field* would make every
+// node pay for a copy of every default.
+template <class T>
+class NodeField {
+public:
+    NodeField() = default;
+    // Empty when the node's type lacks the field or it is of another class.
+    NodeField(znNode* node, const char* name) {
+        if (node == nullptr) return;
+        const int found = node->getDataID(name);
+        if (znValueAs<T>(node->peekData(found)) == nullptr) return;
+        owner = node;
+        index = found;
+    }
+
+    explicit operator bool() const { return owner != nullptr; }
+    // The value as it reads now: for reading only, and not to be kept.
+    T* operator->() const { return get(); }
+    T* get() const { return owner ? znValueAs<T>(owner->peekData(index)) : nullptr; }
+    // The node's own field, for writing.
+    T* own() const { return owner ? znValueAs<T>(owner->getData(index, nullptr)) : nullptr; }
+
+private:
+    znNode* owner = nullptr;  // borrowed: the fields die with their node
+    int index = -1;
+};
 
 class VRMLNode : public Builtin {
 public:
@@ -121,6 +153,11 @@ protected:
     T* plainField(const char* name) {
         return znValueAs<T>(Script::getField(name, nullptr));
     }
+    // The same, for a field the class reads far more often than it writes.
+    template <class T>
+    NodeField<T> sharedField(const char* name) {
+        return NodeField<T>(handleNode(), name);
+    }
     template <class T>
     T* eventOutField(const char* name) {
         return znValueAs<T>(Builtin::getEventOut(name, nullptr));
@@ -129,6 +166,10 @@ protected:
     template <class T>
     static void assign(T* field, T& value) {
         if (field) *field = value;
+    }
+    template <class T>
+    static void assign(const NodeField<T>& field, T& value) {
+        assign(field.own(), value);
     }
     // The built-in behind a node-valued field, or null.
     static Builtin* childOf(SFNode* field) { return field ? Builtin::getBuiltin(*field) : nullptr; }

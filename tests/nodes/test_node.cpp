@@ -77,6 +77,36 @@ TEST_F(RuntimeNode, LookupAnswersTheValueSide) {
     EXPECT_EQ(size->getValue(), 3.5f);
 }
 
+TEST_F(RuntimeNode, LentDefaultsReadAsTheTypesAndAreCopiedForTheNodeThatAsks) {
+    znNode first(1, "d00000+A", &type, &browser);
+    znNode second(2, "d00000+B", &type, &browser);
+    for (znNode* node : {&first, &second}) {
+        EXPECT_EQ(node->lendDefault(0), 0);
+        EXPECT_EQ(node->lendDefault(2), -1) << "a lent field would leave a hole";
+        EXPECT_EQ(node->lendDefault(1), 1);
+    }
+    EXPECT_EQ(first.peekData(0), type.getZnField(0)->toField());
+
+    // Asking for the field is no change to the node; the write then goes to
+    // the node's copy alone.
+    first.makeClean();
+    auto* size = dynamic_cast<SFFloat*>(first.getData(0));
+    ASSERT_NE(size, nullptr);
+    EXPECT_NE(size, type.getZnField(0)->toField());
+    EXPECT_EQ(first.isDirty(), 0);
+    EXPECT_EQ(size->getValue(), 1.0f);
+    size->setValue(5.0f);
+    EXPECT_EQ(first.peekData(0), size);
+    EXPECT_EQ(dynamic_cast<SFFloat*>(second.peekData(0))->getValue(), 1.0f);
+    EXPECT_EQ(dynamic_cast<SFFloat*>(type.getZnField(0)->toField())->getValue(), 1.0f);
+
+    // A field entered over a lent one is the node's, and ends with it.
+    FieldFlags flags;
+    EXPECT_EQ(second.addData("count", SFInt32Type, field, flags, "3"), 1);
+    EXPECT_EQ(dynamic_cast<SFInt32*>(second.peekData(1))->getValue(), 3);
+    EXPECT_EQ(dynamic_cast<SFInt32*>(type.getZnField(1)->toField())->getValue(), 0);
+}
+
 TEST_F(RuntimeNode, ISFieldsPassEventsToTheirRealFields) {
     znNode inner(2, "d00000+I", &type, &browser);
     znNode outer(3, "d00000+O", &type, &browser);
