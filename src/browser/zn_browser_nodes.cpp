@@ -6,6 +6,7 @@
 #include <list>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 #include <unordered_map>
 #include <vector>
 
@@ -47,6 +48,15 @@ znField* typeDefault(znNodeType* type, int index, FieldType fieldType, const Fie
     znField* field = type->getZnField(index);
     return field != nullptr && field->getFieldType() == fieldType ? field : nullptr;
 }
+
+// Whether a node may borrow the type's own entry at `index` for a field of
+// this kind and these flags: it must be the very field the node would get.
+bool lendable(znNodeType* type, int index, FieldType fieldType, DataType dataType, const FieldFlags& flags) {
+    if (index < 0 || index >= type->getFieldCount()) return false;
+    znField* shared = type->getZnField(index);
+    return shared != nullptr && shared->getFieldType() == fieldType && shared->getDataType() == dataType &&
+           shared->getFlags().bits == flags.bits && !shared->isVirtual();
+}
 }  // namespace
 
 int znBrowserIntern::addNode(_zndbNode* first) {
@@ -64,6 +74,11 @@ int znBrowserIntern::addNode(_zndbNode* first) {
     // name: the expansion of nested PROTOs hands over one chain of them all,
     // and a search of every instance for every node would be quadratic.
     std::unordered_map<std::string_view, std::vector<znNode*>> waiting;
+    // The default manager keeps no table of eventIns, so an eventIn need
+    // not be entered with it before anything sends to it: until then the
+    // node borrows the type's. Another manager sees each eventIn as it is
+    // made, as ever.
+    const bool eventInsOnDemand = simManager != nullptr && typeid(*simManager) == typeid(znSimManager_default);
 
     for (_zndbNode* record = first; record; record = record->next) {
         const char* name = record->name.c_str();
@@ -160,13 +175,16 @@ int znBrowserIntern::addNode(_zndbNode* first) {
                 }
                 if (dataID != -1) node->getZnField(dataID)->addISNames(data->isFields);
             } else if (dataType == eventIn) {
-                dataID = node->addDataAt(index, fieldType, dataType, flags, simManager->nextIndex());
-                simManager->addEventIn(node, dataID, data->name.data());
+                if (eventInsOnDemand && lendable(type, index, fieldType, dataType, flags))
+                    dataID = node->lendDefault(index);
+                if (dataID == -1) {
+                    dataID = node->addDataAt(index, fieldType, dataType, flags, simManager->nextIndex());
+                    simManager->addEventIn(node, dataID, data->name.data());
+                }
             } else if (znField* value = typeDefault(type, index, fieldType, flags)) {
                 // Where the default is the very field the node would get, the
                 // node borrows it until something asks for the field.
-                if (value->getDataType() == dataType && value->getFlags().bits == flags.bits)
-                    dataID = node->lendDefault(index);
+                if (lendable(type, index, fieldType, dataType, flags)) dataID = node->lendDefault(index);
                 if (dataID == -1) dataID = node->addDataAt(index, fieldType, dataType, flags, *value);
             } else {
                 const char* text = data->value ? data->value : "";

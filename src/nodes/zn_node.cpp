@@ -288,12 +288,18 @@ znField* znNode::own(int index) {
     znField* copy = znField::newField(browser, this, shared->getFieldType(), shared->getDataType(), flags,
                                       nullptr, nullptr);
     if (copy == nullptr) return shared;
-    // The copy is what the node would have had from the start: taking the
-    // value tells the node of a load, which a copy made at load time did
-    // before the node was declared clean.
-    const int wasDirty = dirty;
-    *copy = *shared;
-    dirty = wasDirty;
+    if (shared->getDataType() == eventIn) {
+        // An eventIn holds no value until one arrives; what it needs is its
+        // own number to be sent to by.
+        copy->setEventIndex(browser->nextEventIndex());
+    } else {
+        // The copy is what the node would have had from the start: taking
+        // the value tells the node of a load, which a copy made at load time
+        // did before the node was declared clean.
+        const int wasDirty = dirty;
+        *copy = *shared;
+        dirty = wasDirty;
+    }
     fields[index] = copy;
     lent &= ~(std::uint64_t{1} << index);
     return copy;

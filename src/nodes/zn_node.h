@@ -78,8 +78,9 @@ public:
                   int eventIndex);
     // The type's own default at `index` stands for the node's field until
     // somebody asks for the field: most fields of most nodes keep their
-    // default for life, and a world need not hold a copy of each. Answers
-    // -1 where the node must have a copy made now instead.
+    // default for life, and most eventIns never receive an event, so a world
+    // need not hold a copy of each. An eventIn gets its event number when it
+    // is asked for. Answers -1 where the node must have a copy made now.
     int lendDefault(int index);
     // Only the last entry can go; the field is not destroyed.
     int removeData(int index);

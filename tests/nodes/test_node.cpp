@@ -107,6 +107,20 @@ TEST_F(RuntimeNode, LentDefaultsReadAsTheTypesAndAreCopiedForTheNodeThatAsks) {
     EXPECT_EQ(dynamic_cast<SFInt32*>(type.getZnField(1)->toField())->getValue(), 0);
 }
 
+TEST_F(RuntimeNode, LentEventInsTakeTheirNumbersWhenAskedFor) {
+    FieldFlags plain;
+    ASSERT_EQ(type.addData("set_size", SFFloatType, eventIn, plain, nullptr), 3);
+    znNode first(1, "d00000+A", &type, &browser);
+    znNode second(2, "d00000+B", &type, &browser);
+    for (znNode* node : {&second, &first})
+        for (int i = 0; i <= 3; ++i) EXPECT_EQ(node->lendDefault(i), i);
+    EXPECT_EQ(type.getZnField(3)->getEventIndex(), -1);
+    EXPECT_EQ(first.getZnField(3)->getEventIndex(), 100);
+    EXPECT_EQ(second.getZnField(3)->getEventIndex(), 101);
+    EXPECT_EQ(first.getZnField(3)->getDataType(), eventIn);
+    EXPECT_EQ(type.getZnField(3)->getEventIndex(), -1);
+}
+
 TEST_F(RuntimeNode, ISFieldsPassEventsToTheirRealFields) {
     znNode inner(2, "d00000+I", &type, &browser);
     znNode outer(3, "d00000+O", &type, &browser);
