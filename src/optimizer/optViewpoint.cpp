@@ -7,7 +7,7 @@ optViewpoint::optViewpoint(znInternal* pair) : BaseNode(pair), Viewpoint(pair) {
     viewpoint.reset(new csViewpoint());
     viewpoint->setName(sceneName("Unnamed Viewpoint Node"));
     // description is a plain field: what the file gave stays.
-    viewpoint->setDescription(textOf(description));
+    viewpoint->setDescription(textOf(description.get()));
 }
 
 optViewpoint::~optViewpoint() = default;

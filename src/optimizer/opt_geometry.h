@@ -42,6 +42,10 @@ template <class Object, class Value, class F>
 void optCopyField(Object& object, void (Object::*setter)(Value), F* field) {
     if (field) (object.*setter)(static_cast<Value>(field->getValue()));
 }
+template <class Object, class Value, class F>
+void optCopyField(Object& object, void (Object::*setter)(Value), const NodeField<F>& field) {
+    optCopyField(object, setter, field.get());
+}
 
 // A field's flag, or `fallback` when the node's type lacks the field.
 inline bool optFlag(SFBool* field, bool fallback) { return field ? field->getValue() != 0 : fallback; }

@@ -2,7 +2,7 @@
 
 Cone::Cone(znInternal* pair)
     : BaseNode(pair),
-      bottomRadius(plainField<SFFloat>("bottomRadius")),
-      height(plainField<SFFloat>("height")),
-      side(plainField<SFBool>("side")),
-      bottom(plainField<SFBool>("bottom")) {}
+      bottomRadius(sharedField<SFFloat>("bottomRadius")),
+      height(sharedField<SFFloat>("height")),
+      side(sharedField<SFBool>("side")),
+      bottom(sharedField<SFBool>("bottom")) {}

@@ -10,10 +10,10 @@ public:
     ~Cone() override = default;
 
 protected:
-    SFFloat* bottomRadius;  // borrowed: the node's own field
-    SFFloat* height;  // borrowed: the node's own field
-    SFBool* side;  // borrowed: the node's own field
-    SFBool* bottom;  // borrowed: the node's own field
+    NodeField<SFFloat> bottomRadius;
+    NodeField<SFFloat> height;
+    NodeField<SFBool> side;
+    NodeField<SFBool> bottom;
 };
 
 #endif

@@ -2,8 +2,8 @@
 
 Cylinder::Cylinder(znInternal* pair)
     : BaseNode(pair),
-      bottom(plainField<SFBool>("bottom")),
-      height(plainField<SFFloat>("height")),
-      radius(plainField<SFFloat>("radius")),
-      side(plainField<SFBool>("side")),
-      top(plainField<SFBool>("top")) {}
+      bottom(sharedField<SFBool>("bottom")),
+      height(sharedField<SFFloat>("height")),
+      radius(sharedField<SFFloat>("radius")),
+      side(sharedField<SFBool>("side")),
+      top(sharedField<SFBool>("top")) {}

@@ -10,11 +10,11 @@ public:
     ~Cylinder() override = default;
 
 protected:
-    SFBool* bottom;  // borrowed: the node's own field
-    SFFloat* height;  // borrowed: the node's own field
-    SFFloat* radius;  // borrowed: the node's own field
-    SFBool* side;  // borrowed: the node's own field
-    SFBool* top;  // borrowed: the node's own field
+    NodeField<SFBool> bottom;
+    NodeField<SFFloat> height;
+    NodeField<SFFloat> radius;
+    NodeField<SFBool> side;
+    NodeField<SFBool> top;
 };
 
 #endif

@@ -11,8 +11,8 @@ std::map<std::string, std::shared_ptr<znImage>> ImageTexture::imgcache;
 
 ImageTexture::ImageTexture(znInternal* pair)
     : BaseNode(pair),
-      repeatS(plainField<SFBool>("repeatS")),
-      repeatT(plainField<SFBool>("repeatT")),
+      repeatS(sharedField<SFBool>("repeatS")),
+      repeatT(sharedField<SFBool>("repeatT")),
       url(exposedField<MFString>("url")) {}
 
 ImageTexture::~ImageTexture() = default;

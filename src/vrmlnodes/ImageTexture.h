@@ -44,8 +44,8 @@ public:
     const znImage* getImageRecord() const { return imageRecord.get(); }
 
 protected:
-    SFBool* repeatS;  // borrowed: the node's own field
-    SFBool* repeatT;  // borrowed: the node's own field
+    NodeField<SFBool> repeatS;
+    NodeField<SFBool> repeatT;
     MFString* url;    // borrowed: the node's own field
     int imageReady = 0;
     std::string fileName;                 // empty when none

@@ -1,10 +1,10 @@
 #include "vrmlnodes/LightNode.h"
 
 LightNode::LightNode()
-    : on(exposedField<SFBool>("on")),
-      intensity(exposedField<SFFloat>("intensity")),
-      ambientIntensity(exposedField<SFFloat>("ambientIntensity")),
-      color(exposedField<SFColor>("color")) {}
+    : on(sharedField<SFBool>("on")),
+      intensity(sharedField<SFFloat>("intensity")),
+      ambientIntensity(sharedField<SFFloat>("ambientIntensity")),
+      color(sharedField<SFColor>("color")) {}
 
 void LightNode::processEvent(Event& event) {
     if (storeEvent(event, "set_on", on, valuesDirty) || storeEvent(event, "set_intensity", intensity, valuesDirty) ||

@@ -17,10 +17,10 @@ protected:
     // `event` was one of them.
     virtual bool storeOwnEvent(Event&) { return false; }
 
-    SFBool* on;                 // borrowed: the node's own field
-    SFFloat* intensity;         // borrowed: the node's own field
-    SFFloat* ambientIntensity;  // borrowed: the node's own field
-    SFColor* color;             // borrowed: the node's own field
+    NodeField<SFBool> on;
+    NodeField<SFFloat> intensity;
+    NodeField<SFFloat> ambientIntensity;
+    NodeField<SFColor> color;
     unsigned char valuesDirty = 1;
 };
 

@@ -2,10 +2,10 @@
 
 TextureTransform::TextureTransform(znInternal* pair)
     : BaseNode(pair),
-      translation(exposedField<SFVec2f>("translation")),
-      rotation(exposedField<SFFloat>("rotation")),
-      scale(exposedField<SFVec2f>("scale")),
-      center(exposedField<SFVec2f>("center")) {}
+      translation(sharedField<SFVec2f>("translation")),
+      rotation(sharedField<SFFloat>("rotation")),
+      scale(sharedField<SFVec2f>("scale")),
+      center(sharedField<SFVec2f>("center")) {}
 
 void TextureTransform::processEvent(Event& event) {
     const char* name = event.getName();

@@ -19,10 +19,10 @@ public:
     void processEvent(Event& event) override;
 
 protected:
-    SFVec2f* translation;  // borrowed: the node's own field
-    SFFloat* rotation;     // borrowed: the node's own field
-    SFVec2f* scale;        // borrowed: the node's own field
-    SFVec2f* center;       // borrowed: the node's own field
+    NodeField<SFVec2f> translation;
+    NodeField<SFFloat> rotation;
+    NodeField<SFVec2f> scale;
+    NodeField<SFVec2f> center;
     unsigned char transformDirty = 0;
 };
 

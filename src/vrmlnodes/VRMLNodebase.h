@@ -129,13 +129,11 @@ public:
     // back-end takes all their values again after any change.
     template <class T>
     static bool storeEvent(Event& event, const char* eventName, T* field, unsigned char& dirty) {
-        const char* name = event.getName();
-        if (!name || std::strcmp(name, eventName) != 0) return false;
-        if (T* value = eventValue<T>(event)) {
-            assign(field, *value);
-            dirty = 1;
-        }
-        return true;
+        return storeEventWith<T>(event, eventName, dirty, [&](T& value) { assign(field, value); });
+    }
+    template <class T>
+    static bool storeEvent(Event& event, const char* eventName, const NodeField<T>& field, unsigned char& dirty) {
+        return storeEventWith<T>(event, eventName, dirty, [&](T& value) { assign(field, value); });
     }
 
     // The text of a string field up to its terminating null (stored strings
@@ -161,6 +159,16 @@ protected:
     template <class T>
     T* eventOutField(const char* name) {
         return znValueAs<T>(Builtin::getEventOut(name, nullptr));
+    }
+    template <class T, class Store>
+    static bool storeEventWith(Event& event, const char* eventName, unsigned char& dirty, Store store) {
+        const char* name = event.getName();
+        if (!name || std::strcmp(name, eventName) != 0) return false;
+        if (T* value = eventValue<T>(event)) {
+            store(*value);
+            dirty = 1;
+        }
+        return true;
     }
     // Copies `value` into a field of this node; a missing field stays missing.
     template <class T>

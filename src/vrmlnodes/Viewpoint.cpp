@@ -2,11 +2,11 @@
 
 Viewpoint::Viewpoint(znInternal* pair)
     : BaseNode(pair),
-      fieldOfView(exposedField<SFFloat>("fieldOfView")),
-      jump(exposedField<SFBool>("jump")),
-      orientation(exposedField<SFRotation>("orientation")),
-      position(exposedField<SFVec3f>("position")),
-      description(plainField<SFString>("description")) {}
+      fieldOfView(sharedField<SFFloat>("fieldOfView")),
+      jump(sharedField<SFBool>("jump")),
+      orientation(sharedField<SFRotation>("orientation")),
+      position(sharedField<SFVec3f>("position")),
+      description(sharedField<SFString>("description")) {}
 
 void Viewpoint::processEvent(Event& event) {
     storeEvent(event, "set_fieldOfView", fieldOfView, valuesDirty) || storeEvent(event, "set_jump", jump, valuesDirty) ||

@@ -12,11 +12,11 @@ public:
     void processEvent(Event& event) override;
 
 protected:
-    SFFloat* fieldOfView;     // borrowed: the node's own field
-    SFBool* jump;             // borrowed: the node's own field
-    SFRotation* orientation;  // borrowed: the node's own field
-    SFVec3f* position;        // borrowed: the node's own field
-    SFString* description;    // borrowed: the node's own field
+    NodeField<SFFloat> fieldOfView;
+    NodeField<SFBool> jump;
+    NodeField<SFRotation> orientation;
+    NodeField<SFVec3f> position;
+    NodeField<SFString> description;
     unsigned char valuesDirty = 1;
 };
 

@@ -160,6 +160,39 @@ TEST_F(SupportWorld, NamesThatShareAPrefixReachTheirOwnFields) {
     EXPECT_EQ(dynamic_cast<MFInt32*>(faces->getField("colorIndex"))->getSize(), 0);
 }
 
+// A loaded node borrows the fields that keep their type's default; an
+// event to one of them changes that node alone.
+TEST_F(SupportWorld, AnEventToABorrowedDefaultChangesThatNodeAlone) {
+    znNodeType* type = nullptr;
+    for (SupportType& t : declared)
+        if (t.name == "Transform") type = &world.makeType(t.name.c_str(), {t.url.c_str()}, t.fields);
+    ASSERT_NE(type, nullptr);
+    znNode* nodes[2] = {};
+    for (znNode*& node : nodes) {
+        node = world.nodes.emplace_back(std::make_unique<znNode>(++world.lastNodeID, "d00001+T", type,
+                                                                 world.system.browser)).get();
+        for (int i = 0; i < type->getFieldCount(); ++i) ASSERT_EQ(node->lendDefault(i), i);
+        node->initialize();
+    }
+    const int rotation = type->getDataID("rotation");
+    SFRotation turn(0, 1, 0, 1.5f);
+    TestEvent setTurn("set_rotation", turn);
+    nodes[0]->processEvent(setTurn);
+
+    float v[4] = {};
+    dynamic_cast<SFRotation*>(nodes[0]->peekData(rotation))->getValue(v);
+    EXPECT_FLOAT_EQ(v[3], 1.5f);
+    for (Field* untouched : {nodes[1]->peekData(rotation), type->getZnField(rotation)->toField()}) {
+        dynamic_cast<SFRotation*>(untouched)->getValue(v);
+        EXPECT_FLOAT_EQ(v[3], 0.0f);
+    }
+    Transform* turned = object<Transform>(nodes[0]);
+    Transform* still = object<Transform>(nodes[1]);
+    turned->recalc_Matrix();
+    still->recalc_Matrix();
+    EXPECT_NE(turned->getMatrix()[0][0], still->getMatrix()[0][0]);
+}
+
 TEST_F(SupportWorld, ValueNodesTakeAChangeAtTheirNextAction) {
     SFTime time(-1.0);
     znNode* light = make("PointLight");
