@@ -115,6 +115,11 @@ private:
     // Appends yytext, or the finished string, as one item to the list.
     void dynstrcat_current();
     void dynstrcat_string();
+    // After an item of a number list: reads on through the items that
+    // follow in their plainest form, as the item rule would one by one, with
+    // none of the automaton's work per character. `numbers` per item;
+    // `integers` for an MFInt32 list.
+    void scanPlainItems(int numbers, bool integers);
     int parsePrototypeKeyword(std::size_t keywordLength);
     // The width and height that begin the text of an SFImage.
     static void readImageSize(const char* text, int& width, int& height);

@@ -123,6 +123,13 @@ TEST(ValueTokens, ListsReadAlikeWithAndWithoutTheTrace) {
         {"mffloat", "[ 1 2.5e2 .25 ]"},
         {"mftime", "[ 1 2 3 ]"},
         {"mfint32", "12 13"},
+        {"mffloat", "[ 1e 2 ]"},
+        {"mffloat", "[ 1e+ 2E-3 -.5 +5. ]"},
+        {"mffloat", "[ 1 2 -. 3 ]"},
+        {"mfint32", "[ 5 0x 6 ]"},
+        {"mfint32", "[ 5 1.5 6 ]"},
+        {"mfvec3f", "[ 1 2 3 IS 4 5 6 ]"},
+        {"mfvec3f", "[ 1 2 3\n\n4 5\n6\n7 8 9 ] ]"},
     };
     for (const auto& [field, value] : lists) {
         SCOPED_TRACE(field + " " + value);
@@ -137,5 +144,30 @@ TEST(ValueTokens, ListsReadAlikeWithAndWithoutTheTrace) {
         const std::size_t report = byItem.errors.find("Error in");
         ASSERT_NE(report, std::string::npos);
         EXPECT_EQ(byRun.errors.substr(byRun.errors.find("Error in"), 60), byItem.errors.substr(report, 60));
+    }
+}
+
+// A list longer than the scanner's input buffer breaks at every place in an
+// item in turn; the items, and the line of an error after the list, are
+// what the rules read one by one.
+TEST(ValueTokens, ListsOverTheInputBufferReadAlikeWithAndWithoutTheTrace) {
+    std::string floats, integers;
+    for (int i = 0; i < 1200; ++i) {
+        floats += std::to_string(i % 7) + ".0100 -0.0030 1e-" + std::to_string(i % 3) + ",\n";
+        integers += std::to_string(i * 37) + " -" + std::to_string(i % 5) + " 0 +4 -1,\n";
+    }
+    for (const auto& [field, items] : {std::pair{"mfvec3f", floats}, std::pair{"mfint32", integers}}) {
+        for (int shift = 0; shift < 24; ++shift) {
+            SCOPED_TRACE(std::string(field) + " " + std::to_string(shift));
+            const std::string text = std::string(static_cast<std::size_t>(shift), ' ') + "Node { " + field + " [ " +
+                                     items + "] }\nNode { sffloat x }";
+            ParseOptions traced;
+            traced.lexerTrace = true;
+            ParseRun byItem = parseText(text, traced);
+            ParseRun byRun = parseText(text);
+            ASSERT_EQ(byRun.values().size(), 1u) << byRun.errors.substr(0, 300);
+            EXPECT_EQ(byRun.values(), byItem.values());
+            EXPECT_NE(byRun.errors.find("line 1202"), std::string::npos) << byRun.errors.substr(0, 200);
+        }
     }
 }
