@@ -57,8 +57,6 @@ bool isA(const csObject* object) {
 
 optShape::optShape(znInternal* pair) : BaseNode(pair), Shape(pair) {
     axisTransform.reset(new csTransform());
-    surfaceTessellator.reset(new opTessParaSurfaceAction());
-    cuboidTessellator.reset(new opTessCuboidAction());
 }
 
 optShape::~optShape() { delete state; }
@@ -158,6 +156,10 @@ void optShape::buildGeometry(SFTime& time) {
 void optShape::tessellate(csShape* target) {
     target->validateField(csShape::GEOMETRY);
     if (target->getGeometryCount() > 0) return;
+    // Made for the shapes that have something to tessellate, which most
+    // shapes of a big world have not.
+    if (!surfaceTessellator) surfaceTessellator.reset(new opTessParaSurfaceAction());
+    if (!cuboidTessellator) cuboidTessellator.reset(new opTessCuboidAction());
     surfaceTessellator->setSampling(samplingFor(std::getenv(kQualityVariable)));
     surfaceTessellator->apply(target);
     cuboidTessellator->apply(target);
