@@ -1,6 +1,8 @@
 // The text of each value token, as the lexer reads it for the expected type.
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 #include <string>
 
 #include "parse_run.h"
@@ -168,6 +170,45 @@ TEST(ValueTokens, ListsOverTheInputBufferReadAlikeWithAndWithoutTheTrace) {
             ASSERT_EQ(byRun.values().size(), 1u) << byRun.errors.substr(0, 300);
             EXPECT_EQ(byRun.values(), byItem.values());
             EXPECT_NE(byRun.errors.find("line 1202"), std::string::npos) << byRun.errors.substr(0, 200);
+        }
+    }
+}
+
+// Lists of random number-like text: whatever the bytes, the run of plain
+// items and the rules alone read the same items and stop at the same line.
+TEST(ValueTokens, RandomListsReadAlikeWithAndWithoutTheTrace) {
+    const std::string alphabet = "0123456789.eE+- ,\n\t#x]";
+    std::uint32_t seed = 12345;
+    auto next = [&seed] {
+        seed = seed * 1103515245u + 12345u;
+        return (seed >> 16) & 0x7fff;
+    };
+    const char* fields[] = {"mffloat", "mfvec2f", "mfvec3f", "mfrotation", "mfint32"};
+    for (int round = 0; round < 400; ++round) {
+        std::string list = "[ ";
+        const int length = 1 + static_cast<int>(next() % 60);
+        for (int i = 0; i < length; ++i) {
+            // Mostly digits and blanks, so that many items are whole.
+            const unsigned pick = next() % 100;
+            list += pick < 55 ? static_cast<char>('0' + next() % 10)
+                              : pick < 80 ? ' ' : alphabet[next() % alphabet.size()];
+        }
+        list += " ]";
+        const std::string field = fields[round % 5];
+        SCOPED_TRACE(field + " " + list);
+        const std::string text = "Node { " + field + " " + list + " }\nNode { sffloat x }";
+        ParseOptions traced;
+        traced.lexerTrace = true;
+        ParseRun byItem = parseText(text, traced);
+        ParseRun byRun = parseText(text);
+        EXPECT_EQ(byRun.values(), byItem.values());
+        EXPECT_EQ(byRun.result, byItem.result);
+        const std::size_t runReport = byRun.errors.find("Error in");
+        const std::size_t itemReport = byItem.errors.find("Error in");
+        ASSERT_EQ(runReport == std::string::npos, itemReport == std::string::npos);
+        if (runReport != std::string::npos) {
+            const std::string runLine = byRun.errors.substr(runReport, byRun.errors.find('\n', runReport) - runReport);
+            EXPECT_EQ(runLine, byItem.errors.substr(itemReport, runLine.size()));
         }
     }
 }
