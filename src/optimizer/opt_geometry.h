@@ -49,6 +49,7 @@ void optCopyField(Object& object, void (Object::*setter)(Value), const NodeField
 
 // A field's flag, or `fallback` when the node's type lacks the field.
 inline bool optFlag(SFBool* field, bool fallback) { return field ? field->getValue() != 0 : fallback; }
+inline bool optFlag(const NodeField<SFBool>& field, bool fallback) { return optFlag(field.get(), fallback); }
 
 // The values of an index field, read in place; an absent field reads empty.
 const std::vector<int>& optValuesOf(MFInt32* field);

@@ -34,11 +34,11 @@ public:
 protected:
     MFInt32* texCoordIndex;  // borrowed: the node's own field, or ownTexCoordIndex
     MFInt32* normalIndex;  // borrowed: the node's own field, or ownNormalIndex
-    SFBool* normalPerVertex;  // borrowed: the node's own field, or ownNormalPerVertex
-    SFBool* ccw;  // borrowed: the node's own field, or ownCcw
-    SFBool* solid;  // borrowed: the node's own field, or ownSolid
-    SFBool* convex;  // borrowed: the node's own field, or ownConvex
-    SFFloat* creaseAngle;  // borrowed: the node's own field, or ownCreaseAngle
+    NodeField<SFBool> normalPerVertex;  // the node's field, or ownNormalPerVertex
+    NodeField<SFBool> ccw;  // the node's field, or ownCcw
+    NodeField<SFBool> solid;  // the node's field, or ownSolid
+    NodeField<SFBool> convex;  // the node's field, or ownConvex
+    NodeField<SFFloat> creaseAngle;  // the node's field, or ownCreaseAngle
     SFNode* texCoord;  // borrowed: the node's own field, or ownTexCoord
     SFNode* normal;  // borrowed: the node's own field, or ownNormal
     Builtin* texCoordObject;  // borrowed: the built-in behind texCoord, or null

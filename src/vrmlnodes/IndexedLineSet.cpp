@@ -8,7 +8,7 @@ IndexedLineSet::IndexedLineSet(znInternal* pair)
       color(exposedField<SFNode>("color")),
       colorIndex(plainField<MFInt32>("colorIndex")),
       coordIndex(plainField<MFInt32>("coordIndex")),
-      colorPerVertex(plainField<SFBool>("colorPerVertex")),
+      colorPerVertex(sharedField<SFBool>("colorPerVertex")),
       coordObject(childOf(coord)),
       colorObject(childOf(color)) {}
 

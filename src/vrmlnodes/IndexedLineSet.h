@@ -36,7 +36,7 @@ protected:
     SFNode* color;  // borrowed: the node's own field, or ownColor
     MFInt32* colorIndex;  // borrowed: the node's own field, or ownColorIndex
     MFInt32* coordIndex;  // borrowed: the node's own field, or ownCoordIndex
-    SFBool* colorPerVertex;  // borrowed: the node's own field, or ownColorPerVertex
+    NodeField<SFBool> colorPerVertex;  // the node's field, or ownColorPerVertex
     Builtin* coordObject;  // borrowed: the built-in behind coord, or null
     Builtin* colorObject;  // borrowed: the built-in behind color, or null
     unsigned char coordDirty = 0;

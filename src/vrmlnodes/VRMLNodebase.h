@@ -60,6 +60,8 @@ template <class T>
 class NodeField {
 public:
     NodeField() = default;
+    // A value of the object's own, for an object that stands without a node.
+    explicit NodeField(T* own) : plain(own) {}
     // Empty when the node's type lacks the field or it is of another class.
     NodeField(znNode* node, const char* name) {
         if (node == nullptr) return;
@@ -69,16 +71,17 @@ public:
         index = found;
     }
 
-    explicit operator bool() const { return owner != nullptr; }
+    explicit operator bool() const { return owner != nullptr || plain != nullptr; }
     // The value as it reads now: for reading only, and not to be kept.
     T* operator->() const { return get(); }
-    T* get() const { return owner ? znValueAs<T>(owner->peekData(index)) : nullptr; }
+    T* get() const { return owner ? znValueAs<T>(owner->peekData(index)) : plain; }
     // The node's own field, for writing.
-    T* own() const { return owner ? znValueAs<T>(owner->getData(index, nullptr)) : nullptr; }
+    T* own() const { return owner ? znValueAs<T>(owner->getData(index, nullptr)) : plain; }
 
 private:
     znNode* owner = nullptr;  // borrowed: the fields die with their node
     int index = -1;
+    T* plain = nullptr;       // borrowed: the object's own value, without a node
 };
 
 class VRMLNode : public Builtin {
