@@ -49,6 +49,30 @@ znField* typeDefault(znNodeType* type, int index, FieldType fieldType, const Fie
     return field != nullptr && field->getFieldType() == fieldType ? field : nullptr;
 }
 
+// Whether `text`, a value of a node-valued field that the node did not give,
+// names no node: a field that holds nothing needs no names resolved, and
+// may be lent like any other default.
+bool namesNoNode(const char* text) {
+    if (text == nullptr) return true;
+    std::string_view value(text);
+    const auto first = value.find_first_not_of(" \t\r\n,");
+    if (first == std::string_view::npos) return true;
+    value.remove_prefix(first);
+    value.remove_suffix(value.size() - 1 - value.find_last_not_of(" \t\r\n,"));
+    if (value == "NULL") return true;
+    return value.front() == '[' && value.back() == ']' &&
+           value.find_first_not_of(" \t\r\n,", 1) == value.size() - 1;
+}
+
+// Whether a node-valued field of a type holds no node.
+bool holdsNoNode(znField* field) {
+    // The raw value, as a copy of a handle would cost a pair of its own.
+    void* raw = field->getData();
+    if (raw == nullptr) return false;
+    if (field->getFieldType() == SFNodeType) return static_cast<BaseNode*>(raw)->handleNode() == nullptr;
+    return static_cast<std::vector<BaseNode>*>(raw)->empty();
+}
+
 // Whether a node may borrow the type's own entry at `index` for a field of
 // this kind and these flags: it must be the very field the node would get.
 bool lendable(znNodeType* type, int index, FieldType fieldType, DataType dataType, const FieldFlags& flags) {
@@ -188,7 +212,10 @@ int znBrowserIntern::addNode(_zndbNode* first) {
                 if (dataID == -1) dataID = node->addDataAt(index, fieldType, dataType, flags, *value);
             } else {
                 const char* text = data->value ? data->value : "";
-                dataID = node->addDataAt(index, fieldType, dataType, flags, text);
+                if (isNodeValued(fieldType) && dataType == field && !flags.valueSet() && namesNoNode(text) &&
+                    lendable(type, index, fieldType, dataType, flags) && holdsNoNode(type->getZnField(index)))
+                    dataID = node->lendDefault(index);
+                if (dataID == -1) dataID = node->addDataAt(index, fieldType, dataType, flags, text);
                 // Converting the text noted a name that no node has yet: the
                 // field is filled once every node of the load exists.
                 if (dataID != -1 && isNodeValued(fieldType) && dataType == field && unresolvedReference) {

@@ -12,8 +12,8 @@ constexpr size_t kTextureTransformCompared = 13;
 Appearance::Appearance(znInternal* pair)
     : BaseNode(pair),
       material(exposedField<SFNode>("material")),
-      texture(exposedField<SFNode>("texture")),
-      textureTransform(exposedField<SFNode>("textureTransform")),
+      texture(sharedField<SFNode>("texture")),
+      textureTransform(sharedField<SFNode>("textureTransform")),
       materialObject(childOf(material)),
       textureObject(childOf(texture)),
       textureTransformObject(childOf(textureTransform)) {}

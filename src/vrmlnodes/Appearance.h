@@ -22,8 +22,8 @@ public:
 
 protected:
     SFNode* material;  // borrowed: the node's own field
-    SFNode* texture;  // borrowed: the node's own field
-    SFNode* textureTransform;  // borrowed: the node's own field
+    NodeField<SFNode> texture;  // the node's field
+    NodeField<SFNode> textureTransform;  // the node's field
     Builtin* materialObject;  // borrowed: the built-in behind material, or null
     Builtin* textureObject;  // borrowed: the built-in behind texture, or null
     Builtin* textureTransformObject;  // borrowed: the built-in behind textureTransform, or null

@@ -16,8 +16,8 @@ IndexedFaceSet::IndexedFaceSet(znInternal* pair)
       solid(sharedField<SFBool>("solid")),
       convex(sharedField<SFBool>("convex")),
       creaseAngle(sharedField<SFFloat>("creaseAngle")),
-      texCoord(exposedField<SFNode>("texCoord")),
-      normal(exposedField<SFNode>("normal")),
+      texCoord(sharedField<SFNode>("texCoord")),
+      normal(sharedField<SFNode>("normal")),
       texCoordObject(childOf(texCoord)),
       normalObject(childOf(normal)) {}
 

@@ -39,8 +39,8 @@ protected:
     NodeField<SFBool> solid;  // the node's field, or ownSolid
     NodeField<SFBool> convex;  // the node's field, or ownConvex
     NodeField<SFFloat> creaseAngle;  // the node's field, or ownCreaseAngle
-    SFNode* texCoord;  // borrowed: the node's own field, or ownTexCoord
-    SFNode* normal;  // borrowed: the node's own field, or ownNormal
+    NodeField<SFNode> texCoord;  // the node's field, or ownTexCoord
+    NodeField<SFNode> normal;  // the node's field, or ownNormal
     Builtin* texCoordObject;  // borrowed: the built-in behind texCoord, or null
     Builtin* normalObject;  // borrowed: the built-in behind normal, or null
     unsigned char texCoordDirty = 0;

@@ -5,7 +5,7 @@
 IndexedLineSet::IndexedLineSet(znInternal* pair)
     : BaseNode(pair),
       coord(exposedField<SFNode>("coord")),
-      color(exposedField<SFNode>("color")),
+      color(sharedField<SFNode>("color")),
       colorIndex(plainField<MFInt32>("colorIndex")),
       coordIndex(plainField<MFInt32>("coordIndex")),
       colorPerVertex(sharedField<SFBool>("colorPerVertex")),

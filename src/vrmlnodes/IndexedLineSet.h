@@ -33,7 +33,7 @@ public:
 
 protected:
     SFNode* coord;  // borrowed: the node's own field, or ownCoord
-    SFNode* color;  // borrowed: the node's own field, or ownColor
+    NodeField<SFNode> color;  // the node's field, or ownColor
     MFInt32* colorIndex;  // borrowed: the node's own field, or ownColorIndex
     MFInt32* coordIndex;  // borrowed: the node's own field, or ownCoordIndex
     NodeField<SFBool> colorPerVertex;  // the node's field, or ownColorPerVertex

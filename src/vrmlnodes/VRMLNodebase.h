@@ -184,6 +184,7 @@ protected:
     }
     // The built-in behind a node-valued field, or null.
     static Builtin* childOf(SFNode* field) { return field ? Builtin::getBuiltin(*field) : nullptr; }
+    static Builtin* childOf(const NodeField<SFNode>& field) { return childOf(field.get()); }
 
     unsigned char built = 0;
     gfx* graphics = nullptr;  // borrowed from the application interfaces

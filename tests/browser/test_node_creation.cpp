@@ -84,6 +84,30 @@ TEST_F(NodeCreation, EventInsTakeIndexesFromTheManagerInOrder) {
     EXPECT_EQ(a->getZnField(a->getDataID("value"))->getEventIndex(), -1);
 }
 
+TEST_F(NodeCreation, NodeValuedFieldsThatHoldNothingBorrowTheTypesAndOthersAreRead) {
+    NodeChain chain;
+    thing(chain, 1, "d00000+empty");
+    chain.field("child", SFNodeType, field, " NULL ");
+    chain.field("kids", MFNodeType, field, "[ , ]");
+    thing(chain, 2, "d00000+full");
+    chain.field("child", SFNodeType, field, "u00000+empty");
+    chain.field("kids", MFNodeType, field, "[ u00000+empty ]");
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    znNode* empty = browser.getNode(1);
+    znNode* full = browser.getNode(2);
+    const int child = type->getDataID("child");
+    const int kids = type->getDataID("kids");
+    EXPECT_EQ(empty->peekData(child), type->getZnField(child)->toField());
+    EXPECT_EQ(empty->peekData(kids), type->getZnField(kids)->toField());
+    EXPECT_EQ(dynamic_cast<SFNode*>(full->peekData(child))->getValue().getID(), 1);
+    EXPECT_EQ(dynamic_cast<MFNode*>(full->peekData(kids))->getSize(), 1);
+    // Asked for, the borrowed field is the node's own, and as empty.
+    auto* own = dynamic_cast<SFNode*>(empty->getData(child));
+    ASSERT_NE(own, nullptr);
+    EXPECT_NE(own, type->getZnField(child)->toField());
+    EXPECT_EQ(own->getValue().getID(), 0);
+}
+
 TEST_F(NodeCreation, EachNodeFieldNamingALaterNodeIsFilledAfterTheLoad) {
     NodeChain chain;
     chain.node(1, 1, "d00000+parent");
