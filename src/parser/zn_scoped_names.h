@@ -33,6 +33,12 @@ public:
         if (entries.empty()) return;
         if (int* newest = heads.find(name)) *newest = entries.back().previous;
         entries.pop_back();
+        // The last scope of a file is closed: its names, which may be a
+        // name for every node of a big world, go before the world is built.
+        if (entries.empty()) {
+            heads = znNameTable();
+            std::vector<Entry>().swap(entries);
+        }
     }
 
     // The newest entry of `name`, or null.
@@ -47,7 +53,8 @@ public:
     }
 
 private:
-    // Names stay in the table once entered, with 0 when no entry has them.
+    // Names stay in the table once entered, with 0 when no entry has them,
+    // until no entry is left.
     znNameTable heads;
     std::vector<Entry> entries;
 };
