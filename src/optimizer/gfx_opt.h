@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "csDataSets.h"
+#include "csRefPtr.h"
 #include "csSphereBound.h"
 #include "optimizer/gfx.h"
 
@@ -68,6 +70,20 @@ public:
     // given twice is added twice.
     void set_top_Node(csNode* node);
     csEnvironment* getRoot();
+
+    // The parts that every Box of the world has alike, whatever its size:
+    // the face normals, the image corners and the three index lists. The
+    // boxes of a world share them, as a world of many small boxes would
+    // otherwise hold thousands of copies; the corners, which depend on the
+    // size, stay each box's own. Empty until the first box fills them.
+    struct BoxParts {
+        csRefPtr<csNormalSet3f> normals;
+        csRefPtr<csTexCoordSet2f> image;
+        csRefPtr<csIndexSet> cornerIndex;
+        csRefPtr<csIndexSet> normalIndex;
+        csRefPtr<csIndexSet> imageIndex;
+    };
+    BoxParts& getBoxParts() { return boxParts; }
     void* getCamera() { return nullptr; }
     void* getPose() { return nullptr; }
     void registerViewer(opViewer*) {}
@@ -80,6 +96,7 @@ private:
     csSphereBound bound;
     csEnvironment* root = nullptr;
     std::vector<csNode*> topNodes;  // one reference each
+    BoxParts boxParts;
 };
 
 #endif

@@ -1,5 +1,6 @@
 #include "optimizer/optBox.h"
 
+#include "optimizer/gfx_opt.h"
 #include "optimizer/optimizer_messages.h"
 
 namespace {
@@ -23,9 +24,37 @@ constexpr float kFaceNormals[kFaces][3] = {
 };
 constexpr float kImageCorners[kCornersPerFace][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
 
+// Fills `parts` with what every box has alike.
+void makeSharedParts(gfx_opt::BoxParts& parts) {
+    auto* normals = new csNormalSet3f(kFaces);
+    for (int f = 0; f < kFaces; ++f)
+        normals->vector().set(f, csVec3f(kFaceNormals[f][0], kFaceNormals[f][1], kFaceNormals[f][2]));
+    parts.normals.reset(normals);
+
+    auto* image = new csTexCoordSet2f(kCornersPerFace);
+    for (int c = 0; c < kCornersPerFace; ++c) image->point().set(c, csVec2f(kImageCorners[c][0], kImageCorners[c][1]));
+    parts.image.reset(image);
+
+    auto* cornerIndex = new csIndexSet(kFaces * kCornersPerFace);
+    auto* normalIndex = new csIndexSet(kFaces * kCornersPerFace);
+    auto* imageIndex = new csIndexSet(kFaces * kCornersPerFace);
+    for (int f = 0; f < kFaces; ++f)
+        for (int c = 0; c < kCornersPerFace; ++c) {
+            const int at = f * kCornersPerFace + c;
+            cornerIndex->index().set(at, kFaceCorners[f][c]);
+            normalIndex->index().set(at, f);
+            imageIndex->index().set(at, c);
+        }
+    parts.cornerIndex.reset(cornerIndex);
+    parts.normalIndex.reset(normalIndex);
+    parts.imageIndex.reset(imageIndex);
+}
+
 }  // namespace
 
-optBox::optBox(znInternal* pair) : BaseNode(pair), Box(pair) {
+optBox::optBox(znInternal* pair) : BaseNode(pair), Box(pair) {}
+
+void optBox::build() {
     geometry.reset(new csIndexedFaceSet());
     geometry->setName(sceneName(kUnnamedBox));
 
@@ -44,31 +73,22 @@ optBox::optBox(znInternal* pair) : BaseNode(pair), Box(pair) {
                                        kCornerSigns[i][2] * half[2]));
     box.setCoordSet(points);
 
-    auto* normals = new csNormalSet3f(kFaces);
-    for (int f = 0; f < kFaces; ++f)
-        normals->vector().set(f, csVec3f(kFaceNormals[f][0], kFaceNormals[f][1], kFaceNormals[f][2]));
-    box.setNormalSet(normals);
-
-    auto* image = new csTexCoordSet2f(kCornersPerFace);
-    for (int c = 0; c < kCornersPerFace; ++c) image->point().set(c, csVec2f(kImageCorners[c][0], kImageCorners[c][1]));
-    box.setTexCoordSet(image);
+    // Without the world's graphics interface a box has parts of its own.
+    gfx_opt::BoxParts own;
+    auto* display = dynamic_cast<gfx_opt*>(getGraphics());
+    gfx_opt::BoxParts& parts = display != nullptr ? display->getBoxParts() : own;
+    if (!parts.normals) makeSharedParts(parts);
+    box.setNormalSet(parts.normals.get());
+    box.setTexCoordSet(parts.image.get());
     box.setTexCoordBind(csGeoSet::TEX_COORD_PER_VERTEX);
-
-    auto* cornerIndex = new csIndexSet(kFaces * kCornersPerFace);
-    auto* normalIndex = new csIndexSet(kFaces * kCornersPerFace);
-    auto* imageIndex = new csIndexSet(kFaces * kCornersPerFace);
-    for (int f = 0; f < kFaces; ++f)
-        for (int c = 0; c < kCornersPerFace; ++c) {
-            const int at = f * kCornersPerFace + c;
-            cornerIndex->index().set(at, kFaceCorners[f][c]);
-            normalIndex->index().set(at, f);
-            imageIndex->index().set(at, c);
-        }
-    box.setCoordIndexSet(cornerIndex);
-    box.setNormalIndexSet(normalIndex);
-    box.setTexCoordIndexSet(imageIndex);
+    box.setCoordIndexSet(parts.cornerIndex.get());
+    box.setNormalIndexSet(parts.normalIndex.get());
+    box.setTexCoordIndexSet(parts.imageIndex.get());
 
     built = 1;
 }
 
-int optBox::action(SFTime&, int, void*) { return geometry->getHandle(); }
+int optBox::action(SFTime&, int, void*) {
+    if (!geometry) build();
+    return geometry->getHandle();
+}

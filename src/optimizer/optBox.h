@@ -11,12 +11,15 @@ class optBox : public Box {
 public:
     explicit optBox(znInternal* pair);
     ~optBox() override = default;
-    // The face set, whatever the arguments.
+    // The face set, made at the first call, whatever the arguments.
     int action(SFTime& time, int mode, void* state) override;
 
+    // Null until the first action.
     csIndexedFaceSet* getGeometry() const { return geometry.get(); }
 
 private:
+    void build();
+
     csRefPtr<csIndexedFaceSet> geometry;
 };
 

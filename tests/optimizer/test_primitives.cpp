@@ -115,6 +115,33 @@ TEST(optBox, SixFacesWindOutwardsWithTheWholeImageEach) {
     }
 }
 
+TEST(optBox, BoxesOfOneWorldShareTheirFixedPartsAndKeepTheirOwnCorners) {
+    SceneLoad world;
+    csEnvironment* scene = world.load(
+        "Shape { geometry Box { size 2 2 2 } }\n"
+        "Shape { geometry Box { size 4 6 8 } }\n");
+    csIndexedFaceSet* small = facesOf(scene, 0);
+    csIndexedFaceSet* large = facesOf(scene, 1);
+    ASSERT_NE(small, nullptr) << world.lastErrors();
+    ASSERT_NE(large, nullptr) << world.lastErrors();
+    ASSERT_NE(small, large);
+    EXPECT_NE(small->getCoordSet(), large->getCoordSet());
+    expectVec3(small->getCoordSet()->point().get(6), 1, 1, -1);
+    expectVec3(large->getCoordSet()->point().get(6), 2, 3, -4);
+    EXPECT_EQ(small->getNormalSet(), large->getNormalSet());
+    EXPECT_EQ(small->getTexCoordSet(), large->getTexCoordSet());
+    EXPECT_EQ(small->getCoordIndexSet(), large->getCoordIndexSet());
+    EXPECT_EQ(small->getNormalIndexSet(), large->getNormalIndexSet());
+    EXPECT_EQ(small->getTexCoordIndexSet(), large->getTexCoordIndexSet());
+
+    // Another world has parts of its own.
+    csIndexedFaceSet* third = facesOf(world.load("Shape { geometry Box { } }\n"));
+    ASSERT_NE(third, nullptr) << world.lastErrors();
+    EXPECT_NE(third->getNormalSet(), small->getNormalSet());
+    EXPECT_EQ(third->getNormalSet()->vector().getCount(), 6);
+    EXPECT_EQ(third->getCoordIndexSet()->index().get(23), 0);
+}
+
 // ---- Cone, Cylinder, Sphere
 
 TEST(optCone, FieldsReachTheConeAndItStandsAlongY) {
