@@ -107,6 +107,8 @@ int znBrowserIntern::addNode(_zndbNode* first) {
     for (_zndbNode* record = first; record; record = record->next) {
         const char* name = record->name.c_str();
         const char* parentName = record->parentName.c_str();
+        if (record->next != nullptr && record->next->name.size() > 1)
+            nodeIDs.prefetch(std::string_view(record->next->name).substr(1));
 
         znNodeType* type = nullptr;
         try {
