@@ -63,6 +63,8 @@ public:
     Node& operator=(BaseNode& other);
 };
 
+class Builtin;
+
 class Script : public virtual BaseNode {
 public:
     Script() = default;
@@ -75,6 +77,10 @@ public:
     virtual void eventsProcessed();
     // Forgets browser and node: the handle then answers as a null one.
     virtual void shutdown();
+    // The compiled node class behind this script, or null. Every node of a
+    // world asks once, and a cast across the virtual base would cost more
+    // than the rest of the question.
+    virtual Builtin* asBuiltin() { return nullptr; }
     ~Script() override = default;
 
     Script& operator=(BaseNode& other);
@@ -95,6 +101,7 @@ public:
     virtual Builtin* getCPPScript();
     virtual int action(SFTime& time, int mode, void* data) = 0;
     virtual const char* getName(znInternal* pair);
+    Builtin* asBuiltin() override { return this; }
     ~Builtin() override = default;
 
     // From a node-valued field to the code behind it; null handles give null

@@ -198,14 +198,14 @@ int znCPP_SI::action(znNode& node, SFTime& time, int mode, void* data) {
     if (table && !table->isEnabled(scriptID)) return 0;
     Script* script = node.getCompiledScript();
     if (script == nullptr) return 0;
-    auto* compiled = dynamic_cast<Builtin*>(script);
+    Builtin* compiled = script->asBuiltin();
     return compiled ? compiled->action(time, mode, data) : 0;
 }
 
 Builtin* znCPP_SI::getCPPScript(znNode& node) {
     if (!enabled(node)) return nullptr;
     Script* script = node.getCompiledScript();
-    return script != nullptr ? dynamic_cast<Builtin*>(script) : nullptr;
+    return script != nullptr ? script->asBuiltin() : nullptr;
 }
 
 znScriptInterface* newZnCPPSI(const char* file, znNodeType& type, znNodeConstFn lookup) {
