@@ -168,13 +168,14 @@ int znBrowserIntern::addNode(_zndbNode* first) {
         }
         nodes.set(record->nodeId, node);
 
-        for (_zndbNodeData* data = record->fields; data; data = data->next) {
+        int position = 0;
+        for (_zndbNodeData* data = record->fields; data; data = data->next, ++position) {
             const char* fieldName = data->name.c_str();
             const FieldType fieldType = static_cast<FieldType>(data->fieldType);
             const DataType dataType = static_cast<DataType>(data->dataType);
             FieldFlags flags = data->flags;
             // Each field is looked up by its name once.
-            const int index = type->getDataID(fieldName);
+            const int index = type->getDataID(fieldName, position);
             int dataID = -1;
             if (data->isNodeId != 0) {
                 znNode* target = nullptr;

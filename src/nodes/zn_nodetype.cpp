@@ -58,7 +58,15 @@ int znNodeType::addData(const char* fieldName, FieldType type, DataType kind, Fi
     // A second entry of one name keeps the first index.
     auto entry = dataIDs.emplace(fieldName ? fieldName : "", index);
     if (entry.second) dataIndex.emplace(entry.first->first, index);
+    firstNames.push_back(entry.second ? entry.first->first.c_str() : nullptr);
     return index;
+}
+
+int znNodeType::getDataID(const char* fieldName, int guess) {
+    if (fieldName && guess >= 0 && guess < static_cast<int>(firstNames.size()) && firstNames[guess] &&
+        std::strcmp(firstNames[guess], fieldName) == 0)
+        return guess;
+    return getDataID(fieldName);
 }
 
 int znNodeType::getDataID(const char* fieldName) {

@@ -31,6 +31,10 @@ public:
     int addData(const char* name, FieldType type, DataType kind, FieldFlags& flags, const char* value);
     // `x_changed` finds `x`; -1 for an unknown name.
     int getDataID(const char* name);
+    // The same, asking first whether the field at `guess` has the name: the
+    // records of a node come in the order the type declares its fields, so
+    // that the guess is nearly always right and the name is not hashed.
+    int getDataID(const char* name, int guess);
     const char* getDataName(int index);
     znField* getZnField(int index) { return fields[index]; }
     int getFieldCount() const { return static_cast<int>(fields.size()); }
@@ -89,6 +93,9 @@ private:
     // The same entries hashed, over the map's own keys: every field of every
     // node of a world is found by name, often more than once.
     std::unordered_map<std::string_view, int> dataIndex;
+    // By index, the map's key of the name whose first entry it is; null for
+    // a repeated name, which keeps its first index.
+    std::vector<const char*> firstNames;
     std::vector<znField*> fields;  // owning, in declaration order
     int id;
     int systemProto;

@@ -49,6 +49,12 @@ TEST_F(NodeType, ChangedSuffixFindsTheFieldAndTheFirstEntryOfANameStands) {
     EXPECT_EQ(type.addData("size", SFInt32Type, field, flags, nullptr), 4);
     EXPECT_EQ(type.getDataID("size"), 0);
     EXPECT_EQ(type.getFieldCount(), 5);
+
+    // A guessed index answers as the plain look-up, right guess or wrong,
+    // for the repeated name and the _changed form too.
+    for (const char* name : {"size", "on", "set_on", "fired", "on_changed", "nothing", ""})
+        for (int guess = -1; guess <= 6; ++guess)
+            EXPECT_EQ(type.getDataID(name, guess), type.getDataID(name)) << name << " at " << guess;
 }
 
 TEST_F(NodeType, BadIndexOrNameThrowsOrAnswersNull) {
