@@ -272,8 +272,12 @@ void VrmlNodeType::add(Table* list, const char* nm, int type, char exposed) {
 
 VrmlNodeType::NameTypeRec* VrmlNodeType::lookUp(const Table* list, const char* nm) {
     if (nm == nullptr) return nullptr;
+    // Every field a file sets is looked for in two or three tables of up to
+    // a few dozen names: the first letter settles most comparisons without
+    // a call.
+    const char first = nm[0];
     for (NameTypeRec* rec : *list) {
-        if (std::strcmp(rec->name, nm) == 0) return rec;
+        if (rec->name[0] == first && std::strcmp(rec->name, nm) == 0) return rec;
     }
     return nullptr;
 }
