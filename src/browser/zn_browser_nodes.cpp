@@ -139,7 +139,7 @@ int znBrowserIntern::addNode(_zndbNode* first) {
         // the world's URL is set only once the load is over. Only nodes that
         // name files pay for a copy of it.
         const char* reading = urlInterface ? urlInterface->get_path() : nullptr;
-        node->setUrlBase(reading && type->getDataID("url") >= 0 ? reading : getWorldURL());
+        node->setUrlBase(reading && type->namesFiles() ? reading : getWorldURL());
         node->setToplevel(record->isToplevel ? 1 : 0);
 
         if (!waiting.empty()) {

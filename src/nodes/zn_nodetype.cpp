@@ -59,7 +59,13 @@ int znNodeType::addData(const char* fieldName, FieldType type, DataType kind, Fi
     auto entry = dataIDs.emplace(fieldName ? fieldName : "", index);
     if (entry.second) dataIndex.emplace(entry.first->first, index);
     firstNames.push_back(entry.second ? entry.first->first.c_str() : nullptr);
+    urlKnown = -1;
     return index;
+}
+
+bool znNodeType::namesFiles() {
+    if (urlKnown < 0) urlKnown = getDataID("url") >= 0 ? 1 : 0;
+    return urlKnown == 1;
 }
 
 int znNodeType::getDataID(const char* fieldName, int guess) {

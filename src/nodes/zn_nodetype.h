@@ -36,6 +36,9 @@ public:
     // that the guess is nearly always right and the name is not hashed.
     int getDataID(const char* name, int guess);
     const char* getDataName(int index);
+    // Whether the type has a field "url": its nodes name files, and each
+    // node made keeps the directory they are read from.
+    bool namesFiles();
     znField* getZnField(int index) { return fields[index]; }
     int getFieldCount() const { return static_cast<int>(fields.size()); }
     Field* getData(int index);
@@ -96,6 +99,7 @@ private:
     // By index, the map's key of the name whose first entry it is; null for
     // a repeated name, which keeps its first index.
     std::vector<const char*> firstNames;
+    int urlKnown = -1;  // namesFiles as last found, -1 until asked after a change
     std::vector<znField*> fields;  // owning, in declaration order
     int id;
     int systemProto;
