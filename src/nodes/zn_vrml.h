@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "browser/zn_browser.h"
+#include "fields/zn_field_pool.h"
 
 class znNode;
 class Field;
@@ -19,6 +20,10 @@ class MFNode;
 class znInternal {
 public:
     explicit znInternal(Browser* b = nullptr, znNode* n = nullptr) : browser(b), node(n) {}
+    // Every node has one, and so has every handle: they come and go with the
+    // fields, from the same pool.
+    static void* operator new(std::size_t size) { return znFieldPool::allocate(size); }
+    static void operator delete(void* block, std::size_t size) { znFieldPool::release(block, size); }
     Browser* browser;  // borrowed
     znNode* node;      // borrowed; the node's life is not tied to any handle
 };
