@@ -45,16 +45,41 @@ public:
         const std::uint32_t h = hashOf(name);
         Slot& s = slotFor(name, h);
         if (s.entry != 0) return {&entries[s.entry - 1].value, false};
-        entries.push_back(Entry{store(name), static_cast<std::uint32_t>(name.size()), value});
+        entries.push_back(Entry{store(name), static_cast<std::uint32_t>(name.size()) & kLengthMask, value});
         s.hash = h;
         s.entry = static_cast<std::uint32_t>(entries.size());
         return {&entries.back().value, true};
     }
 
+    // For a table whose names are texts less their first character, such as
+    // node names less their kind: sets the number of the name, as operator[]
+    // does, and keeps the whole text with a closing NUL, so that the text's
+    // owner can borrow the one copy rather than make its own. Answers the
+    // kept text, or null where the name came before with another first
+    // character or by another insertion: that owner keeps a copy of its own.
+    const char* assignKept(std::string_view text, int value) {
+        if (text.empty() || text.size() > kLengthMask) return nullptr;
+        const std::string_view name = text.substr(1);
+        if ((entries.size() + 1) * 2 > slots.size()) grow();
+        const std::uint32_t h = hashOf(name);
+        Slot& s = slotFor(name, h);
+        if (s.entry != 0) {
+            Entry& e = entries[s.entry - 1];
+            e.value = value;
+            if ((e.length & kKeptBit) == 0 || e.name[-1] != text[0]) return nullptr;
+            return e.name - 1;
+        }
+        const char* kept = store(text, true);
+        entries.push_back(Entry{kept + 1, static_cast<std::uint32_t>(name.size()) | kKeptBit, value});
+        s.hash = h;
+        s.entry = static_cast<std::uint32_t>(entries.size());
+        return kept;
+    }
+
     // Calls `visit(name, number)` for every name, in the order they came.
     template <class Visit>
     void forEach(Visit visit) const {
-        for (const Entry& e : entries) visit(std::string_view(e.name, e.length), e.value);
+        for (const Entry& e : entries) visit(std::string_view(e.name, e.length & kLengthMask), e.value);
     }
 
     void clear() {
@@ -77,9 +102,11 @@ private:
     };
     struct Entry {
         const char* name;  // in `blocks`
-        std::uint32_t length;
+        std::uint32_t length;  // and kKeptBit where a kept text holds the name
         int value;
     };
+    static constexpr std::uint32_t kKeptBit = 1u << 31;
+    static constexpr std::uint32_t kLengthMask = kKeptBit - 1;
 
     static std::uint32_t hashOf(std::string_view name) {
         const std::size_t h = std::hash<std::string_view>{}(name);
@@ -94,22 +121,26 @@ private:
             if (s.entry == 0) return s;
             if (s.hash != h) continue;
             const Entry& e = entries[s.entry - 1];
-            if (e.length == name.size() && (name.empty() || std::memcmp(e.name, name.data(), name.size()) == 0))
+            if ((e.length & kLengthMask) == name.size() &&
+                (name.empty() || std::memcmp(e.name, name.data(), name.size()) == 0))
                 return s;
         }
     }
     static constexpr std::size_t kBlockSize = 64 * 1024;
-    const char* store(std::string_view name) {
-        if (name.size() > blockLeft) {
-            const std::size_t size = name.size() > kBlockSize ? name.size() : kBlockSize;
+    // `name`, and a NUL after it when `closed`.
+    const char* store(std::string_view name, bool closed = false) {
+        const std::size_t need = name.size() + (closed ? 1 : 0);
+        if (need > blockLeft) {
+            const std::size_t size = need > kBlockSize ? need : kBlockSize;
             blocks.emplace_back(new char[size]);
             blockNext = blocks.back().get();
             blockLeft = size;
         }
         char* at = blockNext;
         if (!name.empty()) std::memcpy(at, name.data(), name.size());
-        blockNext += name.size();
-        blockLeft -= name.size();
+        if (closed) at[name.size()] = '\0';
+        blockNext += need;
+        blockLeft -= need;
         return at;
     }
     // Doubles the slots, or starts them.

@@ -215,6 +215,8 @@ void znBrowserIntern::clearAll() {
     }
     nodeIDs.clear();
     numberedNames.clear();
+    parentNames.clear();
+    lastParentName = nullptr;
     topLevel.clear();
     worldLoaded = 0;
     clockStarted = 0;
@@ -227,6 +229,16 @@ void znBrowserIntern::enterType(znNodeType* type) {
     if (!type) return;
     types[type->getID()] = type;
     typeIDs[type->getType()] = type->getID();
+}
+
+const char* znBrowserIntern::keepParentName(const char* parentName) {
+    if (parentName == nullptr) return nullptr;
+    if (lastParentName == nullptr || *lastParentName != parentName) {
+        auto found = parentNames.find(std::string_view(parentName));
+        if (found == parentNames.end()) found = parentNames.emplace(parentName).first;
+        lastParentName = &*found;
+    }
+    return lastParentName->c_str();
 }
 
 void znBrowserIntern::enterNode(znNode* node) {

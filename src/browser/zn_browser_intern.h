@@ -6,6 +6,7 @@
 #include <list>
 #include <map>
 #include <memory>
+#include <set>
 #include <stack>
 #include <string>
 #include <vector>
@@ -165,6 +166,8 @@ private:
     // The URL interface of a browser that was given none; made once.
     zn_URL* defaultURLInterface();
     void clearNodeTables();
+    // `parentName` as a text that lives as long as the world's nodes.
+    const char* keepParentName(const char* parentName);
     // The number of the name map's `key`, or of the name that a numbered
     // key falls back to; null, with the last key tried in `last`, when
     // none is there.
@@ -179,6 +182,11 @@ private:
     // Nothing walks the names in order, and a world has one per node.
     znNameTable nodeIDs;
     znNumberedNames numberedNames;  // of the names in nodeIDs
+    // The PROTOs whose bodies hold nodes, each name kept once for all its
+    // nodes; the last one asked for, which the next node nearly always asks
+    // for again.
+    std::set<std::string, std::less<>> parentNames;
+    const std::string* lastParentName = nullptr;
     std::map<int, znNodeType*> types;  // owning
     znIdTable<znNode> nodes;           // owning
     std::vector<znNode*> newNodes;     // borrowed from `nodes`

@@ -130,9 +130,17 @@ int znBrowserIntern::addNode(_zndbNode* first) {
             break;
         }
 
-        auto* node = new znNode(record->nodeId, name, type, this);
+        // The latest node of a name wins the name. The node borrows the text
+        // that the name map keeps.
+        const char* keptName = nullptr;
+        if (name[0] != '\0') {
+            keptName = nodeIDs.assignKept(name, record->nodeId);
+            numberedNames.note(name + 1);
+        }
+        auto* node = keptName != nullptr ? new znNode(record->nodeId, znNode::KeptText{keptName}, type, this)
+                                         : new znNode(record->nodeId, name, type, this);
         node->setDepth(record->nesting);
-        node->setParent(parentName);
+        node->setParent(znNode::KeptText{keepParentName(parentName)});
         node->setFirstNodeID(0);
         // Relative URLs in a node name files beside the file the node was
         // read from: the directory that the URL interface is reading now, as
@@ -161,11 +169,6 @@ int znBrowserIntern::addNode(_zndbNode* first) {
         node->setFirstNodeID(0);
         if (record->nesting == 0) depth0Nodes.push_back(node);
 
-        // The latest node of a name wins the name.
-        if (name[0] != '\0') {
-            nodeIDs[name + 1] = record->nodeId;
-            numberedNames.note(name + 1);
-        }
         nodes.set(record->nodeId, node);
 
         int position = 0;

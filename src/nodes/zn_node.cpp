@@ -24,11 +24,11 @@ constexpr int kCompiledScripts = 1;
 constexpr int kPlainNameOffset = 7;
 }  // namespace
 
-znNode::znNode(int nodeID, const char* nodeName, znNodeType* type, Browser* b)
+znNode::znNode(int nodeID, KeptText nodeName, znNodeType* type, Browser* b)
     : browser(b), nodeType(type), id(nodeID), name(nullptr), firstNode(nullptr), parent(nullptr),
       firstNodeID(0), cppScript(nullptr), depth(0), toplevel(0), scriptInterfaces(nullptr),
       urlBase(nullptr), dirty(0), scriptEnabled(0) {
-    if (!nodeName || !type || !b) {
+    if (!nodeName.text || !type || !b) {
         // A broken caller ends its load, not the process.
         znAlert(kNodeNeedsParts);
         throw std::invalid_argument(kNodeNeedsParts);
@@ -36,12 +36,17 @@ znNode::znNode(int nodeID, const char* nodeName, znNodeType* type, Browser* b)
     scriptInterfaces = b->getScriptInterfaces();
     scriptEnabled = scriptInterfaces ? scriptInterfaces->isEnabled(type->getScriptID()) : 1;
     type->setPaused(0);
-    const std::size_t length = std::strlen(nodeName);
-    name = static_cast<char*>(std::malloc(length + 1));
-    if (name == nullptr) znOutOfMemory();
-    std::memcpy(name, nodeName, length);
-    name[length] = '\0';
+    name = const_cast<char*>(nodeName.text);
+    kept = kKeptName;
     internal = new znInternal(b, this);
+}
+
+znNode::znNode(int nodeID, const char* nodeName, znNodeType* type, Browser* b)
+    : znNode(nodeID, KeptText{nodeName}, type, b) {
+    // The node's own copy, for a caller whose text does not outlive it.
+    kept = 0;
+    name = strdup(nodeName);
+    if (name == nullptr) znOutOfMemory();
 }
 
 znNode::~znNode() {
@@ -55,9 +60,9 @@ znNode::~znNode() {
     std::sort(owned.begin(), owned.end());
     owned.erase(std::unique(owned.begin(), owned.end()), owned.end());
     for (znField* f : owned) delete f;
-    std::free(parent);
+    if (!(kept & kKeptParent)) std::free(parent);
     std::free(urlBase);
-    std::free(name);
+    if (!(kept & kKeptName)) std::free(name);
 }
 
 // --- Name lookups ------------------------------------------------------------
@@ -149,8 +154,17 @@ int znNode::setDepth(int d) {
 
 void znNode::setParent(const char* parentName) {
     if (!parentName) return;
-    std::free(parent);
-    parent = strdup(parentName);
+    const char* copy = strdup(parentName);
+    if (copy == nullptr) znOutOfMemory();
+    setParent(KeptText{copy});
+    kept &= static_cast<std::uint8_t>(~kKeptParent);
+}
+
+void znNode::setParent(KeptText parentName) {
+    if (!parentName.text) return;
+    if (!(kept & kKeptParent)) std::free(parent);
+    parent = const_cast<char*>(parentName.text);
+    kept |= kKeptParent;
 }
 
 void znNode::setUrlBase(const char* base) {

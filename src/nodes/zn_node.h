@@ -30,6 +30,13 @@ class znNode : public Builtin, public zn {
 public:
     // Throws std::invalid_argument when name, type or browser is missing.
     znNode(int id, const char* name, znNodeType* type, Browser* browser);
+    // A text that the world keeps for longer than the node lives: the node
+    // borrows it rather than copying it. A world has a name and a parent for
+    // each of millions of nodes, and its tables hold each text already.
+    struct KeptText {
+        const char* text;
+    };
+    znNode(int id, KeptText name, znNodeType* type, Browser* browser);
 
     Field* getEventIn(const char* name) override;
     Field* getEventIn(const char* name, Field** out) override;
@@ -104,6 +111,7 @@ public:
     int getDepth() { return depth; }
     int setDepth(int d);
     void setParent(const char* parentName);
+    void setParent(KeptText parentName);
     const char* getParent() { return parent; }
     void setUrlBase(const char* base);
     int isSensor();
@@ -149,10 +157,13 @@ private:
     // Only the first fields can be lent: a type with more than this is a
     // Script or PROTO with a long interface, which is rare.
     static constexpr int kLendable = 64;
+    static constexpr std::uint8_t kKeptName = 1;
+    static constexpr std::uint8_t kKeptParent = 2;
 
     Browser* browser;        // borrowed
     znNodeType* nodeType;    // borrowed
     int id;
+    std::uint8_t kept = 0;  // kKeptName, kKeptParent: those texts are borrowed
     std::vector<znField*> fields;  // owning but where lent; a hole repeats a pointer until filled
     std::uint64_t lent = 0;        // bit i: fields[i] is the type's default, borrowed
     // Owning: a world has a name per node, most of them short.

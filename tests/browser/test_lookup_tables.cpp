@@ -5,6 +5,7 @@
 
 #include <climits>
 #include <string>
+#include <vector>
 
 #include "base/zn_id_table.h"
 #include "base/zn_name_table.h"
@@ -36,6 +37,43 @@ TEST(NameTable, InsertKeepsTheFirstAndIndexingReplaces) {
     EXPECT_EQ(*table.find("A"), 3);
     EXPECT_EQ(table["B"], 0);  // a new name starts at 0
     EXPECT_EQ(table.size(), 2u);
+}
+
+TEST(NameTable, KeptTextsStayWholeAndAreLentOnlyToTheirOwnHead) {
+    znNameTable table;
+    std::vector<const char*> kept;
+    // Enough texts to fill several storage blocks, so that some closing NUL
+    // falls at a block's end.
+    for (int i = 0; i < 20000; ++i) {
+        const std::string text = "d" + std::to_string(i) + "+Shape";
+        kept.push_back(table.assignKept(text, i));
+        ASSERT_NE(kept.back(), nullptr);
+    }
+    for (int i = 0; i < 20000; ++i) {
+        EXPECT_STREQ(kept[i], ("d" + std::to_string(i) + "+Shape").c_str());
+        EXPECT_EQ(*table.find(kept[i] + 1), i);  // the key is the text less its head
+    }
+    // The same name under the same head: the one text, the latest number.
+    EXPECT_EQ(table.assignKept("d7+Shape", 70), kept[7]);
+    EXPECT_EQ(*table.find("7+Shape"), 70);
+    // Under another head the name is the same key, but its text is not.
+    EXPECT_EQ(table.assignKept("x7+Shape", 71), nullptr);
+    EXPECT_EQ(*table.find("7+Shape"), 71);
+    EXPECT_STREQ(kept[7], "d7+Shape");
+    // A name entered without its head has no text to lend.
+    table.insert("9+Box", 5);
+    EXPECT_EQ(table.assignKept("d9+Box", 6), nullptr);
+    EXPECT_EQ(*table.find("9+Box"), 6);
+    const std::string longText = "d" + std::string(100000, 'n');
+    const char* longKept = table.assignKept(longText, 1);
+    ASSERT_NE(longKept, nullptr);
+    EXPECT_EQ(std::string(longKept), longText);
+    EXPECT_EQ(table.assignKept("", 1), nullptr);
+    EXPECT_STREQ(table.assignKept("d", 2), "d");
+    EXPECT_EQ(*table.find(""), 2);
+    std::size_t seen = 0;
+    table.forEach([&](std::string_view name, int) { seen += name.size() == longText.size() - 1 ? 1 : 0; });
+    EXPECT_EQ(seen, 1u);
 }
 
 TEST(NameTable, TellsApartEmptyPrefixedAndLongNames) {

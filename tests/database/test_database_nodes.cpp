@@ -115,6 +115,22 @@ TEST(DatabaseNodes, DefUsedTwiceLeavesTheLatestNodeUnderTheName) {
     EXPECT_EQ(world.browser.getTopLevel(), expected);
 }
 
+TEST(DatabaseNodes, EachNodeKeepsItsOwnNameWhenALaterNodeTakesTheKey) {
+    World world;
+    // A node without DEF is named "Transform_0" too, and its name has the
+    // same key as the DEF's: the later node takes the key, and each node
+    // still prints as what it is.
+    world.load("DEF Transform_0 Group { } Transform { } DEF Transform_0 Group { }\n");
+    ASSERT_NE(world.browser.getNode(1), nullptr);
+    EXPECT_STREQ(world.browser.getNode(1)->getName(), "d00000+Transform_0");
+    EXPECT_STREQ(world.browser.getNode(2)->getName(), "x00000+Transform_0");
+    EXPECT_STREQ(world.browser.getNode(3)->getName(), "d00001+Transform_0");
+    EXPECT_EQ(world.id("x00000+Transform_0"), 2);
+    std::ostringstream out;
+    world.browser.getNode(2)->print(out);
+    EXPECT_EQ(out.str().find("DEF"), std::string::npos) << out.str();
+}
+
 TEST(DatabaseNodes, EveryInstanceGetsTheBodyUnderNamesOfItsOwnBoundToItsFields) {
     World world;
     world.load(kPostWorld);
