@@ -61,27 +61,33 @@ class NodeField {
 public:
     NodeField() = default;
     // A value of the object's own, for an object that stands without a node.
-    explicit NodeField(T* own) : plain(own) {}
+    explicit NodeField(T* own) : target(own), index(own != nullptr ? kPlain : kNone) {}
     // Empty when the node's type lacks the field or it is of another class.
     NodeField(znNode* node, const char* name) {
         if (node == nullptr) return;
         const int found = node->getDataID(name);
-        if (znValueAs<T>(node->peekData(found)) == nullptr) return;
-        owner = node;
+        if (found < 0 || znValueAs<T>(node->peekData(found)) == nullptr) return;
+        target = node;
         index = found;
     }
 
-    explicit operator bool() const { return owner != nullptr || plain != nullptr; }
+    explicit operator bool() const { return index != kNone; }
     // The value as it reads now: for reading only, and not to be kept.
     T* operator->() const { return get(); }
-    T* get() const { return owner ? znValueAs<T>(owner->peekData(index)) : plain; }
+    T* get() const { return index >= 0 ? znValueAs<T>(owner()->peekData(index)) : plain(); }
     // The node's own field, for writing.
-    T* own() const { return owner ? znValueAs<T>(owner->getData(index, nullptr)) : plain; }
+    T* own() const { return index >= 0 ? znValueAs<T>(owner()->getData(index, nullptr)) : plain(); }
 
 private:
-    znNode* owner = nullptr;  // borrowed: the fields die with their node
-    int index = -1;
-    T* plain = nullptr;       // borrowed: the object's own value, without a node
+    // A built-in node holds several of these: one word for either kind of
+    // target, told apart by the index, keeps each to two.
+    static constexpr int kNone = -1;
+    static constexpr int kPlain = -2;
+    znNode* owner() const { return static_cast<znNode*>(target); }
+    T* plain() const { return index == kPlain ? static_cast<T*>(target) : nullptr; }
+
+    void* target = nullptr;  // borrowed: the node, whose fields die with it, or the plain value
+    int index = kNone;       // of the field in the node; kNone or kPlain otherwise
 };
 
 class VRMLNode : public Builtin {
