@@ -36,9 +36,7 @@ Transform::Transform(znInternal* pair)
       rotation(sharedField<SFRotation>("rotation")),
       scale(sharedField<SFVec3f>("scale")),
       scaleOrientation(sharedField<SFRotation>("scaleOrientation")),
-      center(sharedField<SFVec3f>("center")) {
-    ml_IDToMat(matrix);
-}
+      center(sharedField<SFVec3f>("center")) {}
 
 void Transform::processEvent(Event& event) {
     const char* name = event.getName();
@@ -82,6 +80,11 @@ void Transform::set_center(SFVec3f& value, double) {
     transformDirty = 1;
 }
 
+const float (&Transform::getMatrix() const)[4][4] {
+    static const Matrix identity{{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}}};
+    return matrix ? matrix->m : identity.m;
+}
+
 void Transform::recalc_Matrix() {
     float s[3], axis[3], angle, orientationAxis[3], orientationAngle;
     readVector(scale.get(), s, 1.0f);
@@ -99,13 +102,15 @@ void Transform::recalc_Matrix() {
     }
     // Each step is multiplied in from the front, so the last one acts
     // first on a point: -C, -SR, S, SR, R, C, T.
-    ml_IDToMat(matrix);
-    ml_matTranslate(matrix, t);
-    ml_matTranslate(matrix, c);
-    ml_matRotate(matrix, axis, angle);
-    ml_matRotate(matrix, orientationAxis, orientationAngle);
-    ml_matScale(matrix, s);
-    ml_matRotate(matrix, minusAxis, orientationAngle);
-    ml_matTranslate(matrix, minusC);
+    if (!matrix) matrix = std::make_unique<Matrix>();
+    float(&m)[4][4] = matrix->m;
+    ml_IDToMat(m);
+    ml_matTranslate(m, t);
+    ml_matTranslate(m, c);
+    ml_matRotate(m, axis, angle);
+    ml_matRotate(m, orientationAxis, orientationAngle);
+    ml_matScale(m, s);
+    ml_matRotate(m, minusAxis, orientationAngle);
+    ml_matTranslate(m, minusC);
     transformDirty = 0;
 }

@@ -2,6 +2,8 @@
 #ifndef TRANSFORM_H
 #define TRANSFORM_H
 
+#include <memory>
+
 #include "vrmlnodes/GroupingNode.h"
 
 class Transform : public virtual GroupingNode {
@@ -22,7 +24,8 @@ public:
     // z axis and a zero scale component as 0.0001, so that the matrix stays
     // invertible.
     void recalc_Matrix();
-    const float (&getMatrix() const)[4][4] { return matrix; }
+    // The identity until the first recalc_Matrix.
+    const float (&getMatrix() const)[4][4];
 
 protected:
     NodeField<SFVec3f> translation;
@@ -31,7 +34,12 @@ protected:
     NodeField<SFRotation> scaleOrientation;
     NodeField<SFVec3f> center;
     unsigned char transformDirty = 0;
-    float matrix[4][4];
+    // Made by the first recalc_Matrix: the scene graph takes the parts, not
+    // the matrix, and a world has a Transform for nearly every shape.
+    struct Matrix {
+        float m[4][4];
+    };
+    std::unique_ptr<Matrix> matrix;
 };
 
 #endif

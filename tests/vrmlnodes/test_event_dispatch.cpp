@@ -188,6 +188,9 @@ TEST_F(SupportWorld, AnEventToABorrowedDefaultChangesThatNodeAlone) {
     }
     Transform* turned = object<Transform>(nodes[0]);
     Transform* still = object<Transform>(nodes[1]);
+    // Until it is first worked out, the matrix reads as the identity.
+    EXPECT_EQ(turned->getMatrix()[0][0], 1.0f);
+    EXPECT_EQ(turned->getMatrix()[3][0], 0.0f);
     turned->recalc_Matrix();
     still->recalc_Matrix();
     EXPECT_NE(turned->getMatrix()[0][0], still->getMatrix()[0][0]);
