@@ -154,10 +154,7 @@ void znDatabaseIntern::freeNodeChain(_zndbNode* head) {
     while (head != nullptr) {
         for (_zndbNodeData* data = head->fields; data != nullptr;) {
             _zndbNodeData* next = data->next;
-            if (data->isFields != nullptr) {
-                for (char* name : *data->isFields) std::free(name);
-                delete data->isFields;
-            }
+            znReleaseIsFields(*data);
             if (data->valueOwned) std::free(data->value);
             delete data;
             data = next;
@@ -208,10 +205,7 @@ void znDatabaseIntern::recycleChain(_zndbNode* head) {
     while (head != nullptr) {
         for (_zndbNodeData* data = head->fields; data != nullptr;) {
             _zndbNodeData* next = data->next;
-            if (data->isFields != nullptr) {
-                for (char* name : *data->isFields) std::free(name);
-                delete data->isFields;
-            }
+            znReleaseIsFields(*data);
             if (data->valueOwned) std::free(data->value);
             spareData.push_back(data);
             data = next;

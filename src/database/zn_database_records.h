@@ -4,6 +4,7 @@
 #ifndef ZN_DATABASE_RECORDS_H
 #define ZN_DATABASE_RECORDS_H
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -45,10 +46,22 @@ struct _zndbNodeData {
     int reserved = 0;
     // The node that holds the IS target, 0 when the field has none.
     int isNodeId = 0;
-    std::vector<char*>* isFields = nullptr;  // owning, strings from strdup
+    std::vector<char*>* isFields = nullptr;  // owning, strings from strdup, unless borrowed
     _zndbNodeData* next = nullptr;           // owning
     int valueOwned = 0;                      // 1 when `value` is released with the record
+    // 1 when `isFields` is a PROTO body's own list: every instance's record
+    // reads the body's, which outlives the records.
+    int isFieldsBorrowed = 0;
 };
+
+// Releases the IS names of `data` that the record owns.
+inline void znReleaseIsFields(_zndbNodeData& data) {
+    if (data.isFields != nullptr && !data.isFieldsBorrowed) {
+        for (char* name : *data.isFields) std::free(name);
+        delete data.isFields;
+    }
+    data.isFields = nullptr;
+}
 
 // One finished node; a chain of them reaches the browser at once.
 struct _zndbNode {

@@ -208,8 +208,8 @@ int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
             data->valueOwned = 0;
         }
         if (d->isFields != nullptr && !d->isFields->empty()) {
-            data->isFields = new std::vector<char*>;
-            for (const char* field : *d->isFields) data->isFields->push_back(copyText(field));
+            data->isFields = d->isFields;
+            data->isFieldsBorrowed = 1;
             data->isNodeId = isTarget;
         }
         data->fieldType = d->fieldType;
