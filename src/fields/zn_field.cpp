@@ -19,6 +19,10 @@ std::ostream& operator<<(std::ostream& os, DataType type) {
     return os;
 }
 
+// The pool works in steps of 16 bytes: one more word here moves most
+// runtime fields up a step.
+static_assert(sizeof(void*) != 8 || sizeof(znField) == 56, "znField grew");
+
 znField::znField(Browser* b)
     : remoteData(nullptr), isNames(nullptr), eventIndex(-1), parentNode(nullptr), browser(b),
       dirty(1), fieldType(SFBoolType), dataType(field), flags() {}

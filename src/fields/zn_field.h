@@ -109,9 +109,12 @@ protected:
     int eventIndex;
     znNode* parentNode;  // back pointer to the owner, null for a type's default
     Browser* browser;    // borrowed
-    int dirty;
-    FieldType fieldType;
-    DataType dataType;
+    // Every runtime field carries these, so they are kept to a byte each
+    // (dirty is 0 or 1, the types are below 40): with the flags they fill
+    // one word, which keeps the common fields one step smaller in the pool.
+    int dirty : 8;
+    FieldType fieldType : 8;
+    DataType dataType : 8;
     FieldFlags flags;
 
     friend class Field;
