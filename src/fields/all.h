@@ -41,7 +41,7 @@ public:
     Field* ownValue() override { return this; }
 
 protected:
-    const std::vector<znField*>* standsFor() const override { return remoteData; }
+    const znFieldList* standsFor() const override { return remoteData; }
     void changed() override { valueChange(); }
 
 private:

@@ -37,11 +37,10 @@ znField::znField(const znField& other)
 znField& znField::operator=(const znField& other) {
     if (this == &other) return *this;
     if (!other.remoteData || other.remoteData->empty()) {
-        delete remoteData;
+        znFieldList::release(remoteData);
         remoteData = nullptr;
     } else {
-        if (!remoteData) remoteData = new std::vector<znField*>;
-        *remoteData = *other.remoteData;
+        remoteData = znFieldList::assign(remoteData, *other.remoteData);
     }
     if (!other.isNames || other.isNames->empty()) {
         if (isNames) {
@@ -69,7 +68,7 @@ znField::~znField() {
         for (auto it = isNames->rbegin(); it != isNames->rend(); ++it) std::free(*it);
         delete isNames;
     }
-    delete remoteData;
+    znFieldList::release(remoteData);
 }
 
 znField* znField::newField(Browser* browser, znNode* node, FieldType type, DataType kind,
@@ -151,7 +150,7 @@ void znField::setType(FieldType type, DataType kind, FieldFlags& f) {
 void znField::getRealData(std::vector<znField*>* out) {
     if (!out) return;
     if (remoteData)
-        *out = *remoteData;
+        out->assign(remoteData->begin(), remoteData->end());
     else
         out->push_back(this);
 }
@@ -162,8 +161,7 @@ void znField::setEventIndex(int index) {
 
 void znField::addRemoteData(std::vector<znField*>* fields) {
     if (!fields) return;
-    if (!remoteData) remoteData = new std::vector<znField*>;
-    remoteData->insert(remoteData->end(), fields->begin(), fields->end());
+    remoteData = znFieldList::append(remoteData, fields->data(), fields->size());
 }
 
 void znField::getRemoteIndexes(std::vector<int>& out) {

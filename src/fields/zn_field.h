@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "browser/zn_browser.h"
+#include "fields/zn_field_list.h"
 #include "fields/zn_field_pool.h"
 
 class Field;
@@ -104,7 +105,7 @@ protected:
     void markLoaded();
     void postChange(Field& value);
 
-    std::vector<znField*>* remoteData;  // owning the vector, the fields borrowed
+    znFieldList* remoteData;        // owning the list, the fields borrowed
     std::vector<char*>* isNames;        // owning, strings from strdup
     int eventIndex;
     znNode* parentNode;  // back pointer to the owner, null for a type's default

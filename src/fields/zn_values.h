@@ -16,6 +16,7 @@
 
 #include "fields/zn_array.h"
 #include "fields/zn_exception.h"
+#include "fields/zn_field_list.h"
 #include "fields/field_messages.h"
 #include "nodes/zn_vrml.h"
 
@@ -41,7 +42,7 @@ public:
 
 protected:
     // The fields this value stands for, or null for a plain value.
-    virtual const std::vector<znField*>* standsFor() const { return nullptr; }
+    virtual const znFieldList* standsFor() const { return nullptr; }
     // Called at the end of every write through a value operation.
     virtual void changed() {}
 
@@ -50,7 +51,7 @@ protected:
     // The first real field as the same value class, or null.
     template <class V>
     V* firstReal() const {
-        const std::vector<znField*>* real = standsFor();
+        const znFieldList* real = standsFor();
         if (!real || real->empty() || !(*real)[0]) return nullptr;
         return sameClass<V>(valueSide((*real)[0]));
     }
@@ -58,7 +59,7 @@ protected:
     // stands for other fields at all.
     template <class V, class Op>
     bool forward(Op op) const {
-        const std::vector<znField*>* real = standsFor();
+        const znFieldList* real = standsFor();
         if (!real) return false;
         for (znField* f : *real)
             if (V* v = f ? sameClass<V>(valueSide(f)) : nullptr) op(*v);

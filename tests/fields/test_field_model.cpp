@@ -56,6 +56,56 @@ TEST(FieldRemote, VirtualFieldsNameTheirRealFieldsAndTakeRemoteIndexesOnce) {
     EXPECT_EQ(second, first);
 }
 
+TEST(FieldRemote, ListsGrowInOrderAndCopiesKeepTheirOwn) {
+    znSFFloat a(nullptr), b(nullptr), c(nullptr), d(nullptr), e(nullptr), outer(nullptr);
+    // One at a time, as the body nodes of an eventIn add themselves, with a
+    // duplicate kept.
+    std::vector<znField*> expected;
+    for (znField* f : {&a, &b, &c, &b, &d}) {
+        std::vector<znField*> one{f};
+        outer.addRemoteData(&one);
+        expected.push_back(f);
+    }
+    std::vector<znField*> got;
+    outer.getRealData(&got);
+    EXPECT_EQ(got, expected);
+
+    znSFFloat copy(outer);
+    std::vector<znField*> more{&e};
+    outer.addRemoteData(&more);
+    copy.getRealData(&got);
+    EXPECT_EQ(got, expected);
+
+    // Assignment replaces a longer list and a shorter one alike.
+    znSFFloat shortList(nullptr);
+    std::vector<znField*> single{&e};
+    shortList.addRemoteData(&single);
+    static_cast<znField&>(copy).znField::operator=(shortList);
+    copy.getRealData(&got);
+    EXPECT_EQ(got, single);
+    static_cast<znField&>(shortList).znField::operator=(outer);
+    shortList.getRealData(&got);
+    expected.push_back(&e);
+    EXPECT_EQ(got, expected);
+    znSFFloat plain(nullptr);
+    static_cast<znField&>(shortList).znField::operator=(plain);
+    EXPECT_EQ(shortList.isVirtual(), 0);
+}
+
+TEST(FieldModel, TypesKindsAndFlagsReadBackAsSet) {
+    FieldFlags flags;
+    flags.bits = FieldFlags::kExposed | FieldFlags::kValueSet;
+    for (int t = SFBoolType; t <= MFVec3fType; ++t) {
+        for (DataType kind : {field, eventOut, eventIn}) {
+            znField* f = znField::newField(nullptr, nullptr, static_cast<FieldType>(t), kind, flags, nullptr, nullptr);
+            EXPECT_EQ(f->getFieldType(), t);
+            EXPECT_EQ(f->getDataType(), kind);
+            EXPECT_EQ(f->getFlags().bits, flags.bits);
+            delete f;
+        }
+    }
+}
+
 TEST(FieldPosting, KindDecidesTheDirectionAndNoIndexOnlyMarksFieldAndNodeDirty) {
     RecordingBrowser browser;
     znField* in = make(&browser, SFFloatType, eventIn);
