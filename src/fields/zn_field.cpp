@@ -1,8 +1,5 @@
 #include "fields/zn_field.h"
 
-#include <cstdlib>
-#include <cstring>
-#include <memory>
 #include <ostream>
 
 #include "fields/all.h"
@@ -42,18 +39,10 @@ znField& znField::operator=(const znField& other) {
     } else {
         remoteData = znFieldList::assign(remoteData, *other.remoteData);
     }
-    if (!other.isNames || other.isNames->empty()) {
-        if (isNames) {
-            for (char* name : *isNames) std::free(name);
-            delete isNames;
-        }
-        isNames = nullptr;
-    } else {
-        if (!isNames) isNames = new std::vector<char*>;
-        for (char* name : *isNames) std::free(name);
-        isNames->clear();
-        for (char* name : *other.isNames) isNames->push_back(strdup(name));
-    }
+    // The new list is held before the old one is let go: they may be one.
+    znISNames::ref(other.isNames);
+    znISNames::unref(isNames);
+    isNames = other.isNames;
     parentNode = other.parentNode;
     browser = other.browser;
     eventIndex = other.eventIndex;
@@ -64,10 +53,7 @@ znField& znField::operator=(const znField& other) {
 }
 
 znField::~znField() {
-    if (isNames) {
-        for (auto it = isNames->rbegin(); it != isNames->rend(); ++it) std::free(*it);
-        delete isNames;
-    }
+    znISNames::unref(isNames);
     znFieldList::release(remoteData);
 }
 
@@ -175,13 +161,14 @@ void znField::getRemoteIndexes(std::vector<int>& out) {
 
 void znField::addISNames(const std::vector<char*>* names) {
     if (!names) return;
-    if (!isNames) isNames = new std::vector<char*>;
-    for (char* name : *names) isNames->push_back(strdup(name));
+    const znISNames* more = znISNames::intern(isNames, *names);
+    if (!more) return;
+    znISNames::unref(isNames);
+    isNames = more;
 }
 
 void znField::getISNames(std::vector<char*>* out) {
-    if (!out || !isNames) return;
-    for (char* name : *isNames) out->push_back(strdup(name));
+    if (out && isNames) isNames->copyOut(*out);
 }
 
 znField* znField::firstRemote() const {

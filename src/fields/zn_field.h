@@ -12,6 +12,7 @@
 #include "browser/zn_browser.h"
 #include "fields/zn_field_list.h"
 #include "fields/zn_field_pool.h"
+#include "fields/zn_is_names.h"
 
 class Field;
 class znNode;
@@ -106,7 +107,7 @@ protected:
     void postChange(Field& value);
 
     znFieldList* remoteData;        // owning the list, the fields borrowed
-    std::vector<char*>* isNames;        // owning, strings from strdup
+    const znISNames* isNames;       // one reference held, the list shared
     int eventIndex;
     znNode* parentNode;  // back pointer to the owner, null for a type's default
     Browser* browser;    // borrowed

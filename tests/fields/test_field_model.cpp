@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <string>
 
 #include "fields/all.h"
 #include "nodes/zn_node.h"
@@ -189,6 +190,40 @@ TEST(FieldCopy, CopyKeepsTheBookkeepingAssignmentOnlyTheValue) {
     EXPECT_STREQ(out[0], "x");
     EXPECT_NE(out[0], a);
     free(out[0]);
+}
+
+TEST(FieldCopy, ISNamesHeldAlikeStayEachFieldsOwn) {
+    auto namesOf = [](znField& f) {
+        std::vector<char*> out;
+        f.getISNames(&out);
+        std::vector<std::string> names(out.begin(), out.end());
+        for (char* name : out) free(name);
+        return names;
+    };
+    char x[] = "x", y[] = "y";
+    std::vector<char*> justX{x}, justY{y};
+    auto* first = new znSFFloat(nullptr);
+    znSFFloat second(nullptr), third(nullptr);
+    first->addISNames(&justX);
+    second.addISNames(&justX);
+    znSFFloat copy(*first);
+    delete first;
+    EXPECT_EQ(namesOf(second), std::vector<std::string>{"x"});
+    EXPECT_EQ(namesOf(copy), std::vector<std::string>{"x"});
+
+    // Adding to one field leaves the others with the same names alone.
+    second.addISNames(&justY);
+    EXPECT_EQ(namesOf(second), (std::vector<std::string>{"x", "y"}));
+    EXPECT_EQ(namesOf(copy), std::vector<std::string>{"x"});
+    third.addISNames(&justX);
+    third.addISNames(&justY);
+    static_cast<znField&>(copy).znField::operator=(third);
+    EXPECT_EQ(namesOf(copy), (std::vector<std::string>{"x", "y"}));
+    static_cast<znField&>(copy).znField::operator=(copy);
+    EXPECT_EQ(namesOf(copy), (std::vector<std::string>{"x", "y"}));
+    znSFFloat plain(nullptr);
+    static_cast<znField&>(third).znField::operator=(plain);
+    EXPECT_TRUE(namesOf(third).empty());
 }
 
 TEST(FieldFactory, MakesEveryTypeInBothNumberingsAndNothingAbove39) {
