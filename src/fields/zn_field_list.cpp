@@ -17,8 +17,6 @@ void znFieldList::release(znFieldList* list) {
     if (list) znFieldPool::release(list, bytes(list->capacity));
 }
 
-znFieldList* znFieldList::make(znField* const* first, std::size_t n) { return append(nullptr, first, n); }
-
 znFieldList* znFieldList::append(znFieldList* list, znField* const* first, std::size_t n) {
     const std::size_t had = list ? list->count : 0;
     if (!list || had + n > list->capacity) {

@@ -13,8 +13,6 @@ class znField;
 // The list owns its block, not the fields it names.
 class alignas(znField*) znFieldList {
 public:
-    // A list of the `n` fields at `first`; an empty list is a list too.
-    static znFieldList* make(znField* const* first, std::size_t n);
     // Appends the `n` fields at `first` to `list`, which may be null and may
     // move; answers the list.
     static znFieldList* append(znFieldList* list, znField* const* first, std::size_t n);
