@@ -317,7 +317,9 @@ private:
     int instanceScopes = 0;
     znScopedNames typesByDeclaredName;
     znScopedNames typesByName;
-    znScopedNames instancesByName;
+    // Only a ROUTE looks an instance up, so its name is entered when the
+    // first ROUTE after it needs it.
+    znScopedNames instancesByName{[](const VrmlNodeType* type) { return std::string_view(type->instName + 1); }};
     // DEF name -> number of its latest DEF; hashed, as a file may DEF a name
     // per node and nothing walks them in order. The numbers go on from file
     // to file, so that node names stay apart in the world, while a name is

@@ -163,3 +163,19 @@ TEST(Routes, NamesResolveToTheLatestDefinitionInScopeAmongMany) {
     EXPECT_TRUE(run.called("InsertRouteByName(Node,d00002+A,sffloat,Node,d00000+N0,set_sffloat,[])"));
     EXPECT_TRUE(run.called("SetNodeData(sfnode,u00000+A,25,0,ev,[])"));
 }
+
+// A body's names go with it, those that a ROUTE in it looked up and those
+// that nothing looked up alike. A node without DEF is named TYPE_n; here the
+// bodies' anonymous Groups take the keys of the file's DEF Group_1 and
+// Group_2 while they stand, and give them back.
+TEST(Routes, ABodysNamesGoWithItWhetherOrNotARouteLookedThemUp) {
+    ParseRun run = parseText("Group { }\n"
+                             "DEF Group_1 Node { } DEF Group_2 Node { }\n"
+                             "PROTO Q [ ] { Group { } }\n"
+                             "PROTO R [ ] { Group { } ROUTE Group_2.sffloat TO Group_2.sffloat }\n"
+                             "ROUTE Group_2.sffloat TO Group_1.sffloat\n");
+    EXPECT_EQ(count(run.calls, "InsertRouteByName"), 1) << run.errors;
+    EXPECT_TRUE(run.called("InsertRouteByName(Node,d00000+Group_2,sffloat,Node,d00000+Group_1,set_sffloat,[])"))
+        << run.errors;
+    EXPECT_TRUE(contains(run.errors, "BAD ROUTE:  sffloat not an eventOut for d00000+Group_2")) << run.errors;
+}
