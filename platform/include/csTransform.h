@@ -2,6 +2,8 @@
 #ifndef CS_TRANSFORM_H
 #define CS_TRANSFORM_H
 
+#include <memory>
+
 #include "csGroup.h"
 #include "csMatrix4f.h"
 #include "csVec.h"
@@ -39,8 +41,10 @@ private:
     csVec3f _scale{1.0f, 1.0f, 1.0f};
     csVec4f _scaleOrientation{0.0f, 0.0f, 1.0f, 0.0f};
     csVec3f _center;
-    mutable csMatrix4f _matrix;
     mutable bool _matrixDirty = false;
+    // Made at the first getMatrix: a scene of many transforms is mostly
+    // built and handed on by its parts, and a matrix is a third of the rest.
+    mutable std::unique_ptr<csMatrix4f> _matrix;
 };
 
 #endif

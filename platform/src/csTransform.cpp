@@ -28,7 +28,8 @@ void csTransform::setCenter(float x, float y, float z) {
 }
 
 const csMatrix4f& csTransform::getMatrix() const {
-    if (!_matrixDirty) return _matrix;
+    if (!_matrix) _matrix = std::make_unique<csMatrix4f>();
+    if (!_matrixDirty) return *_matrix;
     const csVec4f& r = _rotation;
     const csVec4f& so = _scaleOrientation;
     csMatrix4f m;
@@ -39,7 +40,7 @@ const csMatrix4f& csTransform::getMatrix() const {
     m.postRot(m, r[0], r[1], r[2], r[3]);
     m.postTrans(m, _center[0], _center[1], _center[2]);
     m.postTrans(m, _translation[0], _translation[1], _translation[2]);
-    _matrix = m;
+    *_matrix = m;
     _matrixDirty = false;
-    return _matrix;
+    return *_matrix;
 }

@@ -23,6 +23,9 @@ void expectPoint(const csVec3f& got, float x, float y, float z) {
 }  // namespace
 
 TEST(csTransform, EachPartAgreesWithTheHandComputedPoint) {
+    Owned fresh;  // no part set yet: the identity
+    EXPECT_TRUE(fresh.t->getMatrix().almostEqual(csMatrix4f(), 0.0f));
+
     Owned o;
     o.t->setTranslation(1, 2, 3);
     const csMatrix4f& m = o.t->getMatrix();
