@@ -66,6 +66,10 @@ public:
     }
 
     void setName(const char* name);
+    // Names the object by a text that outlives it, such as a literal,
+    // without a copy: a big scene gives thousands of objects one of a few
+    // fixed names.
+    void setStaticName(const char* name);
     const char* getName() const { return _name; }
 
 protected:
@@ -80,8 +84,9 @@ private:
     // Scenes are handed to hosts that may let go of them on any thread.
     std::atomic<int> _refCount;
     unsigned _alive;  // pattern set while the object lives, checked by ref/unref
-    char* _name;      // owning: strdup copy, or null
+    char* _name;      // owning: strdup copy, or null; borrowed when _nameStatic
     std::atomic<int> _handle;  // 0 until getHandle is first asked
+    bool _nameStatic;
 };
 
 #endif

@@ -97,7 +97,7 @@ csType* csObject::getClassType() {
 
 csType* csObject::getType() const { return getClassType(); }
 
-csObject::csObject() : _refCount(0), _alive(kAlivePattern), _name(nullptr), _handle(0) {}
+csObject::csObject() : _refCount(0), _alive(kAlivePattern), _name(nullptr), _handle(0), _nameStatic(false) {}
 
 csObject::~csObject() {
     _alive = kDeadPattern;
@@ -105,7 +105,7 @@ csObject::~csObject() {
         std::lock_guard<std::mutex> lock(handleLock());
         handleTable().erase(handle);
     }
-    std::free(_name);
+    if (!_nameStatic) std::free(_name);
 }
 
 void csObject::ref() {
@@ -136,8 +136,15 @@ bool csObject::isOfType(const csType* type) const {
 
 void csObject::setName(const char* name) {
     char* copy = name ? strdup(name) : nullptr;
-    std::free(_name);
+    if (!_nameStatic) std::free(_name);
     _name = copy;
+    _nameStatic = false;
+}
+
+void csObject::setStaticName(const char* name) {
+    if (!_nameStatic) std::free(_name);
+    _name = const_cast<char*>(name);
+    _nameStatic = name != nullptr;
 }
 
 int csObject::getHandle() {

@@ -1,11 +1,12 @@
 #include "optimizer/optAnchor.h"
 
 #include "csAnchor.h"
+#include "optimizer/optSceneName.h"
 
 optAnchor::optAnchor(znInternal* pair) : BaseNode(pair), Anchor(pair) {
     group = new csAnchor();
     group->ref();
-    group->setName(sceneName("Unnamed Anchor Node"));
+    nameInScene(group, *this, "Unnamed Anchor Node");
 }
 
 int optAnchor::action(SFTime& time, int mode, void* state) {

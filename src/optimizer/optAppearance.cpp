@@ -7,6 +7,7 @@
 #include "csTexture.h"
 #include "optimizer/optActionGuard.h"
 #include "optimizer/optHandleTable.h"
+#include "optimizer/optSceneName.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ constexpr float kUnderTextureGrey = 0.8f;
 
 optAppearance::optAppearance(znInternal* pair) : BaseNode(pair), Appearance(pair) {
     appearance.reset(new csAppearance());
-    appearance->setName(sceneName("Unnamed Appearance Node"));
+    nameInScene(appearance.get(), *this, "Unnamed Appearance Node");
     built = 1;
 }
 

@@ -4,6 +4,7 @@
 
 #include "csBackground.h"
 #include "optimizer/gfx.h"
+#include "optimizer/optSceneName.h"
 #include "optimizer/opt_set_fill.h"
 
 namespace {
@@ -28,7 +29,7 @@ std::vector<csVec3f> coloursOf(MFColor* field) {
 
 optBackground::optBackground(znInternal* pair) : BaseNode(pair), Background(pair) {
     background.reset(new csBackground());
-    background->setName(sceneName("Unnamed Background Node"));
+    nameInScene(background.get(), *this, "Unnamed Background Node");
 }
 
 optBackground::~optBackground() = default;

@@ -1,11 +1,12 @@
 #include "optimizer/optBillboard.h"
 
 #include "csBillboard.h"
+#include "optimizer/optSceneName.h"
 
 optBillboard::optBillboard(znInternal* pair) : BaseNode(pair), Billboard(pair) {
     group = new csBillboard();
     group->ref();
-    group->setName(sceneName("Unnamed Billboard Node"));
+    nameInScene(group, *this, "Unnamed Billboard Node");
 }
 
 int optBillboard::action(SFTime& time, int mode, void* state) {

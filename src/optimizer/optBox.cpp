@@ -1,6 +1,7 @@
 #include "optimizer/optBox.h"
 
 #include "optimizer/gfx_opt.h"
+#include "optimizer/optSceneName.h"
 #include "optimizer/optimizer_messages.h"
 
 namespace {
@@ -56,7 +57,7 @@ optBox::optBox(znInternal* pair) : BaseNode(pair), Box(pair) {}
 
 void optBox::build() {
     geometry.reset(new csIndexedFaceSet());
-    geometry->setName(sceneName(kUnnamedBox));
+    nameInScene(geometry.get(), *this, kUnnamedBox);
 
     csIndexedFaceSet& box = *geometry.get();
     for (int f = 0; f < kFaces; ++f) box.faceLength().set(f, kCornersPerFace);

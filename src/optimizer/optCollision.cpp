@@ -1,11 +1,12 @@
 #include "optimizer/optCollision.h"
 
 #include "csCollision.h"
+#include "optimizer/optSceneName.h"
 
 optCollision::optCollision(znInternal* pair) : BaseNode(pair), Collision(pair) {
     group = new csCollision();
     group->ref();
-    group->setName(sceneName("Unnamed Collision Node"));
+    nameInScene(group, *this, "Unnamed Collision Node");
     // The parsed value reaches the field without passing set_collide.
     copyCollide();
 }

@@ -8,6 +8,7 @@
 #include "base/zn_text.h"
 #include "csAppearance.h"
 #include "base/zn_reports.h"
+#include "optimizer/optSceneName.h"
 #include "optimizer/opt_face_builder.h"
 #include "optimizer/opt_geometry.h"
 #include "optimizer/optimizer_messages.h"
@@ -28,7 +29,7 @@ const std::vector<float>& valuesOf(MFFloat* field) {
 
 optElevationGrid::optElevationGrid(znInternal* pair) : BaseNode(pair), ElevationGrid(pair) {
     geometry.reset(new csIndexedFaceSet());
-    geometry->setName(sceneName(kUnnamedElevationGrid));
+    nameInScene(geometry.get(), *this, kUnnamedElevationGrid);
 }
 
 int optElevationGrid::action(SFTime& time, int mode, void* state) {

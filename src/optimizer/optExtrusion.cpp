@@ -9,6 +9,7 @@
 #include "csMatrix4f.h"
 #include "base/zn_memory_budget.h"
 #include "base/zn_reports.h"
+#include "optimizer/optSceneName.h"
 #include "optimizer/opt_face_builder.h"
 #include "optimizer/opt_geometry.h"
 #include "optimizer/opt_set_fill.h"
@@ -169,7 +170,7 @@ std::vector<float> fractionsAlong(const std::vector<Point>& points, Distance dis
 
 optExtrusion::optExtrusion(znInternal* pair) : BaseNode(pair), Extrusion(pair) {
     geometry.reset(new csIndexedFaceSet());
-    geometry->setName(sceneName(kUnnamedExtrusion));
+    nameInScene(geometry.get(), *this, kUnnamedExtrusion);
 }
 
 int optExtrusion::action(SFTime&, int mode, void*) {

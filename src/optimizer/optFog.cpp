@@ -2,10 +2,11 @@
 
 #include "csFog.h"
 #include "optimizer/gfx.h"
+#include "optimizer/optSceneName.h"
 
 optFog::optFog(znInternal* pair) : BaseNode(pair), Fog(pair) {
     fog.reset(new csFog());
-    fog->setName(sceneName("Unnamed Fog Node"));
+    nameInScene(fog.get(), *this, "Unnamed Fog Node");
 }
 
 optFog::~optFog() = default;

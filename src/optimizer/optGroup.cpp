@@ -1,9 +1,10 @@
 #include "optimizer/optGroup.h"
 
 #include "csGroup.h"
+#include "optimizer/optSceneName.h"
 
 optGroup::optGroup(znInternal* pair) : BaseNode(pair), Group(pair) {
     group = new csGroup();
     group->ref();
-    group->setName(sceneName("Unnamed Group Node"));
+    nameInScene(group, *this, "Unnamed Group Node");
 }

@@ -63,7 +63,7 @@ void optGroupingNode::rebuildChildren(SFTime& time) {
         if (!environment && node->isOfType(csDirectionalLight::getClassType())) {
             environment = scopeLight(node, group);
             environment->ref();
-            environment->setName(kScopedLightingName);
+            environment->setStaticName(kScopedLightingName);
         }
     }
 }

@@ -11,6 +11,7 @@
 #include "base/zn_memory_budget.h"
 #include "base/zn_reports.h"
 #include "optimizer/optHandleTable.h"
+#include "optimizer/optSceneName.h"
 #include "optimizer/optimizer_messages.h"
 
 namespace {
@@ -32,7 +33,7 @@ bool cachingNow() { return optImageTexture::cachingImages(std::getenv(kCacheVari
 
 optImageTexture::optImageTexture(znInternal* pair) : BaseNode(pair), ImageTexture(pair) {
     texture.reset(new csTexture());
-    texture->setName(sceneName("Unnamed ImageTexture Node"));
+    nameInScene(texture.get(), *this, "Unnamed ImageTexture Node");
     // Read once: later changes of repeatS and repeatT do not reach the texture.
     texture->setRepeatS(repeatS && repeatS->getValue() ? csTexture::REPEAT : csTexture::CLAMP);
     texture->setRepeatT(repeatT && repeatT->getValue() ? csTexture::REPEAT : csTexture::CLAMP);

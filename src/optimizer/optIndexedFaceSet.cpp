@@ -6,6 +6,7 @@
 #include "csBoxBound.h"
 #include "csTexture.h"
 #include "fields/zn_array.h"
+#include "optimizer/optSceneName.h"
 #include "optimizer/opt_geometry.h"
 #include "optimizer/opt_normals.h"
 #include "optimizer/optimizer_messages.h"
@@ -20,7 +21,7 @@ optIndexedFaceSet::optIndexedFaceSet(int) : IndexedFaceSet(0) { makeGeometry(); 
 
 void optIndexedFaceSet::makeGeometry() {
     geometry.reset(new csIndexedFaceSet());
-    geometry->setName(objectName());
+    nameInScene(geometry.get(), *this, kUnnamedIndexedFaceSet);
 }
 
 const char* optIndexedFaceSet::objectName() {

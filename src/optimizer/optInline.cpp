@@ -1,12 +1,13 @@
 #include "optimizer/optInline.h"
 
 #include "csInline.h"
+#include "optimizer/optSceneName.h"
 
 optInline::optInline(znInternal* pair) : BaseNode(pair), Inline(pair) {
     auto* node = new csInline();
     group = node;
     group->ref();
-    group->setName(sceneName("Unnamed Inline Node"));
+    nameInScene(group, *this, "Unnamed Inline Node");
     childrenInlined = true;
     node->setUrl(textsOf(url));
     if (bboxCenter) node->setBboxCenter(bboxCenter->getX(), bboxCenter->getY(), bboxCenter->getZ());

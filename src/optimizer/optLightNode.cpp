@@ -1,10 +1,11 @@
 #include "optimizer/optLightNode.h"
 
 #include "csLight.h"
+#include "optimizer/optSceneName.h"
 
 optLightNode::optLightNode(csLight* made, const char* unnamed) {
     light.reset(made);
-    light->setName(sceneName(unnamed));
+    nameInScene(light.get(), *this, unnamed);
 }
 
 optLightNode::~optLightNode() = default;

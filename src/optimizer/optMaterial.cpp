@@ -2,10 +2,11 @@
 
 #include "csMaterial.h"
 #include "optimizer/optHandleTable.h"
+#include "optimizer/optSceneName.h"
 
 optMaterial::optMaterial(znInternal* pair) : BaseNode(pair), Material(pair) {
     material.reset(new csMaterial());
-    material->setName(sceneName("Unnamed Material Node"));
+    nameInScene(material.get(), *this, "Unnamed Material Node");
     built = 1;
 }
 

@@ -3,6 +3,7 @@
 #include "csMovieTexture.h"
 #include "base/zn_reports.h"
 #include "optimizer/optHandleTable.h"
+#include "optimizer/optSceneName.h"
 #include "optimizer/optimizer_messages.h"
 
 namespace {
@@ -13,7 +14,7 @@ Browser* toldWorld = nullptr;
 
 optMovieTexture::optMovieTexture(znInternal* pair) : BaseNode(pair), MovieTexture(pair) {
     texture.reset(new csMovieTexture());
-    texture->setName(sceneName("Unnamed MovieTexture Node"));
+    nameInScene(texture.get(), *this, "Unnamed MovieTexture Node");
     texture->setRepeatS(repeatS && !repeatS->getValue() ? csTexture::CLAMP : csTexture::REPEAT);
     texture->setRepeatT(repeatT && !repeatT->getValue() ? csTexture::CLAMP : csTexture::REPEAT);
     Browser* world = getBrowser();

@@ -4,10 +4,11 @@
 
 #include "csNavigationInfo.h"
 #include "optimizer/gfx.h"
+#include "optimizer/optSceneName.h"
 
 optNavigationInfo::optNavigationInfo(znInternal* pair) : BaseNode(pair), NavigationInfo(pair) {
     info.reset(new csNavigationInfo());
-    info->setName(sceneName("Unnamed NavigationInfo Node"));
+    nameInScene(info.get(), *this, "Unnamed NavigationInfo Node");
 }
 
 optNavigationInfo::~optNavigationInfo() = default;

@@ -8,6 +8,7 @@
 #include "base/zn_memory_budget.h"
 #include "base/zn_reports.h"
 #include "optimizer/optHandleTable.h"
+#include "optimizer/optSceneName.h"
 #include "optimizer/optimizer_messages.h"
 
 namespace {
@@ -16,7 +17,7 @@ constexpr int kMostComponents = 4;
 
 optPixelTexture::optPixelTexture(znInternal* pair) : BaseNode(pair), PixelTexture(pair) {
     texture.reset(new csTexture());
-    texture->setName(sceneName("Unnamed PixelTexture Node"));
+    nameInScene(texture.get(), *this, "Unnamed PixelTexture Node");
     texture->setRepeatS(repeatS && !repeatS->getValue() ? csTexture::CLAMP : csTexture::REPEAT);
     texture->setRepeatT(repeatT && !repeatT->getValue() ? csTexture::CLAMP : csTexture::REPEAT);
     built = 1;

@@ -23,6 +23,7 @@
 #include "optimizer/gfx_opt.h"
 #include "optimizer/optActionGuard.h"
 #include "optimizer/optHandleTable.h"
+#include "optimizer/optSceneName.h"
 #include "vrmlnodes/Appearance.h"
 
 namespace {
@@ -90,7 +91,7 @@ int optShape::action(SFTime& time, int mode, void* incoming) {
     // -1.0 a second time; one top group is enough.
     if (mode == kActionTopLevel && time.getValue() == -1.0 && !topGroup) {
         topGroup.reset(new csGroup());
-        topGroup->setName(kTopLevelName);
+        topGroup->setStaticName(kTopLevelName);
         topGroup->addChild(axisTransform.get());
         if (auto* display = dynamic_cast<gfx_opt*>(graphics)) display->set_top_Node(topGroup.get());
     }
@@ -140,7 +141,7 @@ void optShape::buildGeometry(SFTime& time) {
     geometry.reset(fetched);
     if (!fetched || isA<csGeometry>(fetched)) {
         shape.reset(new opRep());
-        shape->setName(sceneName(kUnnamedShape));
+        nameInScene(shape.get(), *this, kUnnamedShape);
         if (fetched) shape->addGeometry(static_cast<csGeometry*>(fetched));
     } else if (isA<opRep>(fetched)) {
         // A primitive may stand in several shapes (DEF and USE), each with
@@ -195,7 +196,7 @@ void optShape::setUpAxisConversion() {
     else if (isA<opCuboid>(current))
         axisTransform->setRotation(0.0f, 0.0f, 1.0f, kQuarterTurnBack);
     axisTransform->addChild(current);
-    axisTransform->setName(kAxisConversionName);
+    axisTransform->setStaticName(kAxisConversionName);
 }
 
 // Keeps a walking viewer on top of the shape. Only a display that navigates

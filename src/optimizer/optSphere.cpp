@@ -1,11 +1,12 @@
 #include "optimizer/optSphere.h"
 
+#include "optimizer/optSceneName.h"
 #include "optimizer/opt_geometry.h"
 #include "optimizer/optimizer_messages.h"
 
 optSphere::optSphere(znInternal* pair) : BaseNode(pair), Sphere(pair) {
     sphere.reset(new csSphere());
-    sphere->setName(sceneName(kUnnamedSphere));
+    nameInScene(sphere.get(), *this, kUnnamedSphere);
     optCopyField(*sphere.get(), &csSphere::setRadius, radius);
     built = 1;
 }

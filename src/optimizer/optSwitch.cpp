@@ -6,10 +6,11 @@
 #include "optimizer/optActionGuard.h"
 #include "optimizer/optGroupingNode.h"
 #include "optimizer/optHandleTable.h"
+#include "optimizer/optSceneName.h"
 
 optSwitch::optSwitch(znInternal* pair) : BaseNode(pair), Switch(pair), switchNode(new csSwitch()) {
     switchNode->ref();
-    switchNode->setName(sceneName("Unnamed Switch Node"));
+    nameInScene(switchNode, *this, "Unnamed Switch Node");
 }
 
 int optSwitch::action(SFTime& time, int mode, void* incoming) {

@@ -6,6 +6,7 @@
 #include "csString.h"
 #include "optimizer/optFontStyle.h"
 #include "optimizer/optHandleTable.h"
+#include "optimizer/optSceneName.h"
 
 namespace {
 
@@ -17,7 +18,7 @@ constexpr int kDefaultSize = 50;
 
 optText::optText(znInternal* pair) : BaseNode(pair), Text(pair) {
     text.reset(new csScreenAlignedText());
-    text->setName(sceneName("Unnamed Text Node"));
+    nameInScene(text.get(), *this, "Unnamed Text Node");
 }
 
 optText::~optText() = default;

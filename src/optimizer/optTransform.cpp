@@ -1,11 +1,12 @@
 #include "optimizer/optTransform.h"
 
 #include "csTransform.h"
+#include "optimizer/optSceneName.h"
 
 optTransform::optTransform(znInternal* pair) : BaseNode(pair), Transform(pair) {
     group = new csTransform();
     group->ref();
-    group->setName(sceneName("Unnamed Transform Node"));
+    nameInScene(group, *this, "Unnamed Transform Node");
     // The parsed values reach the fields without passing a setter: the first
     // action must copy them as it would copy a change.
     transformDirty = 1;

@@ -10,6 +10,7 @@
 #include "csRefPtr.h"
 #include "fields/zn_array.h"
 #include "optimizer/optActionGuard.h"
+#include "optimizer/optSceneName.h"
 #include "optimizer/opt_geometry.h"
 #include "vrmlnodes/Color.h"
 #include "vrmlnodes/Coordinate.h"
@@ -45,7 +46,7 @@ protected:
     // `unnamedName` is the geometry's name when the node has no DEF name.
     optUnlitGeometry(znInternal* pair, const char* unnamedName) : BaseNode(pair), Node(pair), unnamed(unnamedName) {
         geometry.reset(new Geometry());
-        geometry->setName(objectName());
+        nameInScene(geometry.get(), *this, unnamed);
     }
     ~optUnlitGeometry() override = default;
 

@@ -2,10 +2,11 @@
 
 #include "csViewpoint.h"
 #include "optimizer/gfx.h"
+#include "optimizer/optSceneName.h"
 
 optViewpoint::optViewpoint(znInternal* pair) : BaseNode(pair), Viewpoint(pair) {
     viewpoint.reset(new csViewpoint());
-    viewpoint->setName(sceneName("Unnamed Viewpoint Node"));
+    nameInScene(viewpoint.get(), *this, "Unnamed Viewpoint Node");
     // description is a plain field: what the file gave stays.
     viewpoint->setDescription(textOf(description.get()));
 }

@@ -2,10 +2,11 @@
 
 #include "csWorldInfo.h"
 #include "optimizer/gfx.h"
+#include "optimizer/optSceneName.h"
 
 optWorldInfo::optWorldInfo(znInternal* pair) : BaseNode(pair), WorldInfo(pair) {
     worldInfo.reset(new csWorldInfo());
-    worldInfo->setName(sceneName("Unnamed WorldInfo Node"));
+    nameInScene(worldInfo.get(), *this, "Unnamed WorldInfo Node");
     // Both fields are plain: what the file gave stays.
     worldInfo->setTitle(textOf(title));
     worldInfo->setInfo(textsOf(info));

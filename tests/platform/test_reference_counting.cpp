@@ -204,3 +204,31 @@ TEST(csObject, HandlesOfManyObjectsStayTrueAsTheirNeighboursDie) {
     fresh->unref();
     sets.back()->unref();
 }
+
+// A name given by setName is the object's own copy; a static name is the
+// very text given, and neither is freed twice nor lost when one follows
+// the other (the sanitizers watch the frees).
+TEST(csObject, ASetNameIsCopiedAndAStaticNameIsBorrowed) {
+    static const char kFixed[] = "Unnamed Group Node";
+    csGroup* group = new csGroup();
+    group->ref();
+    char given[] = "Crate";
+    group->setName(given);
+    given[0] = 'X';
+    EXPECT_STREQ(group->getName(), "Crate");
+    group->setStaticName(kFixed);
+    EXPECT_EQ(group->getName(), kFixed);
+    group->setName("Again");
+    EXPECT_NE(group->getName(), static_cast<const char*>("Again"));
+    EXPECT_STREQ(group->getName(), "Again");
+    group->setStaticName(nullptr);
+    EXPECT_EQ(group->getName(), nullptr);
+    group->setStaticName(kFixed);
+    group->unref();
+
+    csGroup* copied = new csGroup();
+    copied->ref();
+    copied->setStaticName(kFixed);
+    copied->setName("Own");
+    copied->unref();
+}
