@@ -154,9 +154,10 @@ int znNode::setDepth(int d) {
 
 void znNode::setParent(const char* parentName) {
     if (!parentName) return;
-    const char* copy = strdup(parentName);
+    char* copy = strdup(parentName);
     if (copy == nullptr) znOutOfMemory();
-    setParent(KeptText{copy});
+    if (!(kept & kKeptParent)) std::free(parent);
+    parent = copy;
     kept &= static_cast<std::uint8_t>(~kKeptParent);
 }
 
