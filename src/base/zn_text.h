@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstring>
 #include <string>
+#include <string_view>
 
 // `format` filled from `args`, whatever its length: the messages that quote
 // names and values of any size.
@@ -53,6 +54,21 @@ inline char* znWriteDecimal(char* out, int value, int width = 1) {
     for (int i = count; i < width; ++i) *out++ = '0';
     while (count > 0) *out++ = digits[--count];
     return out;
+}
+
+// Whether `text`, the text of a node-valued field, names no node: nothing,
+// NULL, or a list of nothing. Such a value resolves no reference and can be
+// taken as the type's default.
+inline bool znNamesNoNode(const char* text) {
+    if (text == nullptr) return true;
+    std::string_view value(text);
+    const auto first = value.find_first_not_of(" \t\r\n,");
+    if (first == std::string_view::npos) return true;
+    value.remove_prefix(first);
+    value.remove_suffix(value.size() - 1 - value.find_last_not_of(" \t\r\n,"));
+    if (value == "NULL") return true;
+    return value.front() == '[' && value.back() == ']' &&
+           value.find_first_not_of(" \t\r\n,", 1) == value.size() - 1;
 }
 
 #endif

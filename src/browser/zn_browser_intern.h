@@ -174,6 +174,13 @@ private:
     const int* findNamed(std::string key, std::string& last);
     // An ID for a type made at run time that no type has or will be given.
     int freshTypeID();
+    // One field of a node being added, from its record's value, or from
+    // the type's default where `value` is null; the index entered, or -1.
+    int addValue(znNode* node, znNodeType* type, int index, const char* fieldName, FieldType fieldType,
+                 DataType dataType, FieldFlags& flags, const char* value, bool eventInsOnDemand);
+    // The type's defaults at the indices [from, to) that no record named;
+    // false when one of them could not be entered.
+    bool addDefaults(znNode* node, znNodeType* type, int from, int to, bool eventInsOnDemand);
 
     char* worldURL;      // owning, strdup
     char* description;   // owning, strdup

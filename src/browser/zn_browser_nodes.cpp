@@ -17,6 +17,7 @@
 #include "fields/all.h"
 #include "fields/zn_exception.h"
 #include "base/zn_reports.h"
+#include "base/zn_text.h"
 #include "nodes/zn_node.h"
 #include "nodes/zn_nodetype.h"
 #include "url/zn_URL.h"
@@ -47,21 +48,6 @@ znField* typeDefault(znNodeType* type, int index, FieldType fieldType, const Fie
     if (index < 0 || index >= type->getFieldCount()) return nullptr;
     znField* field = type->getZnField(index);
     return field != nullptr && field->getFieldType() == fieldType ? field : nullptr;
-}
-
-// Whether `text`, a value of a node-valued field that the node did not give,
-// names no node: a field that holds nothing needs no names resolved, and
-// may be lent like any other default.
-bool namesNoNode(const char* text) {
-    if (text == nullptr) return true;
-    std::string_view value(text);
-    const auto first = value.find_first_not_of(" \t\r\n,");
-    if (first == std::string_view::npos) return true;
-    value.remove_prefix(first);
-    value.remove_suffix(value.size() - 1 - value.find_last_not_of(" \t\r\n,"));
-    if (value == "NULL") return true;
-    return value.front() == '[' && value.back() == ']' &&
-           value.find_first_not_of(" \t\r\n,", 1) == value.size() - 1;
 }
 
 // Whether a node-valued field of a type holds no node.
@@ -171,14 +157,19 @@ int znBrowserIntern::addNode(_zndbNode* first) {
 
         nodes.set(record->nodeId, node);
 
-        int position = 0;
-        for (_zndbNodeData* data = record->fields; data; data = data->next, ++position) {
+        // The records name the fields the file set; every field of the type
+        // that no record reaches holds its default. Records come in the
+        // type's order, so the defaults are entered in that order too.
+        int next = 0;
+        for (_zndbNodeData* data = record->fields; data; data = data->next) {
             const char* fieldName = data->name.c_str();
             const FieldType fieldType = static_cast<FieldType>(data->fieldType);
             const DataType dataType = static_cast<DataType>(data->dataType);
             FieldFlags flags = data->flags;
             // Each field is looked up by its name once.
-            const int index = type->getDataID(fieldName, position);
+            const int index = type->getDataID(fieldName, next);
+            if (index > next && !addDefaults(node, type, next, index, eventInsOnDemand)) failed = 1;
+            if (index >= next) next = index + 1;
             int dataID = -1;
             if (data->isNodeId != 0) {
                 znNode* target = nullptr;
@@ -204,36 +195,16 @@ int znBrowserIntern::addNode(_zndbNode* first) {
                     dataID = node->addDataAt(index, fieldType, dataType, flags, &targets, -1);
                 }
                 if (dataID != -1) node->getZnField(dataID)->addISNames(data->isFields);
-            } else if (dataType == eventIn) {
-                if (eventInsOnDemand && lendable(type, index, fieldType, dataType, flags))
-                    dataID = node->lendDefault(index);
-                if (dataID == -1) {
-                    dataID = node->addDataAt(index, fieldType, dataType, flags, simManager->nextIndex());
-                    simManager->addEventIn(node, dataID, data->name.data());
-                }
-            } else if (znField* value = typeDefault(type, index, fieldType, flags)) {
-                // Where the default is the very field the node would get, the
-                // node borrows it until something asks for the field.
-                if (lendable(type, index, fieldType, dataType, flags)) dataID = node->lendDefault(index);
-                if (dataID == -1) dataID = node->addDataAt(index, fieldType, dataType, flags, *value);
             } else {
-                const char* text = data->value ? data->value : "";
-                if (isNodeValued(fieldType) && dataType == field && !flags.valueSet() && namesNoNode(text) &&
-                    lendable(type, index, fieldType, dataType, flags) && holdsNoNode(type->getZnField(index)))
-                    dataID = node->lendDefault(index);
-                if (dataID == -1) dataID = node->addDataAt(index, fieldType, dataType, flags, text);
-                // Converting the text noted a name that no node has yet: the
-                // field is filled once every node of the load exists.
-                if (dataID != -1 && isNodeValued(fieldType) && dataType == field && unresolvedReference) {
-                    unresolvedReference = 0;
-                    pushUnresolved(node->getZnField(dataID), text);
-                }
+                dataID = addValue(node, type, index, fieldName, fieldType, dataType, flags, data->value,
+                                  eventInsOnDemand);
             }
             if (dataID == -1) {
                 report(znMessage, kErrorAddingField, fieldName);
                 failed = 1;
             }
         }
+        if (!addDefaults(node, type, next, type->getFieldCount(), eventInsOnDemand)) failed = 1;
 
         if (record->isToplevel) topLevel.push_back(record->nodeId);
         node->makeClean();
@@ -258,6 +229,58 @@ int znBrowserIntern::addNode(_zndbNode* first) {
         }
     }
     return failed ? 0 : 1;
+}
+
+int znBrowserIntern::addValue(znNode* node, znNodeType* type, int index, const char* fieldName,
+                              FieldType fieldType, DataType dataType, FieldFlags& flags, const char* value,
+                              bool eventInsOnDemand) {
+    int dataID = -1;
+    if (dataType == eventIn) {
+        if (eventInsOnDemand && lendable(type, index, fieldType, dataType, flags)) dataID = node->lendDefault(index);
+        if (dataID == -1) {
+            dataID = node->addDataAt(index, fieldType, dataType, flags, simManager->nextIndex());
+            simManager->addEventIn(node, dataID, const_cast<char*>(fieldName));
+        }
+    } else if (znField* shared = typeDefault(type, index, fieldType, flags)) {
+        // Where the default is the very field the node would get, the node
+        // borrows it until something asks for the field.
+        if (lendable(type, index, fieldType, dataType, flags)) dataID = node->lendDefault(index);
+        if (dataID == -1) dataID = node->addDataAt(index, fieldType, dataType, flags, *shared);
+    } else {
+        const char* text = value ? value : "";
+        if (isNodeValued(fieldType) && dataType == field && !flags.valueSet() && znNamesNoNode(text) &&
+            lendable(type, index, fieldType, dataType, flags) && holdsNoNode(type->getZnField(index)))
+            dataID = node->lendDefault(index);
+        if (dataID == -1) dataID = node->addDataAt(index, fieldType, dataType, flags, text);
+        // Converting the text noted a name that no node has yet: the field
+        // is filled once every node of the load exists.
+        if (dataID != -1 && isNodeValued(fieldType) && dataType == field && unresolvedReference) {
+            unresolvedReference = 0;
+            pushUnresolved(node->getZnField(dataID), text);
+        }
+    }
+    return dataID;
+}
+
+bool znBrowserIntern::addDefaults(znNode* node, znNodeType* type, int from, int to, bool eventInsOnDemand) {
+    bool entered = true;
+    for (int index = from; index < to; ++index) {
+        // A repeated name keeps its first index: no record ever reaches the
+        // later one, which stays as it was.
+        const char* fieldName = type->getNameAt(index);
+        znField* shared = type->getZnField(index);
+        if (fieldName == nullptr || shared == nullptr) continue;
+        // What the record of an unset field carried: the type's kind of
+        // field, with the mark of a value the node gave taken off.
+        FieldFlags flags = shared->getFlags();
+        flags.bits &= ~FieldFlags::kValueSet;
+        if (addValue(node, type, index, fieldName, shared->getFieldType(), shared->getDataType(), flags, nullptr,
+                     eventInsOnDemand) == -1) {
+            report(znMessage, kErrorAddingField, fieldName);
+            entered = false;
+        }
+    }
+    return entered;
 }
 
 znNode* znBrowserIntern::newNode(const char* name, znNodeType* type) {

@@ -36,6 +36,9 @@ public:
     // that the guess is nearly always right and the name is not hashed.
     int getDataID(const char* name, int guess);
     const char* getDataName(int index);
+    // The name found at `index`; null where the name is repeated and finds
+    // an earlier index.
+    const char* getNameAt(int index) const { return firstNames[index]; }
     // Whether the type has a field "url": its nodes name files, and each
     // node made keeps the directory they are read from.
     bool namesFiles();

@@ -1,5 +1,6 @@
 #include "parser/vrmlnode.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cstdio>
 #include <cstdlib>
@@ -8,6 +9,7 @@
 
 #include "database/zn_database.h"
 #include "base/zn_reports.h"
+#include "base/zn_text.h"
 #include "parser/parser.hpp"
 #include "parser/parser_messages.h"
 #include "parser/zn_lexer.h"
@@ -62,6 +64,9 @@ VrmlNodeType::VrmlNodeType(const char* nm, znParser* p)
 VrmlNodeType::VrmlNodeType(VrmlNodeType& other, znParser* p)
     : typeId(other.typeId), eventIns(new Table), eventOuts(new Table), fields(new Table), parser(p) {
     name = znCopyText(other.name);
+    // A Script node declares fields of its own, which its type is made from
+    // only once the node is read.
+    defaultsImplied = !startsWith(other.name, kScriptTypeName) && other.namesAreUnique();
     declaredName = copyOrNull(other.declaredName);
     other.useCount++;
     instanceNumber = other.useCount;
@@ -109,11 +114,23 @@ void VrmlNodeType::setInstName(const char* nm) {
     std::free(old);
 }
 
-void VrmlNodeType::addEventIn(const char* nm, int type) { add(eventIns, nm, type, 0); }
-void VrmlNodeType::addEventOut(const char* nm, int type) { add(eventOuts, nm, type, 0); }
-void VrmlNodeType::addField(const char* nm, int type) { add(fields, nm, type, 0); }
+void VrmlNodeType::addEventIn(const char* nm, int type) {
+    uniqueNames = -1;
+    add(eventIns, nm, type, 0);
+}
+
+void VrmlNodeType::addEventOut(const char* nm, int type) {
+    uniqueNames = -1;
+    add(eventOuts, nm, type, 0);
+}
+
+void VrmlNodeType::addField(const char* nm, int type) {
+    uniqueNames = -1;
+    add(fields, nm, type, 0);
+}
 
 void VrmlNodeType::addExposedField(const char* nm, int type) {
+    uniqueNames = -1;
     add(fields, nm, type, 1);
     if (nm == nullptr) return;
     // The _changed half is found through the field itself where routes are
@@ -225,6 +242,9 @@ void VrmlNodeType::print() {
             if (pass.kind == 0 &&
                 (std::strcmp(rec->name, kGroupingField) == 0 || std::strcmp(rec->name, kImplementationField) == 0))
                 continue;
+            // The world gives a field that no record names its type's
+            // default: most fields of most nodes are never written.
+            if (!isProto && defaultsImplied && isUnsetDefault(*rec, pass.kind)) continue;
             char* value = pass.kind == 0 ? rec->value : nullptr;
             if (isProto) {
                 db->SetPrototypeData(nullptr, rec->name, value, getTypeJX(rec->type), pass.kind, flagsOf(*rec));
@@ -259,6 +279,26 @@ void VrmlNodeType::clearfielddata() {
     clearTableData(eventIns);
     clearTableData(eventOuts);
     clearTableData(fields);
+}
+
+bool VrmlNodeType::namesAreUnique() {
+    if (uniqueNames < 0) {
+        std::vector<const char*> names;
+        for (const Table* table : {eventIns, eventOuts, fields})
+            for (const NameTypeRec* rec : *table) names.push_back(rec->name);
+        std::sort(names.begin(), names.end(),
+                  [](const char* a, const char* b) { return std::strcmp(a, b) < 0; });
+        const auto same = [](const char* a, const char* b) { return std::strcmp(a, b) == 0; };
+        uniqueNames = std::adjacent_find(names.begin(), names.end(), same) == names.end() ? 1 : 0;
+    }
+    return uniqueNames == 1;
+}
+
+bool VrmlNodeType::isUnsetDefault(const NameTypeRec& rec, int kind) {
+    if (!rec.sharedValue || !rec.isFields.empty() || rec.isNode != nullptr || getTypeJX(rec.type) < 0) return false;
+    // A node-valued default that names nodes makes those nodes' references.
+    const bool nodeValued = rec.type == SFNODE || rec.type == MFNODE;
+    return kind != 0 || !nodeValued || znNamesNoNode(rec.value);
 }
 
 void VrmlNodeType::add(Table* list, const char* nm, int type, char exposed) {

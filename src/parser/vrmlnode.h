@@ -106,6 +106,18 @@ public:
     znParser* parser;  // borrowed: the parser that made this record
 
 private:
+    // Whether no two of the interface's items share a name; kept until an
+    // item is added.
+    bool namesAreUnique();
+    // Whether `rec`, of kind 0 field, 1 eventOut, 2 eventIn, holds what the
+    // type gave it and nothing the file did.
+    static bool isUnsetDefault(const NameTypeRec& rec, int kind);
+
+    // An instance copy leaves out the records of its unset fields: the
+    // world finds each of them by its place in the type. That holds where
+    // every name finds one place only.
+    bool defaultsImplied = false;
+    int uniqueNames = -1;  // namesAreUnique as last found, -1 until asked
     // The records of an instance copy, made in one piece.
     std::unique_ptr<NameTypeRec[]> recordBlock;
     std::size_t recordBlockSize = 0;

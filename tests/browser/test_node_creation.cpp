@@ -84,6 +84,34 @@ TEST_F(NodeCreation, EventInsTakeIndexesFromTheManagerInOrder) {
     EXPECT_EQ(a->getZnField(a->getDataID("value"))->getEventIndex(), -1);
 }
 
+// The records name only what the file set: every other field holds the
+// type's default, and the eventIns among them take their indexes in the
+// type's order, between those of the fields the records name.
+TEST_F(NodeCreation, FieldsNoRecordNamesHoldTheTypesDefaults) {
+    NodeChain chain;
+    chain.node(1, 1, "d00000+bare");
+    chain.node(1, 2, "d00000+late");
+    chain.field("kids", MFNodeType, field, "[ u00000+bare ]");
+    chain.node(1, 3, "d00000+early");
+    chain.field("value", SFFloatType, field, "2.5")->flags.bits |= FieldFlags::kValueSet;
+    chain.field("set_value", SFFloatType, eventIn, "");
+    ASSERT_EQ(browser.addNode(chain.head), 1);
+    const int value = type->getDataID("value");
+    const int setValue = type->getDataID("set_value");
+    int eventIndex = 0;
+    for (int id : {1, 2, 3}) {
+        znNode* node = browser.getNode(id);
+        ASSERT_EQ(node->getFieldCount(), type->getFieldCount()) << id;
+        EXPECT_EQ(node->getZnField(setValue)->getEventIndex(), eventIndex++) << id;
+        EXPECT_EQ(node->getZnField(type->getDataID("value_out"))->getDataType(), eventOut) << id;
+        EXPECT_EQ(dynamic_cast<SFNode*>(node->peekData(type->getDataID("child")))->getValue().getID(), 0) << id;
+    }
+    EXPECT_EQ(browser.getNode(1)->peekData(value), type->getZnField(value)->toField());
+    EXPECT_EQ(dynamic_cast<SFFloat*>(browser.getNode(2)->peekData(value))->getValue(), 0.0f);
+    EXPECT_EQ(dynamic_cast<SFFloat*>(browser.getNode(3)->peekData(value))->getValue(), 2.5f);
+    EXPECT_EQ(dynamic_cast<MFNode*>(browser.getNode(2)->peekData(type->getDataID("kids")))->getSize(), 1);
+}
+
 TEST_F(NodeCreation, NodeValuedFieldsThatHoldNothingBorrowTheTypesAndOthersAreRead) {
     NodeChain chain;
     thing(chain, 1, "d00000+empty");

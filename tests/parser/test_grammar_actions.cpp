@@ -41,15 +41,26 @@ TEST(GrammarActions, UseInsideAFieldIsAValueAndAnUnknownNameGoesOnPlain) {
     EXPECT_TRUE(contains(run.errors, "failed getting unique name for DEF'ed node B."));
 }
 
-TEST(GrammarActions, NodeCarriesEveryFieldWithItsValueOrDefault) {
+// The world takes a field that no record names from the node's type, so a
+// node sends only what the file set, and what the type cannot stand for.
+TEST(GrammarActions, NodeSendsTheFieldsItSetsAndLeavesDefaultsToItsType) {
     ParseRun run = parseText("Node { sffloat 2 }");
-    EXPECT_TRUE(run.called("SetNodeData(sffloat,2,22,0,ev,[])"));
-    EXPECT_TRUE(run.called("SetNodeData(sfvec3f,0 0 0,30,0,e,[])"));
-    EXPECT_EQ(run.values(), Calls{"2"});
+    EXPECT_EQ(run.calls, (Calls{"CreateNode(Node,x00000+Node_0,[],0,0,0)", "SetNodeData(sffloat,2,22,0,ev,[])",
+                                "EndNode()"}));
     ParseRun group = parseText("Group { children [ ] }");
     EXPECT_EQ(group.calls, (Calls{"CreateNode(Group,x00000+Group_0,[],0,0,0)",
-                                  "SetNodeData(set_children,(null),34,2,e,[])",
                                   "SetNodeData(children,[  ],34,0,ev,[])", "EndNode()"}));
+    // A default that names a node makes that node's reference: it is sent.
+    run = parseText("PROTO P [ field SFNode n Group { } field SFNode m NULL ] { } P { }");
+    EXPECT_EQ(run.result, 0) << run.errors;
+    EXPECT_TRUE(run.called("SetNodeData(n,x00000+Group_0,25,0,-,[])"));
+    EXPECT_FALSE(run.called("SetNodeData(m,"));
+    // Where a name stands for two items, the type cannot place the other by
+    // its name, and every record is sent.
+    run = parseText("PROTO D [ eventIn SFBool x field SFBool x TRUE ] { } D { }");
+    EXPECT_EQ(run.result, 0) << run.errors;
+    EXPECT_TRUE(run.called("SetNodeData(x,(null),20,2,-,[])"));
+    EXPECT_TRUE(run.called("SetNodeData(x,TRUE,20,0,-,[])"));
 }
 
 TEST(GrammarActions, ProtoDeclaration) {
@@ -58,14 +69,11 @@ TEST(GrammarActions, ProtoDeclaration) {
         " { Group { } }\nP { f 3 }");
     EXPECT_EQ(run.result, 0);
     EXPECT_EQ(run.calls,
-              (Calls{"CreateNode(Group,x00000+Group_0,[P],0,0,0)", "SetNodeData(set_children,(null),34,2,e,[])",
-                     "SetNodeData(children,[  ],34,0,e,[])", "EndNode()",
+              (Calls{"CreateNode(Group,x00000+Group_0,[P],0,0,0)", "EndNode()",
                      "CreatePrototype(P,[],(null),0,(null))", "SetPrototypeData(go,(null),20,2,-)",
                      "SetPrototypeData(set_v,(null),30,2,e)", "SetPrototypeData(done,(null),28,1,-)",
                      "SetPrototypeData(f,[1,2,],32,0,-)", "SetPrototypeData(v,1 2 3,30,0,e)", "EndPrototype()",
-                     "CreateNode(P,x00000+P_1,[],0,0,0)", "SetNodeData(go,(null),20,2,-,[])",
-                     "SetNodeData(set_v,(null),30,2,e,[])", "SetNodeData(done,(null),28,1,-,[])",
-                     "SetNodeData(f,[3],32,0,v,[])", "SetNodeData(v,1 2 3,30,0,e,[])", "EndNode()"}));
+                     "CreateNode(P,x00000+P_1,[],0,0,0)", "SetNodeData(f,[3],32,0,v,[])", "EndNode()"}));
 }
 
 TEST(GrammarActions, ProtoInsideANodeBody) {

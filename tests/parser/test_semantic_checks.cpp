@@ -53,12 +53,12 @@ TEST(UnknownNames, InvalidFieldTypeAsksAndReports) {
 }
 
 TEST(Protos, SecondProtoOfANameIsRefusedAndTheFirstKept) {
-    ParseRun run = parseText("PROTO P [ field SFFloat a 1 ] { } PROTO P [ field SFInt32 b 2 ] { } P { }");
+    ParseRun run = parseText("PROTO P [ field SFFloat a 1 ] { } PROTO P [ field SFInt32 b 2 ] { } P { a 3 }");
     EXPECT_EQ(run.result, 0);
     EXPECT_TRUE(contains(run.errors, "\nMessage:  PROTO P already defined\n"));
     EXPECT_EQ(count(run.calls, "CreatePrototype(P,"), 1);
-    EXPECT_TRUE(run.called("SetNodeData(a,1,22,0,-,[])"));
-    EXPECT_FALSE(run.called("SetNodeData(b,2,24,0,-,[])"));
+    EXPECT_TRUE(run.called("SetNodeData(a,3,22,0,v,[])"));
+    EXPECT_FALSE(run.called("SetNodeData(b,"));
     // Each parse opens its own scope; a second file may declare P again.
     EXPECT_FALSE(contains(parseText("PROTO P [ ] { }").errors, "already defined"));
 }
