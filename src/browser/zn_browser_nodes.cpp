@@ -167,7 +167,7 @@ int znBrowserIntern::addNode(_zndbNode* first) {
             const DataType dataType = static_cast<DataType>(data->dataType);
             FieldFlags flags = data->flags;
             // Each field is looked up by its name once.
-            const int index = type->getDataID(fieldName, next);
+            const int index = type->getDataIDFrom(fieldName, next);
             if (index > next && !addDefaults(node, type, next, index, eventInsOnDemand)) failed = 1;
             if (index >= next) next = index + 1;
             int dataID = -1;

@@ -68,10 +68,13 @@ bool znNodeType::namesFiles() {
     return urlKnown == 1;
 }
 
-int znNodeType::getDataID(const char* fieldName, int guess) {
-    if (fieldName && guess >= 0 && guess < static_cast<int>(firstNames.size()) && firstNames[guess] &&
-        std::strcmp(firstNames[guess], fieldName) == 0)
-        return guess;
+int znNodeType::getDataIDFrom(const char* fieldName, int from) {
+    if (fieldName == nullptr) return -1;
+    const int count = static_cast<int>(firstNames.size());
+    for (int i = from < 0 ? 0 : from; i < count; ++i) {
+        const char* name = firstNames[i];
+        if (name != nullptr && name[0] == fieldName[0] && std::strcmp(name, fieldName) == 0) return i;
+    }
     return getDataID(fieldName);
 }
 

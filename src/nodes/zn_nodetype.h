@@ -31,10 +31,10 @@ public:
     int addData(const char* name, FieldType type, DataType kind, FieldFlags& flags, const char* value);
     // `x_changed` finds `x`; -1 for an unknown name.
     int getDataID(const char* name);
-    // The same, asking first whether the field at `guess` has the name: the
-    // records of a node come in the order the type declares its fields, so
-    // that the guess is nearly always right and the name is not hashed.
-    int getDataID(const char* name, int guess);
+    // The same, looking first at the fields from `from` on: a node's
+    // records come in the type's order, with the defaults left out, so the
+    // name is nearly always a few places on and need not be hashed.
+    int getDataIDFrom(const char* name, int from);
     const char* getDataName(int index);
     // The name found at `index`; null where the name is repeated and finds
     // an earlier index.

@@ -50,11 +50,11 @@ TEST_F(NodeType, ChangedSuffixFindsTheFieldAndTheFirstEntryOfANameStands) {
     EXPECT_EQ(type.getDataID("size"), 0);
     EXPECT_EQ(type.getFieldCount(), 5);
 
-    // A guessed index answers as the plain look-up, right guess or wrong,
-    // for the repeated name and the _changed form too.
+    // A look-up from any place answers as the plain one, before the name's
+    // place or past it, for the repeated name and the _changed form too.
     for (const char* name : {"size", "on", "set_on", "fired", "on_changed", "nothing", ""})
-        for (int guess = -1; guess <= 6; ++guess)
-            EXPECT_EQ(type.getDataID(name, guess), type.getDataID(name)) << name << " at " << guess;
+        for (int from = -1; from <= 6; ++from)
+            EXPECT_EQ(type.getDataIDFrom(name, from), type.getDataID(name)) << name << " from " << from;
 }
 
 TEST_F(NodeType, BadIndexOrNameThrowsOrAnswersNull) {
