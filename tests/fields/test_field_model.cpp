@@ -93,20 +93,6 @@ TEST(FieldRemote, ListsGrowInOrderAndCopiesKeepTheirOwn) {
     EXPECT_EQ(shortList.isVirtual(), 0);
 }
 
-TEST(FieldModel, TypesKindsAndFlagsReadBackAsSet) {
-    FieldFlags flags;
-    flags.bits = FieldFlags::kExposed | FieldFlags::kValueSet;
-    for (int t = SFBoolType; t <= MFVec3fType; ++t) {
-        for (DataType kind : {field, eventOut, eventIn}) {
-            znField* f = znField::newField(nullptr, nullptr, static_cast<FieldType>(t), kind, flags, nullptr, nullptr);
-            EXPECT_EQ(f->getFieldType(), t);
-            EXPECT_EQ(f->getDataType(), kind);
-            EXPECT_EQ(f->getFlags().bits, flags.bits);
-            delete f;
-        }
-    }
-}
-
 TEST(FieldPosting, KindDecidesTheDirectionAndNoIndexOnlyMarksFieldAndNodeDirty) {
     RecordingBrowser browser;
     znField* in = make(&browser, SFFloatType, eventIn);
@@ -228,9 +214,10 @@ TEST(FieldCopy, ISNamesHeldAlikeStayEachFieldsOwn) {
 
 TEST(FieldFactory, MakesEveryTypeInBothNumberingsAndNothingAbove39) {
     for (int t = SFBoolType; t <= MFVec3fType; ++t) {
-        znField* f = make(nullptr, static_cast<FieldType>(t));
+        znField* f = make(nullptr, static_cast<FieldType>(t), eventOut);
         ASSERT_NE(f, nullptr) << t;
         EXPECT_EQ(f->getFieldType(), t);
+        EXPECT_EQ(f->getDataType(), eventOut);
         EXPECT_EQ(f->toField()->getType(), t);
         delete f;
     }
