@@ -2,6 +2,8 @@
 // throw, clearing that keeps the Node Support types, and the resolve stack.
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <typeinfo>
 #include <string>
 
 #include "test_support.h"
@@ -65,36 +67,34 @@ TEST_F(WorldTables, AFarNumberFallsBackInOneStep) {
               "getNodeID : can't find ID for y\n\n");
 }
 
-TEST_F(WorldTables, PlainNameLookupThrowsNamingTheLastForm) {
-    CaptureStderr();
-    try {
-        browser.getNode("y_2");
-        FAIL();
-    } catch (znInvalidNodeNameException& e) {
-        EXPECT_STREQ(e.text, "Invalid Node name:  nodeName=y");
+// Each bad look-up throws its own class, says so, and carries its text.
+TEST_F(WorldTables, BadLookupsThrowTheirMessages) {
+    const struct {
+        std::function<void()> lookup;
+        const std::type_info& thrown;
+        const char* text;
+    } cases[] = {
+        {[&] { browser.getNode("y_2"); }, typeid(znInvalidNodeNameException), "Invalid Node name:  nodeName=y"},
+        {[&] { browser.getNode("x"); }, typeid(znInvalidNodeNameException), "Invalid Node name:  nodeName=x"},
+        {[&] { browser.getType(0); }, typeid(znInvalidNodeTypeIDException), "Invalid Node Type ID:  ID=0"},
+        {[&] { browser.getNode(9); }, typeid(znInvalidNodeIDException), "Invalid Node ID:  ID=9"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
+        const std::string said = wrltest::stderrOf([&] {
+            try {
+                c.lookup();
+                ADD_FAILURE() << "no exception";
+            } catch (Exception& e) {
+                EXPECT_EQ(typeid(e), c.thrown);
+                EXPECT_STREQ(e.text, c.text);
+            }
+        });
+        EXPECT_EQ(said, std::string("\nThrowing Exception: ") + c.text + "\n");
     }
-    GetCapturedStderr();
-    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_THROW(browser.getNode("x"), znInvalidNodeNameException); }),
-              "\nThrowing Exception: Invalid Node name:  nodeName=x\n");
-}
-
-TEST_F(WorldTables, TypeIDZeroThrows) {
-    CaptureStderr();
-    try {
-        browser.getType(0);
-        FAIL();
-    } catch (znInvalidNodeTypeIDException& e) {
-        EXPECT_STREQ(e.text, "Invalid Node Type ID:  ID=0");
-    }
-    GetCapturedStderr();
     EXPECT_EQ(browser.getType(1), type);
     EXPECT_EQ(browser.getTypeID("Thing"), 1);
     EXPECT_EQ(browser.getTypeID("Other"), 0);
-}
-
-TEST_F(WorldTables, AbsentNodeIDThrows) {
-    EXPECT_EQ(wrltest::stderrOf([&] { EXPECT_THROW(browser.getNode(9), znInvalidNodeIDException); }),
-              "\nThrowing Exception: Invalid Node ID:  ID=9\n");
 }
 
 TEST_F(WorldTables, RunTimeTypePassesByAnIDThatATypeEnteredOtherwiseHolds) {
