@@ -75,13 +75,6 @@ inline std::vector<int> indexesOf(const csIndexSet* set) {
     return set ? intsOf(set->index()) : std::vector<int>{};
 }
 
-// Three components of a point or normal, each within 1e-5.
-inline void expectNear(const csVec3f& v, float x, float y, float z) {
-    EXPECT_NEAR(v[0], x, 1e-5f);
-    EXPECT_NEAR(v[1], y, 1e-5f);
-    EXPECT_NEAR(v[2], z, 1e-5f);
-}
-
 // Corner `c` of a face set (counted over all faces in order): its point,
 // and its normal through the normal index set.
 inline csVec3f cornerPoint(const csIndexedFaceSet* faces, int c) {

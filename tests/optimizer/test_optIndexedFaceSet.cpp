@@ -14,6 +14,8 @@
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using wrltest::cornerNormal;
+using wrltest::expectNear;
 using wrltest::FaceSetWorld;
 using wrltest::indexesOf;
 using wrltest::intsOf;
@@ -33,17 +35,6 @@ const char* const kTriangleAndSquare = "0 0 0, 1 0 0, 0 1 0,  2 0 0, 3 0 0, 3 1 
 const char* const kFold = "0 0 0, 1 0 0, 0 1 0, 0 0 1";
 const char* const kFoldFaces = "coordIndex [ 0 1 2 -1 1 0 3 -1 ]";
 
-csVec3f normalAt(csIndexedFaceSet* faces, int corner) {
-    int index = faces->getNormalIndexSet()->index().get(corner);
-    return faces->getNormalSet()->vector().get(index);
-}
-
-void expectVec(const csVec3f& v, float x, float y, float z) {
-    EXPECT_NEAR(v[0], x, 1e-5f);
-    EXPECT_NEAR(v[1], y, 1e-5f);
-    EXPECT_NEAR(v[2], z, 1e-5f);
-}
-
 }  // namespace
 
 // ---- Index lists and winding
@@ -60,7 +51,7 @@ TEST(optIndexedFaceSet, CoordIndexIsClosedAndPackedIntoFaces) {
     EXPECT_EQ(faces->getCoordSet()->point().getCount(), 7);
     EXPECT_FALSE(faces->getSolid());
     EXPECT_TRUE(faces->getConvex());
-    expectVec(normalAt(faces, 0), 0, 0, 1);
+    expectNear(cornerNormal(faces, 0), 0, 0, 1);
 }
 
 TEST(optIndexedFaceSet, FalseCcwReversesCornersAndFacesAndFlipsTheNormals) {
@@ -68,7 +59,7 @@ TEST(optIndexedFaceSet, FalseCcwReversesCornersAndFacesAndFlipsTheNormals) {
     csIndexedFaceSet* faces = one.faces();
     EXPECT_THAT(intsOf(faces->faceLength()), ElementsAre(3));
     EXPECT_THAT(indexesOf(faces->getCoordIndexSet()), ElementsAre(2, 1, 0, 0));
-    for (int corner = 0; corner < 3; ++corner) expectVec(normalAt(faces, corner), 0, 0, -1);
+    for (int corner = 0; corner < 3; ++corner) expectNear(cornerNormal(faces, corner), 0, 0, -1);
 
     FaceSetWorld two(faceSet(kTriangleAndSquare, "ccw FALSE coordIndex [ 0 1 2 -1 3 4 5 6 ]"));
     faces = two.faces();
@@ -81,7 +72,7 @@ TEST(optIndexedFaceSet, QuadWithCollinearFirstCornersTakesItsNormalFromTheNextOn
     csIndexedFaceSet* faces = world.faces();
     for (int corner = 0; corner < 4; ++corner) {
         SCOPED_TRACE(corner);
-        expectVec(normalAt(faces, corner), 0, 0, 1);
+        expectNear(cornerNormal(faces, corner), 0, 0, 1);
         EXPECT_EQ(faces->getNormalIndexSet()->index().get(corner), corner);
     }
     EXPECT_EQ(faces->getNormalSet()->vector().getCount(), 5);  // one place for each list entry
@@ -94,8 +85,8 @@ TEST(optIndexedFaceSet, CreaseAngleDecidesWhichCornersOfAPointAverage) {
         SCOPED_TRACE(angle);
         FaceSetWorld world(faceSet(kFold, std::string("creaseAngle ") + angle + " " + kFoldFaces));
         csIndexedFaceSet* faces = world.faces();
-        for (int corner = 0; corner < 3; ++corner) expectVec(normalAt(faces, corner), 0, 0, 1);
-        for (int corner = 3; corner < 6; ++corner) expectVec(normalAt(faces, corner), 0, 1, 0);
+        for (int corner = 0; corner < 3; ++corner) expectNear(cornerNormal(faces, corner), 0, 0, 1);
+        for (int corner = 3; corner < 6; ++corner) expectNear(cornerNormal(faces, corner), 0, 1, 0);
     }
     // The fold is a right angle: just above it, and at 3.14, the shared
     // points average while the others keep their face's normal.
@@ -103,9 +94,9 @@ TEST(optIndexedFaceSet, CreaseAngleDecidesWhichCornersOfAPointAverage) {
         SCOPED_TRACE(angle);
         FaceSetWorld world(faceSet(kFold, std::string("creaseAngle ") + angle + " " + kFoldFaces));
         csIndexedFaceSet* faces = world.faces();
-        for (int corner : {0, 1, 3, 4}) expectVec(normalAt(faces, corner), 0, half, half);
-        expectVec(normalAt(faces, 2), 0, 0, 1);
-        expectVec(normalAt(faces, 5), 0, 1, 0);
+        for (int corner : {0, 1, 3, 4}) expectNear(cornerNormal(faces, corner), 0, half, half);
+        expectNear(cornerNormal(faces, 2), 0, 0, 1);
+        expectNear(cornerNormal(faces, 5), 0, 1, 0);
     }
 }
 
@@ -116,9 +107,9 @@ TEST(optIndexedFaceSet, SmoothingAveragesTheFaceNormalsNotNormalsAlreadySmoothed
                                "creaseAngle 1.6 coordIndex [ 0 1 2 -1 1 0 3 -1 0 2 3 -1 ]"));
     csIndexedFaceSet* faces = world.faces();
     const float third = 1.0f / std::sqrt(3.0f);
-    expectVec(normalAt(faces, 0), third, third, third);
-    expectVec(normalAt(faces, 4), third, third, third);
-    expectVec(normalAt(faces, 6), third, third, third);
+    expectNear(cornerNormal(faces, 0), third, third, third);
+    expectNear(cornerNormal(faces, 4), third, third, third);
+    expectNear(cornerNormal(faces, 6), third, third, third);
 }
 
 TEST(optIndexedFaceSet, BadIndexIsReportedAndMendedInTheNormalsOnly) {
@@ -126,7 +117,7 @@ TEST(optIndexedFaceSet, BadIndexIsReportedAndMendedInTheNormalsOnly) {
     csIndexedFaceSet* faces = world.faces();
     EXPECT_EQ(world.messages, "Invalid index: -2\nInvalid index: 7\n");
     // -2 stands for point 0 and 7 for the last point, 2.
-    for (int corner = 0; corner < 6; ++corner) expectVec(normalAt(faces, corner), 0, 0, 1);
+    for (int corner = 0; corner < 6; ++corner) expectNear(cornerNormal(faces, corner), 0, 0, 1);
     EXPECT_THAT(indexesOf(faces->getCoordIndexSet()), ElementsAre(1, 2, -2, 0, 1, 7, 0, 0));
 
     FaceSetWorld given(faceSet("0 0 0, 1 0 0, 0 1 0",
@@ -242,7 +233,7 @@ TEST(optIndexedFaceSet, MovedPointsRenewNormalsAndTextureCoordinates) {
     world.object<optCoordinate>("C")->set_point(points, 0.0);
     world.refresh();
     EXPECT_NE(faces->getNormalSet(), before);
-    expectVec(normalAt(faces, 0), 0, 1, 0);
+    expectNear(cornerNormal(faces, 0), 0, 1, 0);
     EXPECT_EQ(faces->getTexCoordSet()->point().get(1), csVec2f(1, 0));
     EXPECT_EQ(faces->getTexCoordSet()->point().get(2), csVec2f(0, 0.5f));
     EXPECT_FALSE(world.node("C")->getExposedField("point")->isDirty());  // seen once, cleaned
@@ -280,7 +271,7 @@ TEST(optIndexedFaceSet, CoordinatesFromAPrototypeAreFetchedAndWatched) {
     csIndexedFaceSet* faces = world.faces();
     ASSERT_NE(faces->getCoordSet(), nullptr);
     EXPECT_EQ(faces->getCoordSet()->point().get(1), csVec3f(1, 0, 0));
-    expectVec(normalAt(faces, 0), 0, 0, 1);
+    expectNear(cornerNormal(faces, 0), 0, 0, 1);
     // The body's field was seen at the build: a refresh leaves the normals be.
     csNormalSet3f* normals = faces->getNormalSet();
     EXPECT_EQ(world.refresh()->getNormalSet(), normals);

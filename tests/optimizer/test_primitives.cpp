@@ -20,6 +20,7 @@
 
 using testing::ElementsAre;
 using wrltest::childAs;
+using wrltest::expectNear;
 using wrltest::expectVec3;
 using wrltest::SceneLoad;
 
@@ -56,12 +57,6 @@ Extent extentInWorld(csEnvironment* scene, int index = 0) {
         e.widest = std::max(e.widest, std::hypot(p[0], p[2]));
     }
     return e;
-}
-
-void expectNear(const csVec3f& v, float x, float y, float z) {
-    EXPECT_NEAR(v[0], x, 1e-5f);
-    EXPECT_NEAR(v[1], y, 1e-5f);
-    EXPECT_NEAR(v[2], z, 1e-5f);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-
 #include "csTransform.h"
+#include "test_support.h"
 
 namespace {
 
@@ -13,12 +13,6 @@ struct Owned {
     Owned() { t->ref(); }
     ~Owned() { t->unref(); }
 };
-
-void expectPoint(const csVec3f& got, float x, float y, float z) {
-    EXPECT_NEAR(got[0], x, 1e-5f);
-    EXPECT_NEAR(got[1], y, 1e-5f);
-    EXPECT_NEAR(got[2], z, 1e-5f);
-}
 
 }  // namespace
 
@@ -33,26 +27,26 @@ TEST(csTransform, EachPartAgreesWithTheHandComputedPoint) {
     EXPECT_EQ(m[3][2], 3.0f);
     EXPECT_EQ(m[0][3], 0.0f);
     o.t->setTranslation(0, 5, 0);  // the matrix follows later changes
-    expectPoint(o.t->getMatrix().xformPt(csVec3f(0, 0, 0)), 0, 5, 0);
+    wrltest::expectNear(o.t->getMatrix().xformPt(csVec3f(0, 0, 0)), 0, 5, 0);
 
     Owned r;
     r.t->setRotation(0, 0, 1, kHalfPi);
     EXPECT_NEAR(r.t->getMatrix()[0][1], 1.0f, 1e-6f);  // row x becomes (0, 1, 0)
-    expectPoint(r.t->getMatrix().xformPt(csVec3f(1, 0, 0)), 0, 1, 0);
+    wrltest::expectNear(r.t->getMatrix().xformPt(csVec3f(1, 0, 0)), 0, 1, 0);
     r.t->setCenter(1, 0, 0);  // rotation and scale act about the centre
-    expectPoint(r.t->getMatrix().xformPt(csVec3f(2, 0, 0)), 1, 1, 0);
+    wrltest::expectNear(r.t->getMatrix().xformPt(csVec3f(2, 0, 0)), 1, 1, 0);
 
     Owned s;
     s.t->setCenter(1, 0, 0);
     s.t->setScale(2, 3, 4);
-    expectPoint(s.t->getMatrix().xformPt(csVec3f(2, 0, 0)), 3, 0, 0);
-    expectPoint(s.t->getMatrix().xformPt(csVec3f(1, 1, 1)), 1, 3, 4);
+    wrltest::expectNear(s.t->getMatrix().xformPt(csVec3f(2, 0, 0)), 3, 0, 0);
+    wrltest::expectNear(s.t->getMatrix().xformPt(csVec3f(1, 1, 1)), 1, 3, 4);
 
     Owned so;
     so.t->setScale(2, 1, 1);
     so.t->setScaleOrientation(0, 0, 1, kHalfPi);  // the x scale now acts along y
-    expectPoint(so.t->getMatrix().xformPt(csVec3f(0, 1, 0)), 0, 2, 0);
-    expectPoint(so.t->getMatrix().xformPt(csVec3f(1, 0, 0)), 1, 0, 0);
+    wrltest::expectNear(so.t->getMatrix().xformPt(csVec3f(0, 1, 0)), 0, 2, 0);
+    wrltest::expectNear(so.t->getMatrix().xformPt(csVec3f(1, 0, 0)), 1, 0, 0);
 
     Owned all;
     all.t->setTranslation(10, 0, 0);
@@ -60,7 +54,7 @@ TEST(csTransform, EachPartAgreesWithTheHandComputedPoint) {
     all.t->setScale(2, 2, 2);
     all.t->setCenter(0, 1, 0);
     // (1,1,0) -C-> (1,0,0) -S-> (2,0,0) -R-> (0,2,0) +C-> (0,3,0) +T-> (10,3,0)
-    expectPoint(all.t->getMatrix().xformPt(csVec3f(1, 1, 0)), 10, 3, 0);
+    wrltest::expectNear(all.t->getMatrix().xformPt(csVec3f(1, 1, 0)), 10, 3, 0);
 
     Owned zero;
     zero.t->setRotation(0, 0, 0, 1.0f);  // a zero axis is no rotation
@@ -72,10 +66,10 @@ TEST(csMatrix4f, PreTransActsBeforeTheMatrix) {
     rot.makeRot(0, 0, 1, kHalfPi);
     csMatrix4f m;
     m.preTrans(1, 0, 0, rot);  // translate first, then rotate
-    expectPoint(m.xformPt(csVec3f(0, 0, 0)), 0, 1, 0);
+    wrltest::expectNear(m.xformPt(csVec3f(0, 0, 0)), 0, 1, 0);
     csMatrix4f n = rot;
     n.postTrans(rot, 1, 0, 0);  // rotate first, then translate
-    expectPoint(n.xformPt(csVec3f(0, 0, 0)), 1, 0, 0);
+    wrltest::expectNear(n.xformPt(csVec3f(0, 0, 0)), 1, 0, 0);
 }
 
 TEST(csMatrix4f, InvertUndoesAndRefusesSingular) {

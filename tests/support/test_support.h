@@ -84,6 +84,14 @@ private:
 
 std::string readFile(const std::string& path);
 
+// Three components of a point, vector or colour, each within `tolerance`.
+template <class V>
+void expectNear(const V& v, float x, float y, float z, float tolerance = 1e-5f) {
+    EXPECT_NEAR(v[0], x, tolerance);
+    EXPECT_NEAR(v[1], y, tolerance);
+    EXPECT_NEAR(v[2], z, tolerance);
+}
+
 // Runs `f` and answers what it wrote on the error stream.
 template <class F>
 std::string stderrOf(F&& f) {
