@@ -115,6 +115,33 @@ csMatrix4f nodeMatrix(const tinygltf::Node& node) {
     return m;
 }
 
+struct Picture {
+    int width = 0, height = 0;
+    std::vector<unsigned char> bytes;
+};
+
+// The picture that image `index` of the model embeds, read back as a file.
+Picture embeddedPicture(const tinygltf::Model& model, size_t index) {
+    const tinygltf::Image& image = model.images.at(index);
+    EXPECT_EQ(image.mimeType, "image/png");
+    const tinygltf::BufferView& view = model.bufferViews.at(static_cast<size_t>(image.bufferView));
+    wrltest::TempDir dir;
+    {
+        std::ofstream copy(dir.path() + "/embedded.png", std::ios::binary);
+        copy.write(reinterpret_cast<const char*>(viewBytes(model, image.bufferView)),
+                   static_cast<std::streamsize>(view.byteLength));
+    }
+    csRefPtr<csTexture> read(new csTexture());
+    Picture out;
+    if (!read->setFileName((dir.path() + "/embedded.png").c_str()) || read->getImage() == nullptr) return out;
+    const csImage* pixels = read->getImage();
+    out.width = pixels->getWidth();
+    out.height = pixels->getHeight();
+    const unsigned char* data = pixels->pixels().getData();
+    out.bytes.assign(data, data + out.width * out.height * pixels->getComponents());
+    return out;
+}
+
 double area(const std::vector<float>& a, const std::vector<float>& b, const std::vector<float>& c) {
     const double u[3] = {b[0] - a[0], b[1] - a[1], b[2] - a[2]}, v[3] = {c[0] - a[0], c[1] - a[1], c[2] - a[2]};
     const double n[3] = {u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]};
@@ -313,21 +340,10 @@ TEST(GltfExport, ATexturedBoxCarriesItsPictureTheRightWayUp) {
     const tinygltf::Sampler& sampler = e.model.samplers.at(static_cast<size_t>(texture.sampler));
     EXPECT_EQ(sampler.wrapS, TINYGLTF_TEXTURE_WRAP_CLAMP_TO_EDGE);
     EXPECT_EQ(sampler.wrapT, TINYGLTF_TEXTURE_WRAP_REPEAT);
-    const tinygltf::Image& image = e.model.images.at(static_cast<size_t>(texture.source));
-    EXPECT_EQ(image.mimeType, "image/png");
-    const tinygltf::BufferView& view = e.model.bufferViews.at(static_cast<size_t>(image.bufferView));
-    const unsigned char* png = viewBytes(e.model, image.bufferView);
-    {
-        std::ofstream copy(dir.path() + "/embedded.png", std::ios::binary);
-        copy.write(reinterpret_cast<const char*>(png), static_cast<std::streamsize>(view.byteLength));
-    }
-    csRefPtr<csTexture> read(new csTexture());
-    ASSERT_TRUE(read->setFileName((dir.path() + "/embedded.png").c_str()));
-    const csImage* pixels = read->getImage();
-    ASSERT_EQ(pixels->getWidth(), 3);
-    ASSERT_EQ(pixels->getHeight(), 2);
-    const std::vector<unsigned char> expected = wrltest::pattern(3, 2, 3);
-    EXPECT_EQ(std::vector<unsigned char>(pixels->pixels().getData(), pixels->pixels().getData() + 18), expected);
+    const Picture picture = embeddedPicture(e.model, static_cast<size_t>(texture.source));
+    EXPECT_EQ(picture.width, 3);
+    EXPECT_EQ(picture.height, 2);
+    EXPECT_EQ(picture.bytes, wrltest::pattern(3, 2, 3));
     // The front face's bottom left corner shows the picture's bottom left.
     const auto points = cornerValues(e.model, box, "POSITION", 3);
     const auto normals = cornerValues(e.model, box, "NORMAL", 3);
@@ -347,18 +363,7 @@ TEST(GltfExport, APixelTexturesTopRowComesFirst) {
     Exported e = exportWorld(
         "Shape { appearance Appearance { texture PixelTexture { image 1 2 1 0x10 0xF0 } } geometry Box { } }");
     ASSERT_EQ(e.model.images.size(), 1u);
-    const tinygltf::Image& image = e.model.images[0];
-    const tinygltf::BufferView& view = e.model.bufferViews.at(static_cast<size_t>(image.bufferView));
-    wrltest::TempDir dir;
-    {
-        std::ofstream copy(dir.path() + "/embedded.png", std::ios::binary);
-        copy.write(reinterpret_cast<const char*>(viewBytes(e.model, image.bufferView)),
-                   static_cast<std::streamsize>(view.byteLength));
-    }
-    csRefPtr<csTexture> read(new csTexture());
-    ASSERT_TRUE(read->setFileName((dir.path() + "/embedded.png").c_str()));
-    EXPECT_EQ(read->getImage()->pixels().get(0), 0xF0);
-    EXPECT_EQ(read->getImage()->pixels().get(1), 0x10);
+    EXPECT_EQ(embeddedPicture(e.model, 0).bytes, (std::vector<unsigned char>{0xF0, 0x10}));
 }
 
 // ---- Lights and viewpoints
