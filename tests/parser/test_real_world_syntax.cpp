@@ -242,18 +242,12 @@ TEST(RealFileExternProtos, EmptyInterfacesAndUrlListsWithoutBlanks) {
 TEST(RealFileExternProtos, UnresolvedOnesBuildNothingAndTheRestLoads) {
     wrltest::TempDir dir;
     dir.write("lib.wrl", "#VRML V2.0 utf8\nPROTO Other [ ] { Group { } }\n");
-    // A chain of files each declaring the next, longer than the depth limit.
-    for (int i = 0; i < 12; ++i)
-        dir.write("deep" + std::to_string(i) + ".wrl",
-                  "#VRML V2.0 utf8\nEXTERNPROTO D [ field SFFloat r ] \"deep" + std::to_string(i + 1) + ".wrl\"\n");
     World w = load(dir,
                    "EXTERNPROTO Missing [ field SFFloat r exposedField SFColor c eventIn SFBool go ]"
                    " [ \"missing.wrl\" \"urn:web3d:none\" ]\n"
                    "EXTERNPROTO NotThere [ field SFFloat r ] \"lib.wrl#NotThere\"\n"
-                   "EXTERNPROTO Deep [ field SFFloat r ] \"deep0.wrl\"\n"
                    "DEF M Missing { r 2 c 1 0 0 }\n"
                    "NotThere { r 1 }\n"
-                   "Deep { r 3 }\n"
                    "DEF T Transform { children [ Missing { } Shape { geometry Box { } } ] }\n"
                    "DEF Timer TimeSensor { }\n"
                    "ROUTE Timer.isActive TO M.go\n");
@@ -261,7 +255,6 @@ TEST(RealFileExternProtos, UnresolvedOnesBuildNothingAndTheRestLoads) {
     EXPECT_THAT(w.err, Not(HasSubstr("parse error"))) << w.err;
     EXPECT_THAT(w.err, HasSubstr("EXTERNPROTO Missing: no URL of its list gives its PROTO"));
     EXPECT_THAT(w.err, HasSubstr("No PROTO NotThere in EXTERNPROTO file lib.wrl"));
-    EXPECT_THAT(w.err, HasSubstr("Can't exceed EXTERNPROTO depth of 10!"));
     EXPECT_EQ(count(w.scene, "opRep"), 1) << w.scene;
     EXPECT_THAT(w.scene, HasSubstr("csTransform \"T\""));
     znNode* m = node("M");
@@ -348,15 +341,4 @@ TEST(RealFileOutput, NodesThatReferToThemselvesAreWrittenAsUse) {
     EXPECT_THAT(written, HasSubstr("me\t\n  USE S\n"));
     EXPECT_THAT(written, HasSubstr("USE T\n"));
     EXPECT_EQ(count(written, "DEF S"), 1) << written;
-}
-
-// Nesting deeper than the parser's stacks is refused with a message, at a
-// depth that every later stage handles.
-TEST(RealFileLimits, DeepNestingEndsTheParseWithAMessage) {
-    wrltest::TempDir dir;
-    std::string text;
-    for (int i = 0; i < 3000; ++i) text += "Transform { children [\n";
-    wrltest::WorldLoad w = wrltest::loadWorld(dir.write("deep.wrl", "#VRML V2.0 utf8\n" + text));
-    ASSERT_NE(w.scene, nullptr);
-    EXPECT_THAT(w.err, HasSubstr("parser stack overflow"));
 }
