@@ -5,7 +5,7 @@
 
 #include <unistd.h>
 
-#include <cstdio>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -41,7 +41,6 @@ std::vector<unsigned char> pixelsOf(const csImage* image) {
     return std::vector<unsigned char>(field.getData(), field.getData() + field.getCount());
 }
 
-
 std::string texturedShape(const std::string& def, const std::string& texture) {
     return "Shape { appearance Appearance { texture DEF " + def + " ImageTexture { " + texture +
            " } } geometry Box {} }\n";
@@ -52,6 +51,13 @@ csTexture* textureOf(csEnvironment* scene, int index) {
     opRep* rep = wrltest::shapeAt(scene, index);
     csAppearance* look = rep ? rep->getAppearance() : nullptr;
     return look ? look->getTexture() : nullptr;
+}
+
+void setUrl(optImageTexture* node, const char* name) {
+    MFString urls;
+    std::string text = name;
+    urls.addValue(text);
+    node->set_url(urls, 1.0);
 }
 
 // Loads worlds beside their images. The image cache lives as long as the
@@ -165,16 +171,10 @@ TEST_F(ImageTextureLoad, RemoteImageGoesThroughTheURLCache) {
 }
 
 TEST_F(ImageTextureLoad, MissingUnreadableAndOverlongNamesAreReportedAndSkipped) {
-    FILE* junk = std::fopen(beside("junk.png").c_str(), "w");
-    ASSERT_NE(junk, nullptr);
-    std::fputs("this is no picture at all", junk);
-    std::fclose(junk);
+    std::ofstream(beside("junk.png")) << "this is no picture at all";
     writePng(beside("whole.png"), 8, 8, 3);
     const std::string whole = wrltest::readFile(beside("whole.png"));
-    FILE* cut = std::fopen(beside("cut.png").c_str(), "wb");
-    ASSERT_NE(cut, nullptr);
-    std::fwrite(whole.data(), 1, whole.size() / 2, cut);
-    std::fclose(cut);
+    std::ofstream(beside("cut.png"), std::ios::binary) << whole.substr(0, whole.size() / 2);
     writePng(beside("third.png"), 1, 1, 3);
     const std::string longName(2000, 'x');
 
@@ -217,11 +217,8 @@ TEST_F(ImageTextureLoad, NoUsableURLLeavesATextureWithoutImageAndANewURLBringsOn
     }
 
     writePng(beside("after.png"), 2, 1, 4);
-    MFString urls;
-    std::string name = "after.png";
-    urls.addValue(name);
     optImageTexture* node = texture("M");
-    node->set_url(urls, 1.0);
+    setUrl(node, "after.png");
     EXPECT_STREQ(node->getFileName(), beside("after.png").c_str());
     ASSERT_NE(node->getTexture()->getImage(), nullptr);
     EXPECT_EQ(node->getTexture()->getImage()->getWidth(), 2);
@@ -242,20 +239,14 @@ TEST_F(ImageTextureLoad, ShapeFollowsAPictureThatANewURLBringsOrTakesAway) {
     ASSERT_NE(node, nullptr);
     Builtin* shape = world.builtinNamed("S");
     SFTime time(1.0);
-    auto setURL = [node](const char* name) {
-        MFString urls;
-        std::string text = name;
-        urls.addValue(text);
-        node->set_url(urls, 1.0);
-    };
 
     writePng(beside("arrives.png"), 2, 2, 3);
-    setURL("arrives.png");
+    setUrl(node, "arrives.png");
     shape->action(time, kActionRefresh, nullptr);
     EXPECT_TRUE(look->getTexEnable());
     EXPECT_EQ(look->getMaterial()->getDiffuseColor(), csVec3f(0.8f, 0.8f, 0.8f));
 
-    wrltest::stderrOf([&] { setURL("gone.png"); });
+    wrltest::stderrOf([&] { setUrl(node, "gone.png"); });
     EXPECT_EQ(node->getTexture()->getImage(), nullptr) << "the old picture does not stay";
     shape->action(time, kActionRefresh, nullptr);
     EXPECT_FALSE(look->getTexEnable());
