@@ -106,16 +106,6 @@ TEST(CompiledScript, FunctionIsNamedByTheInitTextOrTheTypeAndMissingPartsAreRepo
     EXPECT_EQ(world.makeNode(unnamed)->initialize(), 0);
 }
 
-TEST(CompiledScript, UnregisteredInlinePrefixWarnsAndTheNextURLServes) {
-    BehaviourWorld world;
-    CaptureStderr();
-    znNodeType& type = world.makeType("Script", {"javascript:function f(){}", COUNTER_SO});
-    std::string err = GetCapturedStderr();
-    EXPECT_TRUE(has(err, "SCRIPT INTERFACE WARNING:\n   \"javascript:\" inline script prefix not registered.")) << err;
-    ASSERT_NE(compiled(type), nullptr);
-    EXPECT_NE(compiled(type)->getScriptFn(), nullptr);
-}
-
 TEST(CompiledScript, StaticBuiltinIsFoundInTheLoadedImageAndShutdownForgetsIt) {
     BehaviourWorld world;
     znNodeType& type = world.makeType("Group", {"STATIC_BUILTIN.so"}, {{"children", MFNodeType, field, true}});
