@@ -207,7 +207,7 @@ TEST_F(NodeCreation, TopLevelRecordsJoinTheTopLevelListAndAreCleanUntilInitialis
 
 // --- Run-time nodes --------------------------------------------------------------------
 
-TEST_F(NodeCreation, NewNodeTakesTheLargestIDPlusOne) {
+TEST_F(NodeCreation, NewNodeTakesTheLargestIDPlusOneAndRefusesATakenNameAndAnUnknownType) {
     NodeChain chain;
     thing(chain, 7, "d00000+a");
     ASSERT_EQ(browser.addNode(chain.head), 1);
@@ -216,12 +216,9 @@ TEST_F(NodeCreation, NewNodeTakesTheLargestIDPlusOne) {
     EXPECT_EQ(made->getID(), 8);
     EXPECT_EQ(browser.getNodeID("u00000+made"), 8);
     EXPECT_EQ(browser.newNode("d00000+first", 1)->getID(), 9);
-}
 
-TEST_F(NodeCreation, NewNodeRefusesATakenNameAndAnUnknownType) {
-    ASSERT_NE(browser.newNode("d00000+x", type), nullptr);
-    EXPECT_EQ(browser.newNode("d00000+x", type), nullptr);
-    EXPECT_THROW(browser.getNode(2), znInvalidNodeIDException);
+    EXPECT_EQ(browser.newNode("d00000+made", type), nullptr);
+    EXPECT_THROW(browser.getNode(10), znInvalidNodeIDException);
     const std::string err = wrltest::stderrOf([&] { EXPECT_EQ(browser.newNode("d00000+y", 42), nullptr); });
     EXPECT_NE(err.find("Invalid Node Type ID:  ID=42"), std::string::npos);
 }

@@ -65,14 +65,13 @@ protected:
     std::unique_ptr<wrltest::WorldLoad> world;  // the world the texts go into
 };
 
-TEST_F(StringWorld, EmptyStringLeavesTopLevelAndTempDirAsTheyWere) {
+// An empty text adds nothing, and neither text leaves the top level
+// changed or a file behind.
+TEST_F(StringWorld, AddsItsNodesAndLeavesNoFile) {
     EXPECT_TRUE(make("").empty());
     EXPECT_EQ(browser->getTopLevel(), before);
     EXPECT_EQ(before.size(), 2u);
     EXPECT_TRUE(std::filesystem::is_empty(dir.path()));
-}
-
-TEST_F(StringWorld, AddsItsNodesAndLeavesNoFile) {
     std::vector<BaseNode> nodes = make("DEF Added Group { } Transform { }");
     ASSERT_EQ(nodes.size(), 2u);
     EXPECT_STREQ(nodes.front().handleNode()->getType(), "Group");
