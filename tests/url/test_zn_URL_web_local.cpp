@@ -24,20 +24,13 @@ protected:
 
 }  // namespace
 
-TEST_F(WebLocal, RelativeFileIsFoundUnderThePushedDirectory) {
+TEST_F(WebLocal, RelativeFileIsFoundUnderThePushedDirectoryAndAnAbsoluteOneIsNotJoined) {
     const std::string world = files.write("m/world.wrl", "w");
     files.write("m/sub/inline.wrl", "inline");
+    const std::string other = files.write("n/other.wrl", "o");
     FILE* outer = url.fopenURL(world.c_str(), 1);
     ASSERT_NE(outer, nullptr);
     EXPECT_EQ(std::string(url.getURL("sub/inline.wrl", 0)), files.path() + "/m/sub/inline.wrl");
-    url.fcloseURL(outer, 1);
-    EXPECT_EQ(url.get_path(), nullptr);
-}
-
-TEST_F(WebLocal, AbsolutePathIsNotJoined) {
-    const std::string world = files.write("m/world.wrl", "w");
-    const std::string other = files.write("n/other.wrl", "o");
-    FILE* outer = url.fopenURL(world.c_str(), 1);
     EXPECT_EQ(std::string(url.getURL(other.c_str(), 0)), other);
     EXPECT_EQ(std::string(url.getURL(("FILE:" + other).c_str(), 0)), other);
 
@@ -47,6 +40,7 @@ TEST_F(WebLocal, AbsolutePathIsNotJoined) {
     EXPECT_EQ(std::string(url.get_path()), files.path() + "/n/");
     url.fcloseURL(inner, 1);
     url.fcloseURL(outer, 1);
+    EXPECT_EQ(url.get_path(), nullptr);
 }
 
 TEST_F(WebLocal, FailedOpenTakesItsStackEntryOffAgainAndCloseWithFlagZeroDoesNotPop) {
