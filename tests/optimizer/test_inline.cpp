@@ -37,12 +37,6 @@ void put(const std::string& dir, const std::string& name, const std::string& tex
     std::ofstream(dir + "/" + name, std::ios::binary) << text;
 }
 
-size_t occurrences(const std::string& text, const std::string& word) {
-    size_t count = 0;
-    for (size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1)) ++count;
-    return count;
-}
-
 // How many csInline groups stand one inside the other from `node` down.
 int nestedInlines(csNode* node) {
     int depth = 0;
@@ -93,7 +87,7 @@ TEST(optInline, AnInlineUsedTwiceReadsItsFileOnce) {
     ASSERT_NE(in, nullptr);
     EXPECT_EQ(childAs<csInline>(childAs<csTransform>(scene, 1), 0), in);
     EXPECT_EQ(in->getChildCount(), 1);
-    EXPECT_EQ(occurrences(world.lastErrors(), "Done loading URL:  part.wrl"), 1u);
+    EXPECT_EQ(wrltest::occurrences(world.lastErrors(), "Done loading URL:  part.wrl"), 1);
 }
 
 TEST(optInline, GzippedFilesAreReadUnpacked) {
@@ -119,8 +113,8 @@ TEST(optInline, WorldsThatInlineThemselvesStopWithAMessage) {
     EXPECT_EQ(nestedInlines(scene->getChild(0)), 2);
     EXPECT_EQ(nestedInlines(scene->getChild(1)), 3);
     const std::string& errors = world.lastErrors();
-    EXPECT_EQ(occurrences(errors, messageLine("Inline:  self.wrl inlines itself; it is not read again.")), 1u);
-    EXPECT_EQ(occurrences(errors, messageLine("Inline:  ping.wrl inlines itself; it is not read again.")), 1u);
+    EXPECT_EQ(wrltest::occurrences(errors, messageLine("Inline:  self.wrl inlines itself; it is not read again.")), 1);
+    EXPECT_EQ(wrltest::occurrences(errors, messageLine("Inline:  ping.wrl inlines itself; it is not read again.")), 1);
 }
 
 TEST(optInline, ChainsDeeperThanTheLimitAreCut) {

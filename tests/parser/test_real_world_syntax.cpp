@@ -15,14 +15,9 @@
 
 using testing::HasSubstr;
 using testing::Not;
+using wrltest::occurrences;
 
 namespace {
-
-int count(const std::string& text, const std::string& part) {
-    int n = 0;
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++n;
-    return n;
-}
 
 struct World {
     std::string scene;
@@ -69,7 +64,7 @@ TEST(RealFileValues, ListsClosedAgainstTheNextTokenAndEmptyListsOfEveryType) {
                    " coordIndex [0 1 2]}}\n");
     ASSERT_TRUE(w.loaded);
     EXPECT_THAT(w.err, Not(HasSubstr("Error"))) << w.err;
-    EXPECT_EQ(count(w.scene, "opRep"), 3) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "opRep"), 3) << w.scene;
     EXPECT_THAT(w.scene, HasSubstr("text: \"one\ntwo\n\""));
     EXPECT_THAT(w.scene, HasSubstr("primitives: 1"));
     EXPECT_THAT(w.scene, HasSubstr("primitives: 0"));
@@ -121,9 +116,9 @@ TEST(RealFileNames, NonAsciiAndLongDefNamesAreNamesLikeAnyOther) {
     EXPECT_THAT(w.err, Not(HasSubstr("Error"))) << w.err;
     EXPECT_THAT(w.err, Not(HasSubstr("failed getting unique name"))) << w.err;
     EXPECT_THAT(w.err, Not(HasSubstr("BAD ROUTE"))) << w.err;
-    EXPECT_EQ(count(w.scene, "csTransform \"Größe\""), 2) << w.scene;
-    EXPECT_EQ(count(w.scene, "csTransform \"" + longName + "\""), 2) << w.scene;
-    EXPECT_EQ(count(w.scene, "opSphere"), 2);
+    EXPECT_EQ(occurrences(w.scene, "csTransform \"Größe\""), 2) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "csTransform \"" + longName + "\""), 2) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "opSphere"), 2);
     ASSERT_NE(node(longName.c_str()), nullptr);
     EXPECT_STREQ(node(longName.c_str())->getType(), "Transform");
 }
@@ -143,11 +138,11 @@ TEST(RealFileNames, EachFileHasNamesOfItsOwn) {
                         "Inline { url \"part.wrl\" }\n"
                         "Group { children [ USE Undefined Shape { geometry Cylinder { } } ] }\n");
     ASSERT_TRUE(w.loaded);
-    EXPECT_EQ(count(w.scene, "opSphere"), 1) << w.scene;
-    EXPECT_EQ(count(w.scene, "Unnamed Box Node"), 1) << w.scene;
-    EXPECT_EQ(count(w.scene, "opCone"), 1) << w.scene;
-    EXPECT_EQ(count(w.scene, "opCylinder"), 1) << w.scene;
-    EXPECT_EQ(count(w.scene, "csTransform \"X\""), 1) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "opSphere"), 1) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "Unnamed Box Node"), 1) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "opCone"), 1) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "opCylinder"), 1) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "csTransform \"X\""), 1) << w.scene;
     EXPECT_THAT(w.err, HasSubstr("failed getting unique name for DEF'ed node X."));
 }
 
@@ -163,7 +158,7 @@ TEST(RealFileNames, ByteOrderMarkAndNamesBeginningWithDigits) {
                              "Group { children USE 1_Part }\n"));
     ASSERT_NE(w.scene, nullptr);
     EXPECT_THAT(w.err, Not(HasSubstr("Error"))) << w.err;
-    EXPECT_EQ(count(wrltest::sceneText(w.scene), "csTransform \"1_Part\""), 2);
+    EXPECT_EQ(occurrences(wrltest::sceneText(w.scene), "csTransform \"1_Part\""), 2);
     w = wrltest::loadWorld(dir.write("old.wrl", "\xEF\xBB\xBF#VRML V1.0 ascii\nSeparator { }\n"));
     EXPECT_EQ(w.scene, nullptr);
 }
@@ -192,11 +187,11 @@ TEST(RealFileProtos, InnerDefinitionsAreScopedToTheirBody) {
                    "Cone2 { }\n");
     ASSERT_TRUE(w.loaded);
     EXPECT_THAT(w.err, Not(HasSubstr("already defined"))) << w.err;
-    EXPECT_EQ(count(w.scene, "opSphere"), 1) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "opSphere"), 1) << w.scene;
     EXPECT_THAT(w.scene, HasSubstr("radius: 5"));
-    EXPECT_EQ(count(w.scene, "csIndexedFaceSet \"Unnamed Box Node\""), 1) << w.scene;
-    EXPECT_EQ(count(w.scene, "opCone"), 2) << w.scene;
-    EXPECT_EQ(count(w.scene, "opCylinder"), 0) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "csIndexedFaceSet \"Unnamed Box Node\""), 1) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "opCone"), 2) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "opCylinder"), 0) << w.scene;
 }
 
 // A PROTO whose body is an instance of another PROTO stands where that one
@@ -215,11 +210,11 @@ TEST(RealFileProtos, ChainsOfProtosBuildAndOverlongChainsStop) {
         ASSERT_NE(w.scene, nullptr);
         const std::string scene = wrltest::sceneText(w.scene);
         if (length == 3) {
-            EXPECT_EQ(count(scene, "opRep"), 1) << scene;
+            EXPECT_EQ(occurrences(scene, "opRep"), 1) << scene;
             EXPECT_THAT(w.err, Not(HasSubstr("nested more than")));
         } else {
-            EXPECT_EQ(count(scene, "opRep"), 0) << scene;
-            EXPECT_EQ(count(w.err, "PROTO instances nested more than 100 deep"), 1) << w.err;
+            EXPECT_EQ(occurrences(scene, "opRep"), 0) << scene;
+            EXPECT_EQ(occurrences(w.err, "PROTO instances nested more than 100 deep"), 1) << w.err;
         }
     }
 }
@@ -233,8 +228,8 @@ TEST(RealFileExternProtos, EmptyInterfacesAndUrlListsWithoutBlanks) {
                    "EXTERNPROTO G [] [\"lib.wrl\"]\n"
                    "E { } F { } G { }\n");
     ASSERT_TRUE(w.loaded);
-    EXPECT_EQ(count(w.scene, "opRep"), 3) << w.scene << w.err;
-    EXPECT_EQ(count(w.err, "Could not open EXTERNPROTO a.wrl"), 1) << w.err;
+    EXPECT_EQ(occurrences(w.scene, "opRep"), 3) << w.scene << w.err;
+    EXPECT_EQ(occurrences(w.err, "Could not open EXTERNPROTO a.wrl"), 1) << w.err;
 }
 
 // An EXTERNPROTO that no URL resolves is reported, its nodes take the
@@ -255,7 +250,7 @@ TEST(RealFileExternProtos, UnresolvedOnesBuildNothingAndTheRestLoads) {
     EXPECT_THAT(w.err, Not(HasSubstr("parse error"))) << w.err;
     EXPECT_THAT(w.err, HasSubstr("EXTERNPROTO Missing: no URL of its list gives its PROTO"));
     EXPECT_THAT(w.err, HasSubstr("No PROTO NotThere in EXTERNPROTO file lib.wrl"));
-    EXPECT_EQ(count(w.scene, "opRep"), 1) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "opRep"), 1) << w.scene;
     EXPECT_THAT(w.scene, HasSubstr("csTransform \"T\""));
     znNode* m = node("M");
     ASSERT_NE(m, nullptr);
@@ -275,7 +270,7 @@ TEST(RealFileScripts, ExposedFieldInAScriptInterface) {
     ASSERT_TRUE(w.loaded);
     EXPECT_THAT(w.err, Not(HasSubstr("Error"))) << w.err;
     EXPECT_THAT(w.err, Not(HasSubstr("BAD ROUTE"))) << w.err;
-    EXPECT_EQ(count(w.scene, "opRep"), 1);
+    EXPECT_EQ(occurrences(w.scene, "opRep"), 1);
     znNode* s = node("S");
     ASSERT_NE(s, nullptr);
     EXPECT_GE(s->getDataID("level"), 0);
@@ -298,11 +293,11 @@ TEST(RealFileUnknownTypes, SkippedBodiesLeaveTheEnclosingNodeWhole) {
                    "Transform { children USE X }\n");
     ASSERT_TRUE(w.loaded);
     EXPECT_THAT(w.err, Not(HasSubstr("parse error"))) << w.err;
-    EXPECT_EQ(count(w.err, "Unknown node type 'Gizmo', skipping node"), 1) << w.err;
-    EXPECT_EQ(count(w.err, "Unknown node type Gizmo near line"), 1) << w.err;
+    EXPECT_EQ(occurrences(w.err, "Unknown node type 'Gizmo', skipping node"), 1) << w.err;
+    EXPECT_EQ(occurrences(w.err, "Unknown node type Gizmo near line"), 1) << w.err;
     EXPECT_THAT(w.err, Not(HasSubstr("getNodeID"))) << w.err;
-    EXPECT_EQ(count(w.scene, "csGroup \"G\""), 2) << w.scene;
-    EXPECT_EQ(count(w.scene, "opRep"), 2) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "csGroup \"G\""), 2) << w.scene;
+    EXPECT_EQ(occurrences(w.scene, "opRep"), 2) << w.scene;
 }
 
 // Fields that a node's type does not have, as some exporters write, are
@@ -321,14 +316,14 @@ TEST(RealFileUnknownTypes, ValuesOfUnknownFieldsArePassedOver) {
     EXPECT_THAT(w.err, Not(HasSubstr("parse error"))) << w.err;
     for (const char* field : {"'extra' of Transform", "'flag' of Transform", "'glow' of Material",
                               "'label' of Material", "'weird' of Box", "'also' of Box", "'nothing' of Sphere"})
-        EXPECT_EQ(count(w.err, std::string("Unknown field ") + field + ", skipping its value"), 1) << field;
+        EXPECT_EQ(occurrences(w.err, std::string("Unknown field ") + field + ", skipping its value"), 1) << field;
     EXPECT_THAT(w.scene, HasSubstr("translation: 1 2 3"));
     EXPECT_THAT(w.scene, HasSubstr("diffuseColor: 1 0 0"));
     EXPECT_THAT(w.scene, HasSubstr("boundMax: 1 1 1"));
     EXPECT_THAT(w.scene, HasSubstr("radius: 3"));
-    EXPECT_EQ(count(w.scene, "opRep"), 1);
-    EXPECT_EQ(count(w.scene, "opSphere"), 1);
-    EXPECT_EQ(count(w.scene, "opCone"), 1);
+    EXPECT_EQ(occurrences(w.scene, "opRep"), 1);
+    EXPECT_EQ(occurrences(w.scene, "opSphere"), 1);
+    EXPECT_EQ(occurrences(w.scene, "opCone"), 1);
 }
 
 // A graph that refers back to itself is written with a USE of the node.
@@ -340,5 +335,5 @@ TEST(RealFileOutput, NodesThatReferToThemselvesAreWrittenAsUse) {
     const std::string written = wrltest::writtenWorld();
     EXPECT_THAT(written, HasSubstr("me\t\n  USE S\n"));
     EXPECT_THAT(written, HasSubstr("USE T\n"));
-    EXPECT_EQ(count(written, "DEF S"), 1) << written;
+    EXPECT_EQ(occurrences(written, "DEF S"), 1) << written;
 }

@@ -123,6 +123,12 @@ std::string readFile(const std::string& path) {
     return text.str();
 }
 
+int occurrences(const std::string& text, const std::string& part) {
+    int n = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) ++n;
+    return n;
+}
+
 std::string nodeSupportFile() { return std::string(WRL_SOURCE_DIR) + "/data/znbuiltins.wrl"; }
 
 WorldLoad::WorldLoad(csNode* loaded, std::string printed, std::string errors)

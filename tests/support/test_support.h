@@ -84,6 +84,9 @@ private:
 
 std::string readFile(const std::string& path);
 
+// How many times `part` stands in `text`, not overlapping.
+int occurrences(const std::string& text, const std::string& part);
+
 // Three components of a point, vector or colour, each within `tolerance`.
 template <class V>
 void expectNear(const V& v, float x, float y, float z, float tolerance = 1e-5f) {

@@ -24,12 +24,6 @@ namespace {
 
 const std::string kHeader = "#VRML V2.0 utf8\n";
 
-std::size_t occurrences(const std::string& text, const std::string& part) {
-    std::size_t count = 0;
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;
-    return count;
-}
-
 class RemoteWorld : public testing::Test {
 protected:
     void SetUp() override { zn_URL_web::remoteRequests = 1; }
@@ -64,7 +58,7 @@ TEST_F(RemoteWorld, ItsPrototypeInlineAndTextureComeFromBesideIt) {
     EXPECT_THAT(scene, HasSubstr("translation: 1 2 3"));
     EXPECT_THAT(scene, HasSubstr("radius: 4"));
     EXPECT_THAT(scene, HasSubstr("csImage\n"));
-    EXPECT_EQ(occurrences(scene, "width: 8"), 2u);
+    EXPECT_EQ(wrltest::occurrences(scene, "width: 8"), 2);
     EXPECT_THAT(server.requests(), ElementsAre("GET /w/world.wrl HTTP/1.1", "GET /w/lib/far.wrl HTTP/1.1",
                                                "GET /w/tex/checker.png HTTP/1.1", "GET /w/parts/part.wrl HTTP/1.1"));
 

@@ -23,12 +23,6 @@ wrltest::WorldLoad load(const std::string& path) {
     return load;
 }
 
-size_t occurrences(const std::string& text, const std::string& word) {
-    size_t count = 0;
-    for (size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1)) ++count;
-    return count;
-}
-
 }  // namespace
 
 TEST(BuiltinLoads, EveryBuiltInTypeOfAWorldHasItsObject) {
@@ -55,8 +49,8 @@ TEST(BuiltinLoads, EveryBuiltInTypeOfAWorldHasItsObject) {
 TEST(BuiltinLoads, UnsupportedTypeAlertsOncePerTypeAndKeepsItsNodes) {
     const wrltest::WorldLoad world = load(behaviourFile("unsupported.wrl"));
     const std::string& err = world.err;
-    EXPECT_EQ(occurrences(err, "TimeSensor nodes not supported in this version."), 1u) << err;
-    EXPECT_EQ(occurrences(err, "Sound nodes not supported in this version."), 1u) << err;
+    EXPECT_EQ(wrltest::occurrences(err, "TimeSensor nodes not supported in this version."), 1) << err;
+    EXPECT_EQ(wrltest::occurrences(err, "Sound nodes not supported in this version."), 1) << err;
     auto* clock = dynamic_cast<znNode*>(_ZNmain->browser->getNode("CLOCK2"));
     ASSERT_NE(clock, nullptr);
     EXPECT_EQ(clock->getCPPScript(), nullptr);
