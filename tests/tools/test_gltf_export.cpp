@@ -357,15 +357,6 @@ TEST(GltfExport, ATexturedBoxCarriesItsPictureTheRightWayUp) {
     EXPECT_TRUE(seen);
 }
 
-// A PixelTexture lists its rows from the bottom: its last row is the top
-// row of the embedded picture.
-TEST(GltfExport, APixelTexturesTopRowComesFirst) {
-    Exported e = exportWorld(
-        "Shape { appearance Appearance { texture PixelTexture { image 1 2 1 0x10 0xF0 } } geometry Box { } }");
-    ASSERT_EQ(e.model.images.size(), 1u);
-    EXPECT_EQ(embeddedPicture(e.model, 0).bytes, (std::vector<unsigned char>{0xF0, 0x10}));
-}
-
 // ---- Lights and viewpoints
 
 TEST(GltfExport, LightsShineWhereTheWorldPointsThem) {
