@@ -18,6 +18,7 @@
 #include "optimizer/optShape.h"
 #include "optimizer/optTextureTransform.h"
 #include "scene_world.h"
+#include "url_test_server.h"
 
 using wrltest::childAs;
 using wrltest::expectVec3;
@@ -168,7 +169,7 @@ TEST(optAppearance, TextureWithNothingToShowLeavesTheMaterialAndTheColours) {
         "ImageTexture { url \"absent.png\" }",
         "ImageTexture { url \"support.wrl\" }",  // there, but no picture
         "PixelTexture { }",
-        "PixelTexture { image 1 1 5 7 }",
+        "DEF WIDE PixelTexture { image 1 1 5 7 }",
         "MovieTexture { url \"clip.mpg\" }",
     };
     std::string text;
@@ -191,6 +192,11 @@ TEST(optAppearance, TextureWithNothingToShowLeavesTheMaterialAndTheColours) {
         ASSERT_NE(faces->getColorSet(), nullptr);
         EXPECT_EQ(faces->getColorSet()->getCount(), 3) << "no grey in place of the colours";
     }
+    // Too many components are said; the default image without pixels is not.
+    EXPECT_NE(world.lastErrors().find(wrltest::messageLine("optPixelTexture:  The image of WIDE (1 x 1, 5 components, "
+                                                           "1 pixels) cannot be shown; it is left out.")),
+              std::string::npos);
+    EXPECT_EQ(world.lastErrors().find("Unnamed PixelTexture"), std::string::npos);
 }
 
 TEST(optTextureTransform, MatrixTranslatesThenTurnsAndScalesAboutTheCentre) {

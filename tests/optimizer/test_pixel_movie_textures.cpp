@@ -75,18 +75,6 @@ TEST(optPixelTexture, EachPixelGivesItsComponentsHighestByteFirst) {
     EXPECT_EQ(textureAt(scene, 2)->getFormat(), csTexture::RGBA);
 }
 
-TEST(optPixelTexture, ImagesOfMoreThanFourComponentsAreLeftOutWithAMessage) {
-    SceneLoad world;
-    csEnvironment* scene = world.load(shapeWith("DEF WIDE PixelTexture { image 1 1 5 7 }") + shapeWith("PixelTexture { }"));
-    EXPECT_EQ(textureAt(scene, 0)->getImage(), nullptr);
-    EXPECT_THAT(world.lastErrors(), HasSubstr(wrltest::messageLine(
-                                        "optPixelTexture:  The image of WIDE (1 x 1, 5 components, 1 pixels) cannot be "
-                                        "shown; it is left out.")));
-    // The default image has no pixels: nothing to show and nothing to say.
-    EXPECT_EQ(textureAt(scene, 1)->getImage(), nullptr);
-    EXPECT_EQ(world.lastErrors().find("Unnamed PixelTexture"), std::string::npos);
-}
-
 TEST(optMovieTexture, KeepsItsMovieAndSaysOncePerWorldThatItShowsNone) {
     const std::string text = shapeWith("DEF M MovieTexture { url [ \"a.mpg\" \"b.mpg\" ] loop TRUE speed 2 repeatT FALSE }") +
                              shapeWith("MovieTexture { }");
