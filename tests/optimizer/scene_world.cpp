@@ -12,9 +12,6 @@
 #include "loader/zn.h"
 #include "browser/zn_browser_intern.h"
 #include "nodes/zn_node.h"
-#include "opCone.h"
-#include "opCuboid.h"
-#include "opSphere.h"
 #include "optimizer/optHandleTable.h"
 #include "vrmlnodes/VRMLNodebase.h"
 
@@ -62,9 +59,6 @@ private:
                 object.reset(faces);
                 break;
             }
-            case wrltest::kSphere: object.reset(new opSphere()); break;
-            case wrltest::kCuboid: object.reset(new opCuboid()); break;
-            case wrltest::kCone: object.reset(new opCone()); break;
             case wrltest::kLines: {
                 auto* lines = new csIndexedLineSet();
                 spanBox(lines, low, high);

@@ -31,11 +31,8 @@ enum GeometryKind {
     kNoGeometry = 0,
     kColouredFaces = 1,
     kPlainFaces = 2,
-    kSphere = 3,
-    kCuboid = 4,
     kLines = 5,
     kNotGeometry = 6,  // a csMaterial
-    kCone = 7,
 };
 
 // The shipped Node Support file with the test types added.
