@@ -46,6 +46,16 @@ wrlLoadOptions quiet(Collected& c) {
 
 int childCount(csNode* scene) { return scene != nullptr ? static_cast<csGroup*>(scene)->getChildCount() : -1; }
 
+// Loads under the shipped Node Support file, quietly, with the reports in `c`.
+class HostGuest : public testing::Test {
+protected:
+    wrltest::ScopedEnv builtins{"ZNBUILTINS", wrltest::nodeSupportFile().c_str()};
+    Collected c;
+    wrlLoadOptions options = quiet(c);
+};
+
+class WorldLifetime : public HostGuest {};
+
 bool anyHas(const std::vector<std::string>& texts, const std::string& part) {
     for (const std::string& t : texts)
         if (t.find(part) != std::string::npos) return true;
@@ -56,16 +66,13 @@ bool anyHas(const std::vector<std::string>& texts, const std::string& part) {
 
 // A program fed lines on standard input keeps every one of them, whatever
 // the world asks.
-TEST(HostGuest, StandardInputThatIsNoTerminalIsLeftToTheHost) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+TEST_F(HostGuest, StandardInputThatIsNoTerminalIsLeftToTheHost) {
     wrltest::TempDir dir;
     const std::string path = dir.write("asks.wrl", "#VRML V2.0 utf8\nGizmo { } Transform { wobble 3 } Group { }\n");
     wrltest::ScopedStdin input("first\nsecond\nthird\n");
     char line[32];
     ASSERT_NE(std::fgets(line, sizeof line, stdin), nullptr);
     EXPECT_STREQ(line, "first\n");
-    Collected c;
-    wrlLoadOptions options = quiet(c);
     wrlLoadResult result;
     csRefPtr<csNode> scene(wrlLoadWith(path.c_str(), &options, &result));
     EXPECT_EQ(result.status, WRL_LOADED);
@@ -79,8 +86,7 @@ TEST(HostGuest, StandardInputThatIsNoTerminalIsLeftToTheHost) {
     EXPECT_EQ(questions, 2);
 }
 
-TEST(HostGuest, WhatDoesNotLoadSaysWhy) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+TEST_F(HostGuest, WhatDoesNotLoadSaysWhy) {
     wrltest::ScopedEnv path("OPTPATH", nullptr);
     wrltest::TempDir dir;
     const struct {
@@ -92,14 +98,12 @@ TEST(HostGuest, WhatDoesNotLoadSaysWhy) {
         {dir.path() + "/absent.wrl", WRL_NOT_FOUND, "not found"},
         {dir.write("old.wrl", "#VRML V1.0 ascii\nSeparator { }\n"), WRL_REFUSED, "a VRML 1.0 file"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        Collected reports;
-        wrlLoadOptions options = quiet(reports);
+    for (const auto& k : cases) {
+        SCOPED_TRACE(k.name);
         wrlLoadResult result;
-        wrltest::stderrOf([&] { EXPECT_EQ(wrlLoadWith(c.name.c_str(), &options, &result), nullptr); });
-        EXPECT_EQ(result.status, c.status);
-        EXPECT_EQ(result.reason, c.reason);
+        wrltest::stderrOf([&] { EXPECT_EQ(wrlLoadWith(k.name.c_str(), &options, &result), nullptr); });
+        EXPECT_EQ(result.status, k.status);
+        EXPECT_EQ(result.reason, k.reason);
     }
     wrlLoadResult none;
     EXPECT_EQ(wrlLoadWith(nullptr, nullptr, &none), nullptr);
@@ -109,16 +113,13 @@ TEST(HostGuest, WhatDoesNotLoadSaysWhy) {
 // The report callback has every report with its file and line; the result
 // has the syntax error that stopped the parse, and the scene what came
 // before it.
-TEST(HostGuest, ReportsAndTheResultCarryFileAndLine) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+TEST_F(HostGuest, ReportsAndTheResultCarryFileAndLine) {
     wrltest::TempDir dir;
     const std::string path = dir.write("broken.wrl",
                                        "#VRML V2.0 utf8\n"
                                        "Group { }\n"
                                        "Transform { wobble 3 }\n"
                                        "Group { children [ Box { ] }\n");
-    Collected c;
-    wrlLoadOptions options = quiet(c);
     wrlLoadResult result;
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
@@ -152,12 +153,9 @@ int answerGroup(const char* question, char* name, std::size_t size, void* asked)
     return 1;
 }
 
-TEST(HostGuest, TheHostMayAnswerTheQuestions) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+TEST_F(HostGuest, TheHostMayAnswerTheQuestions) {
     wrltest::TempDir dir;
     const std::string path = dir.write("typo.wrl", "#VRML V2.0 utf8\nGruop { } Gizmo { }\n");
-    Collected c;
-    wrlLoadOptions options = quiet(c);
     int asked = 0;
     options.answer = answerGroup;
     options.answerData = &asked;
@@ -166,24 +164,22 @@ TEST(HostGuest, TheHostMayAnswerTheQuestions) {
     EXPECT_EQ(childCount(scene.get()), 1);
 }
 
-TEST(HostGuest, LoadsFromTwoThreadsAtOnce) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+TEST_F(HostGuest, LoadsFromTwoThreadsAtOnce) {
     const std::string path = std::string(WRL_SOURCE_DIR) + "/data/examples/transform_hierarchy.wrl";
     int expected = -1;
     {
-        Collected c;
-        wrlLoadOptions options = quiet(c);
         csRefPtr<csNode> scene(wrlLoadWith(path.c_str(), &options, nullptr));
         expected = childCount(scene.get());
     }
     ASSERT_GT(expected, 0);
     int good[2] = {0, 0};
+    // Each thread has reports of its own.
     auto work = [&](int which) {
-        Collected c;
-        wrlLoadOptions options = quiet(c);
+        Collected mine;
+        wrlLoadOptions own = quiet(mine);
         for (int i = 0; i < 50; ++i) {
             wrlLoadResult result;
-            csRefPtr<csNode> scene(wrlLoadWith(path.c_str(), &options, &result));
+            csRefPtr<csNode> scene(wrlLoadWith(path.c_str(), &own, &result));
             if (result.status == WRL_LOADED && childCount(scene.get()) == expected) ++good[which];
         }
     };
@@ -196,16 +192,13 @@ TEST(HostGuest, LoadsFromTwoThreadsAtOnce) {
 
 // A world given as text reads the files it names from the place it stands
 // for, leaves no file behind, and reports under that name.
-TEST(HostGuest, AWorldFromMemoryStandsForItsBaseUrl) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+TEST_F(HostGuest, AWorldFromMemoryStandsForItsBaseUrl) {
     wrltest::TempDir tmp;
     wrltest::ScopedEnv tmpPath("ZN_TMP_PATH", tmp.path().c_str());
     wrltest::TempDir dir;
     dir.write("parts/room.wrl", "#VRML V2.0 utf8\nShape { geometry Sphere { radius 4 } }\n");
     const std::string text =
         "#VRML V2.0 utf8\nInline { url \"parts/room.wrl\" }\nGroup { children [ Box { ] }\n";
-    Collected c;
-    wrlLoadOptions options = quiet(c);
     wrlLoadResult result;
     const std::string base = dir.path() + "/world.wrl";
     csRefPtr<csNode> scene(wrlLoadFromMemory(text.data(), text.size(), base.c_str(), &options, &result));
@@ -226,11 +219,8 @@ TEST(HostGuest, AWorldFromMemoryStandsForItsBaseUrl) {
 
 // The runtime world ends with its scene, unless the host keeps it; the
 // leak-checked run of these tests sees that nothing stays behind.
-TEST(WorldLifetime, TheWorldEndsWithItsSceneUnlessKept) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+TEST_F(WorldLifetime, TheWorldEndsWithItsSceneUnlessKept) {
     const std::string path = std::string(WRL_SOURCE_DIR) + "/data/examples/proto_posts.wrl";
-    Collected c;
-    wrlLoadOptions options = quiet(c);
     wrlLoadResult result;
     csNode* scene = wrlLoadWith(path.c_str(), &options, &result);
     ASSERT_NE(scene, nullptr);
@@ -251,12 +241,9 @@ TEST(WorldLifetime, TheWorldEndsWithItsSceneUnlessKept) {
 }
 
 // The host's terminate handler is its own before and after a load.
-TEST(HostGuest, TheHostsTerminateHandlerIsLeftAlone) {
-    wrltest::ScopedEnv builtins("ZNBUILTINS", wrltest::nodeSupportFile().c_str());
+TEST_F(HostGuest, TheHostsTerminateHandlerIsLeftAlone) {
     const std::terminate_handler mine = [] { std::abort(); };
     const std::terminate_handler before = std::set_terminate(mine);
-    Collected c;
-    wrlLoadOptions options = quiet(c);
     const std::string path = std::string(WRL_SOURCE_DIR) + "/data/examples/hello.wrl";
     csRefPtr<csNode> scene(wrlLoadWith(path.c_str(), &options, nullptr));
     EXPECT_EQ(std::get_terminate(), mine);
