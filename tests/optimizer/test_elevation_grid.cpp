@@ -28,9 +28,10 @@ const char* const kRoof = "xDimension 3 zDimension 2 height [ 0 1 0  0 1 0 ]";
 
 }  // namespace
 
-TEST(optElevationGrid, ThreeByThreeHeightsGiveFourQuadsFacingUp) {
+TEST(optElevationGrid, ThreeByThreeHeightsGiveFourQuadsFacingUpUnlessClockwise) {
     FaceSetWorld world("DEF F ElevationGrid { xDimension 3 zDimension 3 xSpacing 2 zSpacing 3 "
-                       "height [ 0 0 0  0 0 0  0 0 5 ] solid FALSE }");
+                       "height [ 0 0 0  0 0 0  0 0 5 ] solid FALSE }\n"
+                       "DEF G ElevationGrid { xDimension 2 zDimension 2 height [ 0 0 0 0 ] ccw FALSE }");
     csIndexedFaceSet* faces = world.faces();
     ASSERT_NE(faces, nullptr);
     EXPECT_STREQ(faces->getName(), "F");
@@ -55,11 +56,8 @@ TEST(optElevationGrid, ThreeByThreeHeightsGiveFourQuadsFacingUp) {
     EXPECT_EQ(tex.get(8), csVec2f(1, 1));
     EXPECT_EQ(faces->getTexCoordIndexSet(), faces->getCoordIndexSet());
     EXPECT_EQ(world.messages, "");
-}
 
-TEST(optElevationGrid, ClockwiseGridFacesDown) {
-    FaceSetWorld world("DEF F ElevationGrid { xDimension 2 zDimension 2 height [ 0 0 0 0 ] ccw FALSE }");
-    csIndexedFaceSet* faces = world.faces();
+    faces = world.faces("G");
     EXPECT_THAT(indexesOf(faces->getCoordIndexSet()), ElementsAre(1, 3, 2, 0));
     for (int c = 0; c < 4; ++c) expectNear(cornerNormal(faces, c), 0, -1, 0);
 }

@@ -51,8 +51,8 @@ bool allFinite(const csMFVec3f& list) {
 
 }  // namespace
 
-TEST(optExtrusion, SquareAlongStraightSpineIsACappedBox) {
-    FaceSetWorld world("DEF F Extrusion { }");
+TEST(optExtrusion, SquareAlongStraightSpineIsACappedBoxFacingOutUnlessClockwise) {
+    FaceSetWorld world("DEF F Extrusion { }\nDEF G Extrusion { ccw FALSE }");
     csIndexedFaceSet* faces = world.faces();
     ASSERT_NE(faces, nullptr);
     // Four walls between the two copies of the square, then the caps.
@@ -75,11 +75,9 @@ TEST(optExtrusion, SquareAlongStraightSpineIsACappedBox) {
     EXPECT_EQ(tex.get(9), csVec2f(1, 1));
     EXPECT_EQ(tex.get(10), csVec2f(1, 1));  // cap point (1, 1)
     EXPECT_EQ(faces->getTexCoordIndexSet()->getCount(), 24);
-}
 
-TEST(optExtrusion, ClockwiseSweepTurnsEveryFaceInwards) {
-    FaceSetWorld world("DEF F Extrusion { ccw FALSE }");
-    csIndexedFaceSet* faces = world.faces();
+    // Clockwise, every face turns inwards.
+    faces = world.faces("G");
     ASSERT_EQ(faces->getPrimCount(), 6);
     expectNear(cornerNormal(faces, 16), 0, 1, 0);
     expectNear(cornerNormal(faces, 20), 0, -1, 0);
