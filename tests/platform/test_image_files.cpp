@@ -131,18 +131,8 @@ TEST(csTexture, ReadsPngJpegAndGifWithTheirSizesAndComponents) {
         expectImage(l, f.width, f.height, f.components);
     }
 
-    // PNG bytes are kept, top row first.
-    Loaded grey(dir.path() + "/grey.png");
-    std::vector<unsigned char> want = pattern(5, 3, 1);
-    std::vector<std::uint8_t> got(want.size());
-    ASSERT_TRUE(grey.image()->pixels().getRange(0, static_cast<int>(got.size()), got.data()));
-    EXPECT_TRUE(std::equal(want.begin(), want.end(), got.begin()));
-    Loaded rgb(dir.path() + "/rgb.png");
-    EXPECT_EQ(rgb.image()->pixels().get(5), pattern(4, 2, 3)[5]);
-    // GIF pixel (1, 0) has colour index 1: green; index 3 is the clear one.
-    Loaded plain(dir.path() + "/plain.gif");
-    EXPECT_EQ(plain.image()->pixels().get(3), 0);
-    EXPECT_EQ(plain.image()->pixels().get(4), 255);
+    // Where each picture lands, byte for byte, the image texture tests and
+    // the quadrants below see; here the clear colour of a GIF, index 3.
     Loaded clear(dir.path() + "/clear.gif");
     EXPECT_EQ(clear.image()->pixels().get(3 * 4 + 3), 0);
     EXPECT_EQ(clear.image()->pixels().get(3), 255);
