@@ -164,20 +164,9 @@ TEST(FieldCopy, CopyKeepsTheBookkeepingAssignmentOnlyTheValue) {
     target = from;
     EXPECT_EQ(target.getValue(), 3.0f);
     EXPECT_EQ(target.getEventIndex(), -1);
-
-    // The bookkeeping assignment copies the IS names, as copies of their own.
-    char a[] = "x";
-    std::vector<char*> names{a};
-    from.addISNames(&names);
-    static_cast<znField&>(target).znField::operator=(from);
-    std::vector<char*> out;
-    target.getISNames(&out);
-    ASSERT_EQ(out.size(), 1u);
-    EXPECT_STREQ(out[0], "x");
-    EXPECT_NE(out[0], a);
-    free(out[0]);
 }
 
+// The sanitizers see that no field frees or keeps another's names.
 TEST(FieldCopy, ISNamesHeldAlikeStayEachFieldsOwn) {
     auto namesOf = [](znField& f) {
         std::vector<char*> out;
