@@ -67,7 +67,7 @@ protected:
 
 }  // namespace
 
-TEST_F(SupportWorld, SetAndAddChildrenReachTheGroupAndAValueOfTheWrongTypeIsIgnored) {
+TEST_F(SupportWorld, ChildrenEventsReachTheGroupAndAValueOfTheWrongTypeIsIgnored) {
     znNode* group = make("Group");
     SFFloat number;
     TestEvent wrong("set_children", number);
@@ -83,15 +83,12 @@ TEST_F(SupportWorld, SetAndAddChildrenReachTheGroupAndAValueOfTheWrongTypeIsIgno
     ASSERT_EQ(children(group)->getSize(), 4);
     EXPECT_EQ(children(group)->get1Value(3).getID(), last->getID());
     EXPECT_EQ(object<GroupingNode>(group)->getChildObjects().back(), static_cast<Builtin*>(last));
-}
 
-TEST_F(SupportWorld, RemoveChildrenCountsAndTakesFromTheFront) {
-    znNode* group = make("Group");
+    // removeChildren counts and takes from the front.
     znNode* second = nullptr;
-    MFNode two = groups(2, &second);
-    TestEvent set("set_children", two);
-    group->processEvent(set);
-
+    MFNode pair = groups(2, &second);
+    TestEvent reset("set_children", pair);
+    group->processEvent(reset);
     // Naming the last child removes the first.
     MFNode namingLast;
     BaseNode handle(*second);
