@@ -114,23 +114,11 @@ void VrmlNodeType::setInstName(const char* nm) {
     std::free(old);
 }
 
-void VrmlNodeType::addEventIn(const char* nm, int type) {
-    uniqueNames = -1;
-    add(eventIns, nm, type, 0);
-}
-
-void VrmlNodeType::addEventOut(const char* nm, int type) {
-    uniqueNames = -1;
-    add(eventOuts, nm, type, 0);
-}
-
-void VrmlNodeType::addField(const char* nm, int type) {
-    uniqueNames = -1;
-    add(fields, nm, type, 0);
-}
+void VrmlNodeType::addEventIn(const char* nm, int type) { add(eventIns, nm, type, 0); }
+void VrmlNodeType::addEventOut(const char* nm, int type) { add(eventOuts, nm, type, 0); }
+void VrmlNodeType::addField(const char* nm, int type) { add(fields, nm, type, 0); }
 
 void VrmlNodeType::addExposedField(const char* nm, int type) {
-    uniqueNames = -1;
     add(fields, nm, type, 1);
     if (nm == nullptr) return;
     // The _changed half is found through the field itself where routes are
@@ -303,6 +291,7 @@ bool VrmlNodeType::isUnsetDefault(const NameTypeRec& rec, int kind) {
 
 void VrmlNodeType::add(Table* list, const char* nm, int type, char exposed) {
     if (nm == nullptr || lookUp(list, nm) != nullptr) return;
+    uniqueNames = -1;
     auto* rec = new NameTypeRec;
     rec->name = znCopyText(nm);
     rec->type = type;

@@ -122,7 +122,7 @@ private:
     std::unique_ptr<NameTypeRec[]> recordBlock;
     std::size_t recordBlockSize = 0;
 
-    static void add(Table* list, const char* nm, int type, char exposed);
+    void add(Table* list, const char* nm, int type, char exposed);
     static NameTypeRec* lookUp(const Table* list, const char* nm);
     static int has(const Table* list, const char* nm);
     static int setIS(Table* list, const char* nm, const char* nodeName, const char* protoField, int type);
