@@ -37,6 +37,9 @@ public:
         const char* text;
     };
     znNode(int id, KeptText name, znNodeType* type, Browser* browser);
+    // A world has millions of nodes, all of one size.
+    static void* operator new(std::size_t size) { return znFieldPool::allocate(size); }
+    static void operator delete(void* block, std::size_t size) { znFieldPool::release(block, size); }
 
     Field* getEventIn(const char* name) override;
     Field* getEventIn(const char* name, Field** out) override;
@@ -164,7 +167,7 @@ private:
     znNodeType* nodeType;    // borrowed
     int id;
     std::uint8_t kept = 0;  // kKeptName, kKeptParent: those texts are borrowed
-    std::vector<znField*> fields;  // owning but where lent; a hole repeats a pointer until filled
+    std::vector<znField*, znPoolAllocator<znField*>> fields;  // owning but where lent; a hole repeats a pointer until filled
     std::uint64_t lent = 0;        // bit i: fields[i] is the type's default, borrowed
     // Owning: a world has a name per node, most of them short.
     char* name;
