@@ -18,25 +18,25 @@ template <class T>
 class znIdTable {
 public:
     using Entry = std::pair<int, T*>;
-    using iterator = Entry*;
 
-    iterator find(int id) {
-        if (id >= 0 && static_cast<std::size_t>(id) < dense.size() && dense[static_cast<std::size_t>(id)].second)
-            return &dense[static_cast<std::size_t>(id)];
-        if (sparse.empty()) return end();
+    // The object of `id`, or null.
+    T* find(int id) const {
+        if (id >= 0 && static_cast<std::size_t>(id) < dense.size()) {
+            if (T* object = dense[static_cast<std::size_t>(id)]) return object;
+        }
+        if (sparse.empty()) return nullptr;
         auto found = sparse.find(id);
-        return found != sparse.end() && found->second.second ? &found->second : end();
+        return found != sparse.end() ? found->second : nullptr;
     }
-    iterator end() { return nullptr; }
-    std::size_t count(int id) { return find(id) != end() ? 1 : 0; }
+    std::size_t count(int id) const { return find(id) != nullptr ? 1 : 0; }
     bool empty() const { return present == 0; }
     std::size_t size() const { return present; }
 
-    // Enters `object` unless the number is taken.
-    std::pair<iterator, bool> emplace(int id, T* object) {
-        if (iterator found = find(id)) return {found, false};
-        if (object == nullptr) return {end(), false};
-        return {place(id, object), true};
+    // Enters `object` unless the number is taken; answers whether it did.
+    bool emplace(int id, T* object) {
+        if (object == nullptr || find(id) != nullptr) return false;
+        place(id, object);
+        return true;
     }
     // Enters `object` under `id`, replacing what was there; null removes.
     void set(int id, T* object) {
@@ -44,16 +44,16 @@ public:
             erase(id);
             return;
         }
-        if (iterator found = find(id)) {
-            found->second = object;
+        if (T** at = slot(id)) {
+            *at = object;
             return;
         }
         place(id, object);
     }
     void erase(int id) {
-        iterator found = find(id);
-        if (found == end()) return;
-        found->second = nullptr;
+        T** at = slot(id);
+        if (at == nullptr) return;
+        *at = nullptr;
         if (!sparse.empty()) sparse.erase(id);
         --present;
         if (id == largestNumber) findLargest();
@@ -70,10 +70,10 @@ public:
     std::vector<Entry> inOrder() const {
         std::vector<Entry> sorted;
         sorted.reserve(present);
-        for (const Entry& e : dense)
-            if (e.second) sorted.push_back(e);
+        for (std::size_t i = 0; i < dense.size(); ++i)
+            if (dense[i]) sorted.emplace_back(static_cast<int>(i), dense[i]);
         for (const auto& e : sparse)
-            if (e.second.second) sorted.push_back(e.second);
+            if (e.second) sorted.emplace_back(e.first, e.second);
         std::sort(sorted.begin(), sorted.end(), [](const Entry& a, const Entry& b) { return a.first < b.first; });
         return sorted;
     }
@@ -83,37 +83,44 @@ private:
     // goes to the hash map instead.
     static constexpr std::size_t kSlack = 4096;
 
-    iterator place(int id, T* object) {
-        Entry* at = nullptr;
+    // Where the object of `id` is held, or null when it is not in the table.
+    T** slot(int id) {
+        if (id >= 0 && static_cast<std::size_t>(id) < dense.size() && dense[static_cast<std::size_t>(id)])
+            return &dense[static_cast<std::size_t>(id)];
+        if (sparse.empty()) return nullptr;
+        auto found = sparse.find(id);
+        return found != sparse.end() && found->second ? &found->second : nullptr;
+    }
+    void place(int id, T* object) {
         const std::size_t index = static_cast<std::size_t>(id);
         if (id >= 0 && index < std::max(dense.size(), 2 * present + kSlack)) {
-            if (index >= dense.size()) dense.resize(std::max(index + 1, dense.size() * 2), Entry{0, nullptr});
-            at = &dense[index];
+            if (index >= dense.size()) dense.resize(std::max(index + 1, dense.size() * 2), nullptr);
+            dense[index] = object;
         } else {
-            at = &sparse[id];
+            sparse[id] = object;
         }
-        *at = Entry{id, object};
         if (present++ == 0 || id > largestNumber) largestNumber = id;
-        return at;
     }
     void findLargest() {
         largestNumber = 0;
         bool any = false;
         for (std::size_t i = dense.size(); i-- > 0;)
-            if (dense[i].second) {
-                largestNumber = dense[i].first;
+            if (dense[i]) {
+                largestNumber = static_cast<int>(i);
                 any = true;
                 break;
             }
         for (const auto& e : sparse)
-            if (e.second.second && (!any || e.first > largestNumber)) {
+            if (e.second && (!any || e.first > largestNumber)) {
                 largestNumber = e.first;
                 any = true;
             }
     }
 
-    std::vector<Entry> dense;                // by number; a null object is a gap
-    std::unordered_map<int, Entry> sparse;   // numbers the array does not reach
+    // By number, only the objects: the number is the index. A null object
+    // is a gap.
+    std::vector<T*> dense;
+    std::unordered_map<int, T*> sparse;  // numbers the array does not reach
     std::size_t present = 0;
     int largestNumber = 0;
 };

@@ -30,8 +30,7 @@ void znBrowserIntern::findNode(const char* name, BaseNode& node) {
         node = BaseNode();
         return;
     }
-    auto found = nodes.find(nodeID);
-    znNode* named = found != nodes.end() ? found->second : nullptr;
+    znNode* named = nodes.find(nodeID);
     if (named && named->getID() != 0)
         node = *static_cast<BaseNode*>(named);
     else

@@ -137,8 +137,7 @@ void znBrowserIntern::updateScene() {
         SFTime time(-1.0);
         for (int nodeID : topLevel) {
             simManager->postSensor(nodeID);
-            auto found = nodes.find(nodeID);
-            if (found != nodes.end() && found->second) found->second->action(time, 2, nullptr);
+            if (znNode* node = nodes.find(nodeID)) node->action(time, 2, nullptr);
         }
     }
     readRoutes(nullptr);
@@ -266,10 +265,9 @@ znNodeType* znBrowserIntern::getType(int id) {
 }
 
 znNode* znBrowserIntern::getNode(int id) {
-    auto found = nodes.find(id);
-    if (id == 0 || found == nodes.end() || !found->second)
-        znThrow<znInvalidNodeIDException>(kInvalidNodeID, id);
-    return found->second;
+    znNode* found = nodes.find(id);
+    if (id == 0 || !found) znThrow<znInvalidNodeIDException>(kInvalidNodeID, id);
+    return found;
 }
 
 const int* znBrowserIntern::findNamed(std::string key, std::string& last) {
@@ -310,8 +308,7 @@ Node* znBrowserIntern::getNode(const char* name) {
     const int* found = findNamed(key, last);
     if (found == nullptr) znThrow<znInvalidNodeNameException>(kInvalidNodeName, last.c_str() + kFirstDefinitionPrefix);
     if (*found == 0) znThrow<znInvalidNodeIDException>(kInvalidNodeIDForName, plain, 0);
-    auto node = nodes.find(*found);
-    return node != nodes.end() ? node->second : nullptr;
+    return nodes.find(*found);
 }
 
 Node* znBrowserIntern::getNode(const char* name, Node** out) {

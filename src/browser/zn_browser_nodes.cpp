@@ -287,7 +287,7 @@ znNode* znBrowserIntern::newNode(const char* name, znNodeType* type) {
     if (!name || !type) return nullptr;
     const int id = nodes.empty() ? 1 : nodes.largest() + 1;
     auto* node = new znNode(id, name, type, this);
-    if (!nodes.emplace(id, node).second) {
+    if (!nodes.emplace(id, node)) {
         delete node;
         return nullptr;
     }

@@ -101,28 +101,28 @@ TEST(IdTable, NumbersNearAndFarFromTheArray) {
     znIdTable<int> table;
     int objects[6] = {};
     EXPECT_TRUE(table.empty());
-    EXPECT_TRUE(table.emplace(1, &objects[0]).second);
-    EXPECT_FALSE(table.emplace(1, &objects[1]).second);
-    EXPECT_EQ(table.find(1)->second, &objects[0]);
+    EXPECT_TRUE(table.emplace(1, &objects[0]));
+    EXPECT_FALSE(table.emplace(1, &objects[1]));
+    EXPECT_EQ(table.find(1), &objects[0]);
     // Far and negative numbers take the other road.
     table.set(INT_MAX, &objects[2]);
     table.set(-5, &objects[3]);
     table.set(100000, &objects[4]);
-    EXPECT_EQ(table.find(INT_MAX)->second, &objects[2]);
-    EXPECT_EQ(table.find(-5)->second, &objects[3]);
-    EXPECT_EQ(table.find(100000)->second, &objects[4]);
-    EXPECT_EQ(table.find(2), table.end());
+    EXPECT_EQ(table.find(INT_MAX), &objects[2]);
+    EXPECT_EQ(table.find(-5), &objects[3]);
+    EXPECT_EQ(table.find(100000), &objects[4]);
+    EXPECT_EQ(table.find(2), nullptr);
     EXPECT_EQ(table.largest(), INT_MAX);
     EXPECT_EQ(table.size(), 4u);
 
     // The array grows over a number that went to the hash map: the number
     // must still be found, replaced and erased, once.
     for (int i = 2; i < 60000; ++i) table.set(i, &objects[5]);
-    EXPECT_EQ(table.find(100000)->second, &objects[4]);
+    EXPECT_EQ(table.find(100000), &objects[4]);
     table.set(100000, &objects[1]);
-    EXPECT_EQ(table.find(100000)->second, &objects[1]);
+    EXPECT_EQ(table.find(100000), &objects[1]);
     table.erase(100000);
-    EXPECT_EQ(table.find(100000), table.end());
+    EXPECT_EQ(table.find(100000), nullptr);
     EXPECT_EQ(table.count(100000), 0u);
 
     table.erase(INT_MAX);
@@ -133,7 +133,7 @@ TEST(IdTable, NumbersNearAndFarFromTheArray) {
     EXPECT_EQ(sorted.back().first, 59999);
     table.clear();
     EXPECT_TRUE(table.empty());
-    EXPECT_EQ(table.find(1), table.end());
+    EXPECT_EQ(table.find(1), nullptr);
 }
 
 }  // namespace
