@@ -21,12 +21,8 @@ public:
 
     // The object of `id`, or null.
     T* find(int id) const {
-        if (id >= 0 && static_cast<std::size_t>(id) < dense.size()) {
-            if (T* object = dense[static_cast<std::size_t>(id)]) return object;
-        }
-        if (sparse.empty()) return nullptr;
-        auto found = sparse.find(id);
-        return found != sparse.end() ? found->second : nullptr;
+        T* const* at = const_cast<znIdTable*>(this)->slot(id);
+        return at != nullptr ? *at : nullptr;
     }
     std::size_t count(int id) const { return find(id) != nullptr ? 1 : 0; }
     bool empty() const { return present == 0; }
