@@ -56,14 +56,15 @@ bool appendParent(char** list, int& count, const char* scopeName) {
 }  // namespace
 
 VrmlNodeType::VrmlNodeType(const char* nm, znParser* p)
-    : eventIns(new Table), eventOuts(new Table), fields(new Table), parser(p) {
+    : eventIns(&tables[0]), eventOuts(&tables[1]), fields(&tables[2]), parser(p) {
     assert(nm != NULL);
     name = znCopyText(nm);
 }
 
 VrmlNodeType::VrmlNodeType(VrmlNodeType& other, znParser* p)
-    : typeId(other.typeId), eventIns(new Table), eventOuts(new Table), fields(new Table), parser(p) {
-    name = znCopyText(other.name);
+    : typeId(other.typeId), eventIns(&tables[0]), eventOuts(&tables[1]), fields(&tables[2]), parser(p) {
+    name = other.name;
+    sharedTypeName = true;
     // A Script node declares fields of its own, which its type is made from
     // only once the node is read.
     defaultsImplied = !startsWith(other.name, kScriptTypeName) && other.namesAreUnique();
@@ -85,11 +86,8 @@ VrmlNodeType::~VrmlNodeType() {
         clearfielddata();
     }
     clearfields();
-    delete eventIns;
-    delete eventOuts;
-    delete fields;
     for (int i = 0; i < parentCount; ++i) std::free(parents[i]);
-    std::free(name);
+    if (!sharedTypeName) std::free(name);
     std::free(declaredName);
 }
 
@@ -97,7 +95,8 @@ VrmlNodeType::~VrmlNodeType() {
 void VrmlNodeType::setName(const char* nm) {
     char* old = name;
     name = copyOrNull(nm);
-    std::free(old);
+    if (!sharedTypeName) std::free(old);
+    sharedTypeName = false;
     std::free(declaredName);
     declaredName = nullptr;
 }
@@ -258,6 +257,8 @@ void VrmlNodeType::clearfields() {
 }
 
 void VrmlNodeType::ownTexts() {
+    if (sharedTypeName) name = copyOrNull(name);
+    sharedTypeName = false;
     ownTable(eventIns);
     ownTable(eventOuts);
     ownTable(fields);

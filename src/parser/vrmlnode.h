@@ -38,8 +38,9 @@ public:
 
     VrmlNodeType(const char* nm, znParser* parser);
     // An instance copy: the interface and the default values of `other`,
-    // without its IS bindings. Counts the copy in `other`. Names and default
-    // values are `other`'s own texts until ownTexts() is called.
+    // without its IS bindings. Counts the copy in `other`. Its name, field
+    // names and default values are `other`'s own texts until setName or
+    // ownTexts() is called.
     VrmlNodeType(VrmlNodeType& other, znParser* parser);
     ~VrmlNodeType();
     VrmlNodeType(const VrmlNodeType&) = delete;
@@ -94,15 +95,15 @@ public:
     char savedInScript = 0;
     int savedSetmode = 0;
     int isExternTarget = 0;
-    char* name = nullptr;      // owning
+    char* name = nullptr;      // owning, unless an instance copy borrows its type's
     char* instName = nullptr;  // owning, may be null
     char* declaredName = nullptr;  // owning, null when it is `name`
     int typeId = 1;
     int instanceNumber = 0;
     int useCount = 1;
-    Table* eventIns;   // owning
-    Table* eventOuts;  // owning
-    Table* fields;     // owning
+    Table* eventIns;   // owning: one of `tables`
+    Table* eventOuts;  // owning: one of `tables`
+    Table* fields;     // owning: one of `tables`
     znParser* parser;  // borrowed: the parser that made this record
 
 private:
@@ -118,6 +119,10 @@ private:
     // every name finds one place only.
     bool defaultsImplied = false;
     int uniqueNames = -1;  // namesAreUnique as last found, -1 until asked
+    // Every node a file holds is read into a record of its own: the three
+    // tables come with it rather than as three more allocations.
+    Table tables[3];
+    bool sharedTypeName = false;
     // The records of an instance copy, made in one piece.
     std::unique_ptr<NameTypeRec[]> recordBlock;
     std::size_t recordBlockSize = 0;

@@ -5,6 +5,7 @@
 #define ZN_PARSER_H
 
 #include <iosfwd>
+#include <deque>
 #include <list>
 #include <memory>
 #include <string>
@@ -259,7 +260,7 @@ private:
     void pushNameSpace();
     void popNameSpace();
     // Destroys entries from the front up to and including the first scope mark.
-    void popList(std::list<VrmlNodeType*>& list);
+    void popList(std::deque<VrmlNodeType*>& list);
     void addToNameSpace(VrmlNodeType* type);
     // Puts a type at the front of the type list, indexed.
     void enterType(VrmlNodeType* type);
@@ -297,7 +298,7 @@ private:
     int runParse(std::istream& input, const char* filename);
 
     std::list<VrmlNodeType*> protoStack;  // owning: PROTOs whose body is read, innermost last
-    std::list<FieldRec*> fieldStack;      // owning
+    std::vector<FieldRec*> fieldStack;    // owning
     zn_Lexer* lexer;                      // owning
     znDatabase* database;                 // borrowed: the database that owns this parser
     std::vector<RouteInfo*> pendingRoutes;  // owning
@@ -306,9 +307,10 @@ private:
     // ZN_EP_PATHSAVE as the parse run found it.
     int savePaths = 0;
     int outputFlag = 0;
-    // Both grow at the front; a null entry marks where a scope begins.
-    std::list<VrmlNodeType*> typeNameSpace;      // owning
-    std::list<VrmlNodeType*> instanceNameSpace;  // owning
+    // Both grow at the front; a null entry marks where a scope begins. A
+    // file puts every node it holds here: a block holds many entries.
+    std::deque<VrmlNodeType*> typeNameSpace;      // owning
+    std::deque<VrmlNodeType*> instanceNameSpace;  // owning
     // The scope marks in each list, and indexes of their entries: types by
     // the name a file uses and by the name in the database, instances by
     // their name less its kind letter. A world of many nodes, PROTOs,

@@ -46,7 +46,7 @@ void znParser::popNameSpace() {
     popList(instanceNameSpace);
 }
 
-void znParser::popList(std::list<VrmlNodeType*>& list) {
+void znParser::popList(std::deque<VrmlNodeType*>& list) {
     const bool types = &list == &typeNameSpace;
     while (!list.empty()) {
         VrmlNodeType* entry = list.front();
