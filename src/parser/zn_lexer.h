@@ -23,7 +23,13 @@ struct znScanError {
 
 // A heap copy of `text`, for token values that the grammar hands on.
 char* znCopyText(const char* text);
-// The end of a token text that znCopyText or the lexer made; null is none.
+// A name token: given back soon, in about the reverse order of taking, so
+// it does not come from the heap. Never a value, which a record keeps.
+char* znNameText(const char* text, std::size_t length);
+// Name tokens taken and not yet given back.
+std::size_t znNameTextsHeld();
+// The end of a token text that znCopyText, znNameText or the lexer made;
+// null is none.
 void znReleaseText(char* text);
 
 // The token texts that one grammar action hands over, released when the

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "parse_run.h"
+#include "parser/zn_lexer.h"
 
 namespace {
 std::string report(int line, const std::string& message, const std::string& text) {
@@ -75,7 +76,7 @@ TEST(StackLimits, DeepNestingEndsInParserStackOverflowAndLessParses) {
 }
 
 // A parse that stops anywhere lets go of every text it read (the leak check
-// of the test suite runs these).
+// of the test suite runs these; names are not on the heap, and are counted).
 TEST(SyntaxErrors, StoppedParsesLetGoOfWhatTheyRead) {
     ParseOptions options;
     options.files["lib.wrl"] = "PROTO L [ field SFFloat r 1 ] { Group { children [ Group {";
@@ -96,5 +97,12 @@ TEST(SyntaxErrors, StoppedParsesLetGoOfWhatTheyRead) {
     for (const char* text : texts) {
         SCOPED_TRACE(text);
         EXPECT_NE(parseText(text, options).result, 0);
+        EXPECT_EQ(znNameTextsHeld(), 0u);
     }
+    const char* whole =
+        "PROTO P [ field SFFloat f 1 eventIn SFBool b ] { DEF T Transform { children Shape { } } }\n"
+        "DEF A P { f 2 } USE A Group { children [ DEF S Script { field SFNode n USE A eventOut SFBool o } ] }\n"
+        "ROUTE S.o TO A.b";
+    EXPECT_EQ(parseText(whole, options).result, 0);
+    EXPECT_EQ(znNameTextsHeld(), 0u);
 }
