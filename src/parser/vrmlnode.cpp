@@ -72,7 +72,11 @@ VrmlNodeType::VrmlNodeType(VrmlNodeType& other, znParser* p)
     other.useCount++;
     instanceNumber = other.useCount;
     recordBlockSize = other.eventIns->size() + other.eventOuts->size() + other.fields->size();
-    recordBlock.reset(new NameTypeRec[recordBlockSize]);
+    if (parser != nullptr) {
+        recordBlock = parser->takeRecords(recordBlockSize);
+    } else {
+        recordBlock.reset(new NameTypeRec[recordBlockSize]);
+    }
     NameTypeRec* next = recordBlock.get();
     copyTable(other.eventIns, eventIns, next);
     copyTable(other.eventOuts, eventOuts, next);
@@ -252,6 +256,7 @@ void VrmlNodeType::clearfields() {
     clearTable(eventIns);
     clearTable(eventOuts);
     clearTable(fields);
+    if (parser != nullptr && recordBlock != nullptr) parser->keepRecords(std::move(recordBlock), recordBlockSize);
     recordBlock.reset();
     recordBlockSize = 0;
 }
@@ -334,7 +339,11 @@ int VrmlNodeType::setIS(Table* list, const char* nm, const char* nodeName, const
 void VrmlNodeType::copyTable(const Table* from, Table* to, NameTypeRec*& next) {
     to->reserve(from->size());
     for (const NameTypeRec* rec : *from) {
+        // A block may have served another node before.
         NameTypeRec* copy = next++;
+        copy->isNode = nullptr;
+        copy->isFields.clear();
+        copy->setmode = 0;
         copy->name = rec->name;
         copy->sharedName = 1;
         copy->type = rec->type;

@@ -100,6 +100,11 @@ public:
     // read; its types stay for the parser's life.
     int parseSystemInput(std::istream& input, const char* filename);
     bool outputEnabled() const { return outputFlag != 0; }
+    // Record blocks of nodes that went to the database, for the next node
+    // with as many records: a big type's block is a large request, which
+    // costs the general allocator far more than a small one.
+    std::unique_ptr<VrmlNodeType::NameTypeRec[]> takeRecords(std::size_t count);
+    void keepRecords(std::unique_ptr<VrmlNodeType::NameTypeRec[]> block, std::size_t count);
     znDatabase* getDatabase() { return database; }
     // Cuts to the file-name buffer's length, with a message when cut.
     void setCurrentFilename(const char* name);
@@ -353,6 +358,12 @@ private:
     // and those of the world being read.
     znNameTable systemTypeNames;
     znNameTable worldTypeNames;
+    // Declared before every record that may give its block back here.
+    struct SpareRecords {
+        std::size_t count;
+        std::unique_ptr<VrmlNodeType::NameTypeRec[]> block;
+    };
+    std::vector<SpareRecords> spareRecords;
     // EXTERNPROTO declarations being read, innermost last.
     std::vector<ExternDeclaration> externStack;
     // The interface of the EXTERNPROTO whose "[ ]" is being read.

@@ -146,6 +146,23 @@ void znParser::addToNameSpace(VrmlNodeType* type) {
 
 // --- nodes ------------------------------------------------------------------
 
+std::unique_ptr<VrmlNodeType::NameTypeRec[]> znParser::takeRecords(std::size_t count) {
+    for (auto spare = spareRecords.begin(); spare != spareRecords.end(); ++spare) {
+        if (spare->count != count) continue;
+        std::unique_ptr<VrmlNodeType::NameTypeRec[]> block = std::move(spare->block);
+        spareRecords.erase(spare);
+        return block;
+    }
+    return std::unique_ptr<VrmlNodeType::NameTypeRec[]>(new VrmlNodeType::NameTypeRec[count]);
+}
+
+void znParser::keepRecords(std::unique_ptr<VrmlNodeType::NameTypeRec[]> block, std::size_t count) {
+    // A few sizes serve a file: a node and the nodes it holds.
+    constexpr std::size_t kMostSpares = 16;
+    if (block == nullptr || spareRecords.size() >= kMostSpares) return;
+    spareRecords.push_back(SpareRecords{count, std::move(block)});
+}
+
 VrmlNodeType* znParser::topInstance() {
     if (fieldStack.empty() || fieldStack.back() == nullptr) return nullptr;
     return fieldStack.back()->nodeType;
