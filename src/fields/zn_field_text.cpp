@@ -528,12 +528,20 @@ void znWriteTime(double value, znTextOut& out) { out.fixed(value); }
 
 void znReadVector(_znArray<float>& value, int count, const char* text) {
     if (!text || count <= 0) return;
-    std::vector<float> slots(static_cast<size_t>(count), 0.0f);
+    // A vector, colour or rotation: read on the stack, as a file holds one
+    // per node or more.
+    float inlineSlots[_znArray<float>::kInline] = {};
+    std::vector<float> moreSlots;
+    float* slots = inlineSlots;
+    if (count > _znArray<float>::kInline) {
+        moreSlots.assign(static_cast<size_t>(count), 0.0f);
+        slots = moreSlots.data();
+    }
     for (int i = 0; i < count && i < value.count; ++i) slots[i] = value.data[i];
-    readNumbers(text, text + std::strlen(text), count, slots.data());
+    readNumbers(text, text + std::strlen(text), count, slots);
     if (value.count < count) value.resize(count);
     value.count = count;
-    std::copy(slots.begin(), slots.end(), value.data);
+    std::copy(slots, slots + count, value.data);
 }
 
 void znWriteVector(_znArray<float>& value, int count, znTextOut& out) {
