@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <deque>
 #include <list>
 #include <string>
 #include <string_view>
@@ -16,6 +15,7 @@
 #include "database/zn_database_records.h"
 #include "fields/all.h"
 #include "fields/zn_exception.h"
+#include "fields/zn_field_pool.h"
 #include "base/zn_reports.h"
 #include "base/zn_text.h"
 #include "nodes/zn_node.h"
@@ -38,6 +38,23 @@ void report(void (*sink)(const char*), const char* format, const char* text) {
 }
 
 bool isNodeValued(int fieldType) { return fieldType == SFNodeType || fieldType == MFNodeType; }
+
+using NodeList = std::vector<znNode*, znPoolAllocator<znNode*>>;
+
+// Taken from the front; what was taken stays until the list goes.
+struct NodeQueue {
+    NodeList nodes;
+    std::size_t first = 0;
+    bool empty() const { return first == nodes.size(); }
+    znNode* front() const { return nodes[first]; }
+    void pop_front() { ++first; }
+};
+
+// Lists of nodes by the name of a type.
+template <class List>
+using NodeLists = std::unordered_map<std::string_view, List, std::hash<std::string_view>,
+                                     std::equal_to<std::string_view>,
+                                     znPoolAllocator<std::pair<const std::string_view, List>>>;
 
 // The type's own field of `name` when a node's field may take its value
 // from it rather than from text: the value was not given in the node, so
@@ -83,7 +100,10 @@ int znBrowserIntern::addNode(_zndbNode* first) {
     // The instances that wait for the first node of their body, by type
     // name: the expansion of nested PROTOs hands over one chain of them all,
     // and a search of every instance for every node would be quadratic.
-    std::unordered_map<std::string_view, std::vector<znNode*>> waiting;
+    // Made and dropped with every chain, so from the pool.
+    NodeLists<NodeList> waiting;
+    // The fields an IS field stands for; one list serves every field.
+    std::vector<znField*> targets;
     // The default manager keeps no table of eventIns, so an eventIn need
     // not be entered with it before anything sends to it: until then the
     // node borrows the type's. Another manager sees each eventIn as it is
@@ -180,7 +200,7 @@ int znBrowserIntern::addNode(_zndbNode* first) {
                     failed = 1;
                     continue;
                 }
-                std::vector<znField*> targets;
+                targets.clear();
                 if (data->isFields) {
                     for (const char* isName : *data->isFields) {
                         const int targetIndex = target->getDataID(isName);
@@ -214,13 +234,13 @@ int znBrowserIntern::addNode(_zndbNode* first) {
     // Several instances of one prototype pair off with the bodies in file
     // order; the mark keeps each body to one instance.
     if (!protoNodes.empty()) {
-        std::unordered_map<std::string_view, std::deque<znNode*>> bodies;
+        NodeLists<NodeQueue> bodies;
         for (znNode* candidate : depth0Nodes)
-            if (const char* parent = candidate->getParent()) bodies[parent].push_back(candidate);
+            if (const char* parent = candidate->getParent()) bodies[parent].nodes.push_back(candidate);
         for (znNode* proto : protoNodes) {
             auto found = bodies.find(proto->getNodeType()->getType());
             if (found == bodies.end()) continue;
-            std::deque<znNode*>& queue = found->second;
+            NodeQueue& queue = found->second;
             while (!queue.empty() && queue.front()->getFirstNodeID() != 0) queue.pop_front();
             if (queue.empty()) continue;
             proto->setFirstNode(queue.front());
