@@ -60,6 +60,7 @@ void optBox::build() {
     nameInScene(geometry.get(), *this, kUnnamedBox);
 
     csIndexedFaceSet& box = *geometry.get();
+    box.faceLength().reserve(kFaces);
     for (int f = 0; f < kFaces; ++f) box.faceLength().set(f, kCornersPerFace);
     box.setNormalPerVertex(1);
     box.setNormalBind(csGeoSet::PER_VERTEX);
