@@ -111,6 +111,8 @@ public:
     // Every name of an MFNode text with "_<suffix>", as "[a_1,b_1,]"; the
     // caller frees the result.
     static char* addSuffix(const char* names, int suffix);
+    // The same text, written into `out`.
+    static void addSuffix(const char* names, int suffix, std::string& out);
     int createVirtualRoute(char* fromType, char* fromNode, char* fromField, char* toType, char* toNode,
                            char* toField, char** parents);
     int addVirtualRoutes(const char* protoName, int suffix);

@@ -183,9 +183,12 @@ void clear(_zndbNode& node) {
 }
 void clear(_zndbNodeData& data) {
     std::string name = std::move(data.name);
+    std::string ownValue = std::move(data.ownValue);
     data = _zndbNodeData{};
     data.name = std::move(name);
     data.name.clear();
+    data.ownValue = std::move(ownValue);
+    data.ownValue.clear();
 }
 template <class Record>
 Record* clearedRecord(std::vector<Record*>& spares) {

@@ -52,6 +52,10 @@ struct _zndbNodeData {
     // 1 when `isFields` is a PROTO body's own list: every instance's record
     // reads the body's, which outlives the records.
     int isFieldsBorrowed = 0;
+    // Where an expanded node's record writes the names it gives its own
+    // node-valued fields; `value` then points into it. Kept, with its room,
+    // when the record is used again.
+    std::string ownValue;
 };
 
 // Releases the IS names of `data` that the record owns.

@@ -190,17 +190,18 @@ int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
         data->name = d->name;
         if (std::strcmp(d->value, kISMarker) == 0) d->value[0] = '\0';
         const bool nodeName = d->dataType == kFieldKind && std::strcmp(d->value, "NULL") != 0;
+        // An instance's own names are written into the record's text, which
+        // keeps its room when the record serves the next instance.
         if (d->fieldType == kMFNodeType && nodeName) {
-            data->value = addSuffix(d->value, instanceNumber);
-            data->valueOwned = 1;
+            addSuffix(d->value, instanceNumber, data->ownValue);
+            data->value = data->ownValue.data();
+            data->valueOwned = 0;
         } else if (d->fieldType == kSFNodeType && nodeName && d->value[0] != '\0') {
-            const std::size_t length = std::strlen(d->value);
-            data->value = static_cast<char*>(std::malloc(length + 13));
-            if (data->value == nullptr) znOutOfMemory();
-            std::memcpy(data->value, d->value, length);
-            data->value[length] = '_';
-            *znWriteDecimal(data->value + length + 1, instanceNumber) = '\0';
-            data->valueOwned = 1;
+            char number[16] = "_";
+            *znWriteDecimal(number + 1, instanceNumber) = '\0';
+            data->ownValue.assign(d->value).append(number);
+            data->value = data->ownValue.data();
+            data->valueOwned = 0;
         } else {
             // The body's own text serves every instance: the browser reads it
             // before the records go.
@@ -226,39 +227,31 @@ int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
 }
 
 char* znDatabaseIntern::addSuffix(const char* names, int suffix) {
+    std::string text;
+    addSuffix(names, suffix, text);
+    char* out = static_cast<char*>(std::malloc(text.size() + 1));
+    if (out == nullptr) znOutOfMemory();
+    std::memcpy(out, text.c_str(), text.size() + 1);
+    return out;
+}
+
+void znDatabaseIntern::addSuffix(const char* names, int suffix, std::string& out) {
     const char* text = names != nullptr ? names : "";
     constexpr const char* kSeparators = " [],\t\n\r\\";
     char number[16] = "_";
     char* numberEnd = znWriteDecimal(number + 1, suffix);
     *numberEnd++ = ',';
-    const int digits = static_cast<int>(numberEnd - number);
-    // Each word grows by its suffix and a comma: count the words first so
-    // that no list is too long for the result.
-    size_t words = 0;
-    for (const char* p = text; *p != '\0';) {
-        p += std::strspn(p, kSeparators);
-        if (*p == '\0') break;
-        ++words;
-        p += std::strcspn(p, kSeparators);
-    }
-    const size_t size = std::strlen(text) + words * static_cast<size_t>(digits) + 3;
-    char* out = static_cast<char*>(std::malloc(size));
-    if (out == nullptr) znOutOfMemory();
-    char* end = out;
-    *end++ = '[';
+    const auto digits = static_cast<size_t>(numberEnd - number);
+    out.assign(1, '[');
     for (const char* p = text; *p != '\0';) {
         p += std::strspn(p, kSeparators);
         if (*p == '\0') break;
         const size_t length = std::strcspn(p, kSeparators);
-        std::memcpy(end, p, length);
-        end += length;
-        std::memcpy(end, number, static_cast<size_t>(digits));
-        end += digits;
+        out.append(p, length);
+        out.append(number, digits);
         p += length;
     }
-    *end++ = ']';
-    *end = '\0';
-    return out;
+    out += ']';
 }
 
 int znDatabaseIntern::createVirtualRoute(char* fromType, char* fromNode, char* fromField, char* toType,
