@@ -208,10 +208,23 @@ bool nextToken(const char*& p, const char* end, const char*& start, const char*&
 }
 
 // The element text that sz_strtok_r would build from `n` token spans: the
-// original text with the first delimiter behind each inner token made a blank.
-void elementText(const char* const* starts, const char* const* stops, int n, std::string& out) {
-    out.assign(starts[0], stops[n - 1]);
+// original text with the first delimiter behind each inner token made a
+// blank. Written into `shortText` when it fits, a node name mostly does,
+// else into `longText`.
+template <std::size_t N>
+const char* elementText(const char* const* starts, const char* const* stops, int n, char (&shortText)[N],
+                        std::string& longText) {
+    const auto length = static_cast<std::size_t>(stops[n - 1] - starts[0]);
+    char* out = shortText;
+    if (length >= N) {
+        longText.assign(starts[0], length);
+        out = longText.data();
+    } else {
+        std::memcpy(out, starts[0], length);
+        out[length] = '\0';
+    }
     for (int i = 0; i + 1 < n; ++i) out[static_cast<size_t>(stops[i] - starts[0])] = ' ';
+    return out;
 }
 
 // Reads up to `count` numbers of `text` into `slots`; a token that does not
@@ -630,7 +643,8 @@ void znReadList(std::vector<T>& list, FieldType elementType, const char* text, z
     }
     T temp = emptyElement<T>();
     if (!single) p = readPlainElements(list, temp, tokens, p, end);
-    std::string generic;
+    char shortText[64];
+    std::string longText;
     const char* starts[4];
     const char* stops[4];
     for (;;) {
@@ -640,8 +654,7 @@ void znReadList(std::vector<T>& list, FieldType elementType, const char* text, z
         if (found < tokens) break;
         if (hasNonBlank(starts[0], stops[tokens - 1])) {
             if (!fastElement(temp, elementType, starts, stops, tokens)) {
-                elementText(starts, stops, tokens, generic);
-                znReadFieldText(&temp, elementType, generic.c_str(), names);
+                znReadFieldText(&temp, elementType, elementText(starts, stops, tokens, shortText, longText), names);
             }
             appendElement(list, temp);
         }
