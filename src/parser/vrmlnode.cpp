@@ -73,7 +73,7 @@ VrmlNodeType::VrmlNodeType(VrmlNodeType& other, znParser* p)
     instanceNumber = other.useCount;
     recordBlockSize = other.eventIns->size() + other.eventOuts->size() + other.fields->size();
     if (parser != nullptr) {
-        recordBlock = parser->takeRecords(recordBlockSize);
+        recordBlock = parser->takeRecords(recordBlockSize, tables);
     } else {
         recordBlock.reset(new NameTypeRec[recordBlockSize]);
     }
@@ -256,9 +256,13 @@ void VrmlNodeType::clearfields() {
     clearTable(eventIns);
     clearTable(eventOuts);
     clearTable(fields);
-    if (parser != nullptr && recordBlock != nullptr) parser->keepRecords(std::move(recordBlock), recordBlockSize);
+    if (parser != nullptr && recordBlock != nullptr)
+        parser->keepRecords(std::move(recordBlock), recordBlockSize, tables);
     recordBlock.reset();
     recordBlockSize = 0;
+    // The record stays in its name space to the end of the file: it keeps
+    // no room for records it will never have again.
+    for (Table& table : tables) Table().swap(table);
 }
 
 void VrmlNodeType::ownTexts() {
@@ -364,9 +368,7 @@ void VrmlNodeType::clearTable(Table* list) {
         if (!rec->sharedName) std::free(rec->name);
         if (!inBlock(rec)) delete rec;
     }
-    // The record stays in its name space to the end of the file: it keeps
-    // no room for records it will never have again.
-    Table().swap(*list);
+    list->clear();
 }
 
 void VrmlNodeType::ownTable(Table* list) {

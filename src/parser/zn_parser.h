@@ -100,11 +100,13 @@ public:
     // read; its types stay for the parser's life.
     int parseSystemInput(std::istream& input, const char* filename);
     bool outputEnabled() const { return outputFlag != 0; }
-    // Record blocks of nodes that went to the database, for the next node
-    // with as many records: a big type's block is a large request, which
-    // costs the general allocator far more than a small one.
-    std::unique_ptr<VrmlNodeType::NameTypeRec[]> takeRecords(std::size_t count);
-    void keepRecords(std::unique_ptr<VrmlNodeType::NameTypeRec[]> block, std::size_t count);
+    // Record blocks of nodes that went to the database, with the room of
+    // their three tables, for the next node with as many records: a big
+    // type's block is a large request, which costs the general allocator far
+    // more than a small one. The tables given are empty, and come back so.
+    std::unique_ptr<VrmlNodeType::NameTypeRec[]> takeRecords(std::size_t count, VrmlNodeType::Table* tables);
+    void keepRecords(std::unique_ptr<VrmlNodeType::NameTypeRec[]> block, std::size_t count,
+                     VrmlNodeType::Table* tables);
     znDatabase* getDatabase() { return database; }
     // Cuts to the file-name buffer's length, with a message when cut.
     void setCurrentFilename(const char* name);
@@ -251,6 +253,9 @@ public:
     std::string nodeNameBuffer;
     // One growing text per MFNode value being read: "[ name,name,NULL, ]".
     std::vector<std::string> mfNodeStack;
+    std::size_t mfNodeDepth = 0;  // entries of mfNodeStack in use
+    // The text of the innermost MFNode value.
+    std::string& mfNodeText();
     int anonymousCount = 0;
 
 private:
@@ -362,6 +367,7 @@ private:
     struct SpareRecords {
         std::size_t count;
         std::unique_ptr<VrmlNodeType::NameTypeRec[]> block;
+        VrmlNodeType::Table tables[3];
     };
     std::vector<SpareRecords> spareRecords;
     // EXTERNPROTO declarations being read, innermost last.

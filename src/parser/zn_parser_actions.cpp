@@ -146,21 +146,28 @@ void znParser::addToNameSpace(VrmlNodeType* type) {
 
 // --- nodes ------------------------------------------------------------------
 
-std::unique_ptr<VrmlNodeType::NameTypeRec[]> znParser::takeRecords(std::size_t count) {
+std::unique_ptr<VrmlNodeType::NameTypeRec[]> znParser::takeRecords(std::size_t count,
+                                                                   VrmlNodeType::Table* tables) {
     for (auto spare = spareRecords.begin(); spare != spareRecords.end(); ++spare) {
         if (spare->count != count) continue;
         std::unique_ptr<VrmlNodeType::NameTypeRec[]> block = std::move(spare->block);
+        for (int i = 0; i < 3; ++i) tables[i].swap(spare->tables[i]);
         spareRecords.erase(spare);
         return block;
     }
     return std::unique_ptr<VrmlNodeType::NameTypeRec[]>(new VrmlNodeType::NameTypeRec[count]);
 }
 
-void znParser::keepRecords(std::unique_ptr<VrmlNodeType::NameTypeRec[]> block, std::size_t count) {
+void znParser::keepRecords(std::unique_ptr<VrmlNodeType::NameTypeRec[]> block, std::size_t count,
+                           VrmlNodeType::Table* tables) {
     // A few sizes serve a file: a node and the nodes it holds.
     constexpr std::size_t kMostSpares = 16;
     if (block == nullptr || spareRecords.size() >= kMostSpares) return;
-    spareRecords.push_back(SpareRecords{count, std::move(block)});
+    spareRecords.push_back(SpareRecords{count, std::move(block), {}});
+    for (int i = 0; i < 3; ++i) {
+        tables[i].clear();
+        spareRecords.back().tables[i].swap(tables[i]);
+    }
 }
 
 VrmlNodeType* znParser::topInstance() {

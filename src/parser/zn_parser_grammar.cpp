@@ -101,35 +101,43 @@ char* znParser::endSFNodeValue(char* keyword) {
 }
 
 void znParser::enterMFNodeValue() {
-    mfNodeStack.emplace_back();
+    // The texts of finished values stay with their room for the next ones:
+    // a grouping node's children are such a value.
+    if (mfNodeDepth == mfNodeStack.size()) mfNodeStack.emplace_back();
+    mfNodeStack[mfNodeDepth++].clear();
     ++fieldNestingCount();
 }
 
 char* znParser::endMFNodeValue(char* keyword) {
     const znTokenTexts texts(keyword);
-    char* value = znCopyText(mfNodeStack.empty() ? "" : mfNodeStack.back().c_str());
-    if (!mfNodeStack.empty()) mfNodeStack.pop_back();
+    char* value = znCopyText(mfNodeDepth == 0 ? "" : mfNodeStack[mfNodeDepth - 1].c_str());
+    if (mfNodeDepth > 0) --mfNodeDepth;
     --fieldNestingCount();
     return value;
 }
 
-void znParser::openMFNodeList() {
-    if (!mfNodeStack.empty()) mfNodeStack.pop_back();
-    mfNodeStack.emplace_back("[ ");
+std::string& znParser::mfNodeText() {
+    if (mfNodeDepth == 0) {
+        if (mfNodeStack.empty()) mfNodeStack.emplace_back();
+        mfNodeStack[mfNodeDepth++].clear();
+    }
+    return mfNodeStack[mfNodeDepth - 1];
 }
 
-void znParser::closeMFNodeList() { mfNodeStack.back() += " ]"; }
+void znParser::openMFNodeList() { mfNodeText() = "[ "; }
 
-void znParser::singleMFNode() { mfNodeStack.back() = nodeNameBuffer; }
+void znParser::closeMFNodeList() { mfNodeText() += " ]"; }
+
+void znParser::singleMFNode() { mfNodeText() = nodeNameBuffer; }
 
 void znParser::appendMFNode() {
     // A skipped node leaves no entry; an explicit NULL does.
     if (nodeNameBuffer == kNoNode) return;
-    mfNodeStack.back() += nodeNameBuffer;
-    mfNodeStack.back() += ",";
+    mfNodeText() += nodeNameBuffer;
+    mfNodeText() += ",";
 }
 
-void znParser::appendMFNodeNull() { mfNodeStack.back() += "NULL,"; }
+void znParser::appendMFNodeNull() { mfNodeText() += "NULL,"; }
 
 // --- PROTO interfaces ---------------------------------------------------------
 

@@ -138,6 +138,7 @@ int znParser::runParse(std::istream& input, const char* filename) {
     skippingNode = 0;
     inScriptFlag = 0;
     mfNodeStack.clear();
+    mfNodeDepth = 0;
     fieldNesting[0] = 0;
     return result;
 }
