@@ -11,6 +11,10 @@
 class zn_URL;
 struct _zndbRoute;
 
+// The kind letter of the stored name of a node without DEF: the parser
+// writes it, the database and the browser read it.
+constexpr char kAnonymousNodeKind = 'x';
+
 // One entry of a stored PROTO body, in order: a piece of text with a number
 // (kind 0), or the stored name of a body node (kind 1).
 struct znProtoBodyEntry {

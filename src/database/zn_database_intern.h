@@ -129,9 +129,6 @@ public:
     int getNodeIdCounter() const { return nodeIdCounter; }
 
 private:
-    // The kind letter of the stored name of a node without DEF.
-    static constexpr char kAnonymousKind = 'x';
-
     void clearProtoFields();
     void clearVirtualRecords();
     void appendNode(_zndbNode* node);

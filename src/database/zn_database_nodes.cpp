@@ -43,7 +43,7 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
     // no ROUTE can spell it, and no PROTO body holds it. Most nodes of a
     // big world are such nodes, and the tables by name are left to the
     // others.
-    const bool unnamed = count == 0 && nodeName[0] == kAnonymousKind;
+    const bool unnamed = count == 0 && nodeName[0] == kAnonymousNodeKind;
     if (!unnamed) {
         // The first type a name was given stays its type.
         if (auto entry = instanceTypes.insert(nodeName, 0); entry.second) {

@@ -272,6 +272,9 @@ private:
     // Destroys entries from the front up to and including the first scope mark.
     void popList(std::deque<VrmlNodeType*>& list);
     void addToNameSpace(VrmlNodeType* type);
+    // Whether no look-up can reach a finished node of this name, so that
+    // its record need not stay in the instance list.
+    bool outOfReach(const char* instName) const;
     // Puts a type at the front of the type list, indexed.
     void enterType(VrmlNodeType* type);
     // The type a file names `name` here: inner scopes first, outer ones seen.

@@ -134,6 +134,10 @@ void znParser::addToNameSpace(VrmlNodeType* type) {
     if (type->instName != nullptr) {
         if (type->parentCount == 0) {
             type->clearfields();
+            if (outOfReach(type->instName)) {
+                delete type;
+                return;
+            }
         } else {
             type->clearfielddata();
         }
@@ -142,6 +146,17 @@ void znParser::addToNameSpace(VrmlNodeType* type) {
     } else {
         enterType(type);
     }
+}
+
+bool znParser::outOfReach(const char* instName) const {
+    // Only a ROUTE looks a finished node up, by the name a DEF gave: the
+    // made-up name of a node without DEF is such a name only where a DEF
+    // of that very text came first, as a later DEF stands in front of it.
+    // Most nodes of a world have no DEF, and each record would otherwise
+    // stay to the end of the file.
+    constexpr std::size_t kPlainNameOffset = 7;  // behind "%c%05d+"
+    if (instName[0] != kAnonymousNodeKind || std::strlen(instName) < kPlainNameOffset) return false;
+    return !defCounters.contains(instName + kPlainNameOffset);
 }
 
 // --- nodes ------------------------------------------------------------------

@@ -8,6 +8,7 @@
 
 #include "base/zn_reports.h"
 #include "base/zn_text.h"
+#include "database/zn_database.h"
 #include "parser/parser.hpp"
 #include "parser/parser_messages.h"
 #include "parser/vrmlnode.h"
@@ -23,7 +24,7 @@ void znParser::enterAnonymousNode(const char* type) {
     *znWriteDecimal(number, anonymousCount++) = '\0';
     if (skippingNode) return;
     const std::string name = std::string(type != nullptr ? type : "") + "_" + number;
-    setName(makeDefName(name.c_str(), 0, 'x'));
+    setName(makeDefName(name.c_str(), 0, kAnonymousNodeKind));
 }
 
 void znParser::enterDefNode(const char* defName, const char* type) {

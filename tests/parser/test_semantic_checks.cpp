@@ -179,3 +179,16 @@ TEST(Routes, ABodysNamesGoWithItWhetherOrNotARouteLookedThemUp) {
         << run.errors;
     EXPECT_TRUE(contains(run.errors, "BAD ROUTE:  sffloat not an eventOut for d00000+Group_2")) << run.errors;
 }
+
+// At the top of a file too, a node without DEF whose name TYPE_n a DEF of
+// the file spelled first stands in front of that DEF for a ROUTE; one that
+// came before the DEF is hidden by it.
+TEST(Routes, ANodeWithoutDefTakesTheKeyOfAnEarlierDefOnly) {
+    ParseRun run = parseText("Group { }\nDEF Group_1 Node { }\nGroup { }\n"
+                             "ROUTE Group_1.sffloat TO Group_1.sffloat\n");
+    EXPECT_EQ(count(run.calls, "InsertRouteByName"), 0);
+    EXPECT_TRUE(contains(run.errors, "BAD ROUTE:  sffloat not an eventOut for d00000+Group_1")) << run.errors;
+    run = parseText("Group { }\nGroup { }\nDEF Group_1 Node { }\nROUTE Group_1.sffloat TO Group_1.sffloat\n");
+    EXPECT_TRUE(run.errors.empty()) << run.errors;
+    EXPECT_TRUE(run.called("InsertRouteByName(Node,d00000+Group_1,sffloat,Node,d00000+Group_1,set_sffloat,[])"));
+}
