@@ -194,6 +194,14 @@ int VrmlNodeType::getTypeJX(int token) {
     return -1;
 }
 
+namespace {
+// Every record of every node is held against the names of the marks that
+// a type declares: the first letter settles nearly all without a call.
+bool named(const VrmlNodeType::NameTypeRec* rec, const char* name) {
+    return rec->name[0] == name[0] && std::strcmp(rec->name, name) == 0;
+}
+}  // namespace
+
 void VrmlNodeType::print() {
     if (parser == nullptr || !parser->outputEnabled()) return;
     znDatabase* db = parser->getDatabase();
@@ -207,19 +215,19 @@ void VrmlNodeType::print() {
         const bool readInit = parser->getBrowserType() != 1;
         for (NameTypeRec* rec : *fields) {
             if (url == nullptr &&
-                (std::strcmp(rec->name, kImplementationField) == 0 || (script && std::strcmp(rec->name, "url") == 0)))
+                (named(rec, kImplementationField) || (script && named(rec, "url"))))
                 url = rec->value;
-            if (readInit && std::strcmp(rec->name, kInitField) == 0) init = rec->value;
-            if (std::strcmp(rec->name, kSensorField) == 0) sensor = 1;
+            if (readInit && named(rec, kInitField)) init = rec->value;
+            if (named(rec, kSensorField)) sensor = 1;
         }
         db->CreatePrototype(name, parents, url, 0, sensor, nullptr, init);
     } else {
         int grouping = 0;
         int sensor = 0;
         for (NameTypeRec* rec : *fields) {
-            if (std::strcmp(rec->name, kGroupingField) == 0) grouping = 1;
+            if (named(rec, kGroupingField)) grouping = 1;
             // Only the last record decides: sensor types declare it last.
-            sensor = std::strcmp(rec->name, kSensorField) == 0 ? 1 : 0;
+            sensor = named(rec, kSensorField) ? 1 : 0;
         }
         db->CreateNode(name, instName, parents, grouping, parser->fieldNestingCount(), sensor);
     }
@@ -231,7 +239,7 @@ void VrmlNodeType::print() {
     for (const Pass& pass : passes) {
         for (NameTypeRec* rec : *pass.table) {
             if (pass.kind == 0 &&
-                (std::strcmp(rec->name, kGroupingField) == 0 || std::strcmp(rec->name, kImplementationField) == 0))
+                (named(rec, kGroupingField) || named(rec, kImplementationField)))
                 continue;
             // The world gives a field that no record names its type's
             // default: most fields of most nodes are never written.
