@@ -82,16 +82,14 @@ const char* znParser::makeDefName(const char* name, int number, char kind) {
 
 int znParser::setDefName(const char* name) {
     const char* key = name != nullptr ? name : "";
-    auto entry = defCounters.insert(key, 0);
-    if (!entry.second) ++*entry.first;
-    const int number = *entry.first;
-    if (!defScopes.empty()) {
-        const int* seen = visibleDefs.find(key);
-        const int* file = defFiles.find(key);
-        defUndo.push_back(HiddenDef{key, seen != nullptr ? *seen : kNoDef, file != nullptr ? *file : 0});
-    }
-    visibleDefs[key] = number;
-    defFiles[key] = fileSerial;
+    const auto entry = defIndex.insert(key, static_cast<int>(defNames.size()));
+    if (entry.second) defNames.emplace_back();
+    DefName& def = defNames[static_cast<std::size_t>(*entry.first)];
+    const int number = entry.second ? 0 : def.latest + 1;
+    def.latest = number;
+    if (!defScopes.empty()) defUndo.push_back(HiddenDef{*entry.first, def.visible, def.file});
+    def.visible = number;
+    def.file = fileSerial;
     return number;
 }
 
@@ -103,8 +101,9 @@ void znParser::closeDefScope() {
     defScopes.pop_back();
     while (defUndo.size() > mark) {
         const HiddenDef& hidden = defUndo.back();
-        visibleDefs[hidden.name] = hidden.number;
-        defFiles[hidden.name] = hidden.file;
+        DefName& def = defNames[static_cast<std::size_t>(hidden.index)];
+        def.visible = hidden.number;
+        def.file = hidden.file;
         defUndo.pop_back();
     }
 }
@@ -112,10 +111,10 @@ void znParser::closeDefScope() {
 const char* znParser::getDefName(const char* name) {
     // Each file has names of its own: a DEF of another file, an inlined
     // one's or the world's, is no DEF here.
-    const char* key = name != nullptr ? name : "";
-    const int* file = defFiles.find(key);
-    const int* number = file != nullptr && *file == fileSerial ? visibleDefs.find(key) : nullptr;
-    if (number != nullptr && *number != kNoDef) return makeDefName(name, *number, 'u');
+    const int* index = defIndex.find(name != nullptr ? name : "");
+    const DefName* def = index != nullptr ? &defNames[static_cast<std::size_t>(*index)] : nullptr;
+    if (def != nullptr && def->file == fileSerial && def->visible != kNoDef)
+        return makeDefName(name, def->visible, 'u');
     znAlert(znFormatText(kUseNameFailed, name).c_str());
     return name;
 }

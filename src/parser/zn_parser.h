@@ -335,22 +335,26 @@ private:
     // Only a ROUTE looks an instance up, so its name is entered when the
     // first ROUTE after it needs it.
     znScopedNames instancesByName{[](const VrmlNodeType* type) { return std::string_view(type->instName + 1); }};
-    // DEF name -> number of its latest DEF; hashed, as a file may DEF a name
-    // per node and nothing walks them in order. The numbers go on from file
-    // to file, so that node names stay apart in the world, while a name is
-    // known only in the file of its latest DEF.
-    znNameTable defCounters;
-    znNameTable defFiles;
-    // The number of the DEF of each name that a USE or ROUTE sees. A PROTO
-    // body's DEFs are its own: at the end of the body the names it hid are
-    // seen again, while the counters go on, so that names stay apart.
+    // What a file's DEFs left of one name. The number goes on from file to
+    // file, so that node names stay apart in the world, while a name is
+    // known only in the file of its latest DEF. A PROTO body's DEFs are its
+    // own: at the end of the body the names it hid are seen again, while
+    // the numbers go on, so that names stay apart.
     static constexpr int kNoDef = -1;
+    struct DefName {
+        int latest = 0;         // the number of its latest DEF
+        int visible = kNoDef;   // the number that a USE or ROUTE sees
+        int file = 0;           // the file of the DEF it sees
+    };
+    // DEF name -> its entry in `defNames`: hashed, as a file may DEF a name
+    // per node and nothing walks them in order; one look-up serves a DEF.
+    znNameTable defIndex;
+    std::vector<DefName> defNames;
     struct HiddenDef {
-        std::string name;
+        int index;  // in defNames
         int number;  // kNoDef when there was none
         int file;
     };
-    znNameTable visibleDefs;
     std::vector<HiddenDef> defUndo;
     std::vector<std::size_t> defScopes;  // where each open body's entries of defUndo begin
     // Counts the files read by ParseURL and parseInput.

@@ -156,7 +156,7 @@ bool znParser::outOfReach(const char* instName) const {
     // stay to the end of the file.
     constexpr std::size_t kPlainNameOffset = 7;  // behind "%c%05d+"
     if (instName[0] != kAnonymousNodeKind || std::strlen(instName) < kPlainNameOffset) return false;
-    return !defCounters.contains(instName + kPlainNameOffset);
+    return !defIndex.contains(instName + kPlainNameOffset);
 }
 
 // --- nodes ------------------------------------------------------------------
