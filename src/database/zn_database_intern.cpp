@@ -127,10 +127,10 @@ void znDatabaseIntern::DeleteDatabase() {
     if (parser != nullptr) parser->forgetWorld();
     bodyProtos.clear();
     nestedProtos.clear();
-    instanceTypes.clear();
+    instanceIndex.clear();
+    instanceNames.clear();
     typeNumbers.clear();
     typeNames.clear();
-    instanceIds.clear();
     vnodeOwners.clear();
     clearVirtualRecords();
     expansions.clear();
@@ -202,8 +202,15 @@ void znDatabaseIntern::setRouteHead(_zndbRoute* head) {
 
 const char* znDatabaseIntern::getProto(const char* instName) {
     if (instName == nullptr) return nullptr;
-    const int* type = instanceTypes.find(instName);
-    return type != nullptr ? typeNames[static_cast<size_t>(*type)].c_str() : nullptr;
+    const int* index = instanceIndex.find(instName);
+    const int type = index != nullptr ? instanceNames[static_cast<size_t>(*index)].type : -1;
+    return type >= 0 ? typeNames[static_cast<size_t>(type)].c_str() : nullptr;
+}
+
+znDatabaseIntern::InstanceName& znDatabaseIntern::instanceEntry(std::string_view name) {
+    const auto entry = instanceIndex.insert(name, static_cast<int>(instanceNames.size()));
+    if (entry.second) instanceNames.emplace_back();
+    return instanceNames[static_cast<size_t>(*entry.first)];
 }
 
 int znDatabaseIntern::protoIdOf(const char* typeName) const {
@@ -214,6 +221,6 @@ int znDatabaseIntern::protoIdOf(const char* typeName) const {
 
 int znDatabaseIntern::lookupInstanceId(const char* name) const {
     if (name == nullptr) return 0;
-    const int* id = instanceIds.find(name);
-    return id != nullptr ? *id : 0;
+    const int* index = instanceIndex.find(name);
+    return index != nullptr ? instanceNames[static_cast<size_t>(*index)].id : 0;
 }

@@ -6,6 +6,7 @@
 #include <iosfwd>
 #include <map>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -141,6 +142,16 @@ private:
     // reader took the last one over.
     _zndbRoute* newRoute();
     int protoIdOf(const char* typeName) const;
+    // What the database knows of a node name: the first type it was given,
+    // and the node it names now.
+    struct InstanceName {
+        int type = -1;  // in `typeNames`; -1 for none
+        int id = 0;     // node ID; 0 for none
+    };
+    // The entry of a node name, made empty when the name is new. The node
+    // ID is the running number of the records, so that a route can be
+    // resolved by name.
+    InstanceName& instanceEntry(std::string_view name);
     // Whether nodes of a PROTO of the file stand at the top of a scene, as
     // their body does.
     bool standsAtTop(const char* typeName);
@@ -152,13 +163,11 @@ private:
     std::unordered_map<std::string, int> protoIds;
     znNameTable bodyProtos;
     znNameTable nestedProtos;
-    // Node name to its type, as a number in `typeNames`.
-    znNameTable instanceTypes;
+    // Node name to its entry in `instanceNames`: one look-up serves a node.
+    znNameTable instanceIndex;
+    std::vector<InstanceName> instanceNames;
     znNameTable typeNumbers;
     std::vector<std::string> typeNames;
-    // Node name to node ID; the running number of the records is the node
-    // ID, so a route can be resolved by name.
-    znNameTable instanceIds;
     znNameTable vnodeOwners;
     std::unordered_map<int, std::vector<_zndbVNode*>> vnodes;  // owning
     // Virtual ID to the last real node made from it.

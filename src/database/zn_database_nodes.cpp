@@ -44,13 +44,13 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
     // big world are such nodes, and the tables by name are left to the
     // others.
     const bool unnamed = count == 0 && nodeName[0] == kAnonymousNodeKind;
-    if (!unnamed) {
-        // The first type a name was given stays its type.
-        if (auto entry = instanceTypes.insert(nodeName, 0); entry.second) {
-            auto type = typeNumbers.insert(typeName, static_cast<int>(typeNames.size()));
-            if (type.second) typeNames.emplace_back(typeName);
-            *entry.first = *type.first;
-        }
+    // Nothing below enters another name before the node's ID is set.
+    InstanceName* named = unnamed ? nullptr : &instanceEntry(nodeName);
+    // The first type a name was given stays its type.
+    if (named != nullptr && named->type < 0) {
+        auto type = typeNumbers.insert(typeName, static_cast<int>(typeNames.size()));
+        if (type.second) typeNames.emplace_back(typeName);
+        named->type = *type.first;
     }
     // A body whose top holds a grouping node, or an instance of a PROTO that
     // stands at the top itself, makes its PROTO stand at the top.
@@ -85,7 +85,7 @@ int znDatabaseIntern::CreateNode(char* type, char* instName, char** parents, int
     node->nodeId = ++nodeIdCounter;
     currentTopNodeId = node->nodeId;
     // A later DEF of the name takes the name over.
-    if (!unnamed) instanceIds[nodeName] = node->nodeId;
+    if (named != nullptr) named->id = node->nodeId;
     node->nesting = nesting;
     // A PROTO instance at the top of the file stands at the top when its
     // body does.

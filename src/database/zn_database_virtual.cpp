@@ -39,7 +39,7 @@ int znDatabaseIntern::CreateVirtualNode(char* type, char* instName, char** paren
                                         int toplevel, int nesting) {
     currentVNode = nullptr;
     const char* nodeName = instName != nullptr ? instName : "";
-    instanceIds[nodeName] = ++nameCounter;
+    instanceEntry(nodeName).id = ++nameCounter;
     const int typeId = protoIdOf(type);
     if (typeId == 0 || count <= 0) return 0;
 
@@ -169,7 +169,7 @@ int znDatabaseIntern::makeNode(_zndbVNode* v, int suffix, int instance) {
         ++nameCounter;
     }
     // Only a node with DEF can be named by a route of the body.
-    if (node->name[0] != kAnonymousNodeKind) instanceIds[node->name] = node->nodeId;
+    if (node->name[0] != kAnonymousNodeKind) instanceEntry(node->name).id = node->nodeId;
     expansions[v->nodeId] = node->nodeId;
     if (firstExpansion && v->nesting == 0) protoBodies[v->owner].push_back({1, node->name, 0});
 
