@@ -20,11 +20,13 @@
 void znParser::enterAnonymousNode(const char* type) {
     enterNode(type);
     // Every node without DEF counts, skipped or not.
-    char number[16];
-    *znWriteDecimal(number, anonymousCount++) = '\0';
+    char number[16] = "_";
+    *znWriteDecimal(number + 1, anonymousCount++) = '\0';
     if (skippingNode) return;
-    const std::string name = std::string(type != nullptr ? type : "") + "_" + number;
-    setName(makeDefName(name.c_str(), 0, kAnonymousNodeKind));
+    // TYPE_n, written behind the head where the name is made.
+    makeDefName(type, 0, kAnonymousNodeKind);
+    defNameBuffer.append(number);
+    setName(defNameBuffer.c_str());
 }
 
 void znParser::enterDefNode(const char* defName, const char* type) {
