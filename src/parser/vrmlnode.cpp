@@ -196,7 +196,8 @@ int VrmlNodeType::getTypeJX(int token) {
 
 namespace {
 // Every record of every node is held against the names of the marks that
-// a type declares: the first letter settles nearly all without a call.
+// a type declares, and every field a file sets is looked up by name: the
+// first letter settles nearly all comparisons without a call.
 bool named(const VrmlNodeType::NameTypeRec* rec, const char* name) {
     return rec->name[0] == name[0] && std::strcmp(rec->name, name) == 0;
 }
@@ -320,11 +321,9 @@ void VrmlNodeType::add(Table* list, const char* nm, int type, char exposed) {
 VrmlNodeType::NameTypeRec* VrmlNodeType::lookUp(const Table* list, const char* nm) {
     if (nm == nullptr) return nullptr;
     // Every field a file sets is looked for in two or three tables of up to
-    // a few dozen names: the first letter settles most comparisons without
-    // a call.
-    const char first = nm[0];
+    // a few dozen names.
     for (NameTypeRec* rec : *list) {
-        if (rec->name[0] == first && std::strcmp(rec->name, nm) == 0) return rec;
+        if (named(rec, nm)) return rec;
     }
     return nullptr;
 }
